@@ -1,0 +1,67 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace pescavo {
+
+enum class Encoding { Utf8, Windows1252 };
+
+struct FeedComponent {
+  std::string category;
+  std::string crop;
+  std::string commodity;
+  std::string ifnCode;
+  double cp = 0;  // crude protein, % of DM
+  double cl = 0;  // crude lipid, % of DM
+  double dm = 0;  // dry matter, %
+  double maxCarp = 0;
+  double maxTrout = 0;
+};
+
+// The component database. Components i and substances s are 1-based at this interface.
+class ComponentTable {
+ public:
+  static constexpr int kMaxComponents = 1000;
+  static constexpr int kMaxSubstances = 998;
+
+  int componentCount() const;
+  int substanceCount() const;
+  const FeedComponent& component(int i) const;
+  FeedComponent& component(int i);
+  const std::string& substanceName(int s) const;
+  double residue(int s, int i) const;  // mg/kg as is
+  std::int16_t basis(int s, int i) const;  // 0 STMR, 1 STMR-P
+
+  void setSubstanceName(int s, std::string name);
+  void setResidue(int s, int i, double value);
+  void setBasis(int s, int i, std::int16_t code);
+  int addSubstance(std::string name);  // appended; values 0, basis 0; returns s
+  int copySubstance(int s, std::string name);  // appended copy of s; returns the new s
+  void deleteSubstance(int s);  // later substances move down
+  int addComponent(FeedComponent component);  // appended; residues 0, basis 0; returns i
+  void deleteComponent(int i);  // later components move up
+
+  Encoding encoding() const { return m_encoding; }
+  void setEncoding(Encoding encoding) { m_encoding = encoding; }
+
+ private:
+  std::vector<FeedComponent> m_components;
+  std::vector<std::string> m_substances;
+  std::vector<std::vector<double>> m_residues;  // [s - 1][i - 1]
+  std::vector<std::vector<std::int16_t>> m_basis;  // [s - 1][i - 1]
+  Encoding m_encoding = Encoding::Utf8;
+};
+
+// feedstuff.tab. Reading throws TableError naming file, line and cell.
+ComponentTable readComponentTable(const std::string& path);
+// Atomic: a temporary file in the same folder replaces the old one. Throws TableError.
+void writeComponentTable(const ComponentTable& table, const std::string& path,
+                         char decimalSeparator);
+// The exit sort of the just-written file: ascending binary order of the category.
+void sortComponentFile(const std::string& path);
+// Copies feedstuff1.tab over feedstuff.tab in inputFolder and reads it.
+ComponentTable resetComponentTable(const std::string& inputFolder);
+
+}  // namespace pescavo

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace pescavo {
+
+struct FishSpecies {
+  std::string name;
+  double lipid = 0;  // target crude lipid, %
+  double protein = 0;  // target crude protein, %
+};
+
+// Species.tab: species 0 is common carp, 1 rainbow trout. Throws TableError.
+std::vector<FishSpecies> readSpeciesTable(const std::string& path);
+
+struct FishMealGrade {
+  double protein = 0;
+  double lipid = 0;
+};
+
+// Fishmeal.tab, in file order; the third grade is the default. Throws TableError.
+std::vector<FishMealGrade> readFishmealTable(const std::string& path);
+
+// "65 % protein, 10% lipid"
+std::string fishmealItemText(const FishMealGrade& grade, char decimalSeparator);
+
+}  // namespace pescavo

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace pescavo {
+
+// Text to number, comma-tolerant: every comma becomes a point first.
+double zahl(std::string_view text);
+
+// The leading-number rule under zahl: blanks ignored anywhere, "." only, E/D exponents,
+// &H and &O integers; anything that is not a number reads as 0.
+double leadingNumber(std::string_view text);
+
+// Up to 15 significant digits, exponent form for very small and large magnitudes;
+// reads back through zahl to the same value.
+std::string generalForm(double value, char decimalSeparator);
+
+// format is "0", "0.0", "0.00" or "0.000"; rounds half away from zero on the value as
+// written with 15 significant digits.
+std::string fixedForm(double value, std::string_view format, char decimalSeparator);
+
+// Key filter of the numeric editors. Returns the key the editor should see, or nothing
+// when the key is swallowed; a comma appends "." to text and moves caret to the end.
+std::optional<int> filterKey(int key, std::string& text, int& caret);
+
+}  // namespace pescavo
