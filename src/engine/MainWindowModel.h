@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <string>
 #include <vector>
 
@@ -57,6 +58,9 @@ class MainWindowModel {
   // Runs.
   void Optimierung_Click();
   void EinfacheOptimierung();
+  // The first steps of a single run: in SimpleMode every available component takes part;
+  // criterion and species follow the option buttons; PC is the third fish-meal grade.
+  void prepareSingleRun();
   void Laden();
   void Rechnen();
   Criterion criterion() const { return minMax == 1 ? Criterion::Minimum : Criterion::Maximum; }
@@ -78,6 +82,7 @@ class MainWindowModel {
   std::vector<ListEntry> fischfutter2;
   int current2 = -1;
   std::vector<WorkingSetEntry> workingSet;  // positions of fischfutter1
+  std::vector<std::array<std::string, 6>> residueGrid;  // lade_Schadstoffwerte
   bool option1 = false;  // Minimum chosen
   bool option1Enabled = false;
   bool option3 = true;  // common carp chosen
