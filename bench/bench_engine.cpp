@@ -1,0 +1,120 @@
+// The engine beside GLPK on the same seeded programmes, and the cost of the independent check
+// that follows every run. Pairs read off by n: BM_Engine/103 against BM_Glpk/103.
+
+#include <benchmark/benchmark.h>
+#include <glpk.h>
+
+#include <map>
+#include <vector>
+
+#include "../tests/engine/RandomProblems.h"
+#include "engine/IndependentCheck.h"
+#include "engine/Simplex.h"
+
+namespace {
+
+using pescavo::Criterion;
+using pescavo::OptimisationProblem;
+using pescavo::testing::RandomProblem;
+
+constexpr int kProblemsPerSize = 16;
+
+// Both criteria, with and without PC, CC, F and MRBD, fixed by the seed.
+const std::vector<RandomProblem>& problemsOfSize(int n) {
+  static std::map<int, std::vector<RandomProblem>> cache;
+  auto& problems = cache[n];
+  if (problems.empty()) {
+    pescavo::testing::RandomProblems generator(1000 + n);
+    for (int k = 0; k < kProblemsPerSize; ++k) problems.push_back(generator.next(n));
+  }
+  return problems;
+}
+
+void BM_Engine(benchmark::State& state) {
+  const auto& problems = problemsOfSize(static_cast<int>(state.range(0)));
+  pescavo::SimplexTableau tableau;
+  pescavo::OptimisationResult result;
+  std::size_t k = 0;
+  long pivots = 0, runs = 0;
+  for (auto _ : state) {
+    const RandomProblem& made = problems[k++ % problems.size()];
+    pescavo::Rechnen(made.problem, made.criterion, tableau, result);
+    benchmark::DoNotOptimize(result.burden);
+    pivots += result.pivots;
+    ++runs;
+  }
+  state.counters["pivots"] = static_cast<double>(pivots) / static_cast<double>(runs);
+}
+
+// Default settings but no terminal output; building the glp_prob is part of the time.
+void BM_Glpk(benchmark::State& state) {
+  const auto& problems = problemsOfSize(static_cast<int>(state.range(0)));
+  glp_term_out(GLP_OFF);
+  std::size_t k = 0;
+  long iterations = 0, runs = 0;
+  for (auto _ : state) {
+    const RandomProblem& made = problems[k++ % problems.size()];
+    const OptimisationProblem& p = made.problem;
+    glp_prob* lp = glp_create_prob();
+    glp_set_obj_dir(lp, made.criterion == Criterion::Maximum ? GLP_MAX : GLP_MIN);
+    glp_add_rows(lp, 3);
+    glp_set_row_bnds(lp, 1, GLP_FX, p.lipidTarget, p.lipidTarget);
+    glp_set_row_bnds(lp, 2, GLP_FX, p.proteinTarget, p.proteinTarget);
+    glp_set_row_bnds(lp, 3, GLP_FX, 1.0, 1.0);
+    glp_add_cols(lp, p.n);
+    std::vector<int> ia{0}, ja{0};
+    std::vector<double> ar{0};
+    for (int j = 1; j <= p.n; ++j) {
+      glp_set_obj_coef(lp, j, p.residue[j - 1]);
+      glp_set_col_bnds(lp, j, GLP_DB, 0.0, p.maxInclusion[j - 1] / 100);
+      const double column[3] = {p.lipid[j - 1], p.protein[j - 1], 1.0};
+      for (int i = 1; i <= 3; ++i) {
+        if (column[i - 1] == 0) continue;
+        ia.push_back(i);
+        ja.push_back(j);
+        ar.push_back(column[i - 1]);
+      }
+    }
+    glp_load_matrix(lp, static_cast<int>(ia.size()) - 1, ia.data(), ja.data(), ar.data());
+    glp_smcp parm;
+    glp_init_smcp(&parm);
+    parm.msg_lev = GLP_MSG_OFF;
+    parm.presolve = GLP_OFF;
+    glp_simplex(lp, &parm);
+    benchmark::DoNotOptimize(glp_get_obj_val(lp));
+    iterations += glp_get_it_cnt(lp);
+    ++runs;
+    glp_delete_prob(lp);
+  }
+  state.counters["iterations"] = static_cast<double>(iterations) / static_cast<double>(runs);
+}
+
+// The check as a run makes it: the engine's result handed over, GLPK (and on disagreement
+// the exact simplex) behind it.
+void BM_Verify(benchmark::State& state) {
+  const auto& problems = problemsOfSize(static_cast<int>(state.range(0)));
+  std::vector<pescavo::OptimisationResult> results(problems.size());
+  for (std::size_t k = 0; k < problems.size(); ++k) {
+    pescavo::SimplexTableau tableau;
+    pescavo::Rechnen(problems[k].problem, problems[k].criterion, tableau, results[k]);
+  }
+  std::size_t k = 0;
+  long differs = 0, runs = 0;
+  for (auto _ : state) {
+    const std::size_t at = k++ % problems.size();
+    const auto check = pescavo::checkOptimum(problems[at].problem, problems[at].criterion,
+                                             results[at], problems[at].names);
+    benchmark::DoNotOptimize(check.trueOptimum);
+    differs += check.verdict != pescavo::CheckVerdict::Agrees;
+    ++runs;
+  }
+  state.counters["differs"] = static_cast<double>(differs) / static_cast<double>(runs);
+}
+
+BENCHMARK(BM_Engine)->Arg(5)->Arg(20)->Arg(50)->Arg(103)->Unit(benchmark::kMicrosecond);
+BENCHMARK(BM_Glpk)->Arg(5)->Arg(20)->Arg(50)->Arg(103)->Unit(benchmark::kMicrosecond);
+BENCHMARK(BM_Verify)->Arg(5)->Arg(20)->Arg(50)->Arg(103)->Unit(benchmark::kMicrosecond);
+
+}  // namespace
+
+BENCHMARK_MAIN();
