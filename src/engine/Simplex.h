@@ -1,5 +1,21 @@
 #pragma once
 
+// Fixed-pass two-phase simplex on the dense tableau (1-based, n variables):
+//
+//   rows 1, 2, 3      lipid, protein and sum equalities
+//   rows 4..n + 3     x(i) + s(i) = maxInclusion(i) / 100
+//   row n + 4         objective: residue(j), reduced by every pivot
+//   row n + 5         phase-1 objective: column sums of rows 1..3
+//   columns 1..n      x(j);  n + 1..2n slacks;  2n + 1..2n + 3 artificials;  2n + 4 right-hand side
+//
+// Each phase makes 2n - 1 passes over the columns in ascending order and pivots on every
+// column whose objective entry is above 0 when it is visited; there is no optimality test.
+// Phase 2 moves the right-hand side onto column 2n + 1 and works on rows 1..n + 4 and
+// columns 1..2n + 1 only. Every cell is computed as x + (-f) * y in a fixed order, so the
+// results are the same bit for bit on every machine built without fused multiply-add.
+
+#include <vector>
+
 #include "engine/OptimisationProblem.h"
 #include "engine/SimplexTableau.h"
 
@@ -10,5 +26,63 @@ namespace pescavo {
 // composition keep their previous values.
 void Rechnen(const OptimisationProblem& problem, Criterion criterion, SimplexTableau& tableau,
              OptimisationResult& result);
+
+// The steps of Rechnen, callable one by one so that tests can look at the tableau between
+// them. The object only holds references; the tableau and the result outlive it.
+class Simplex {
+ public:
+  static constexpr double kRatioBound = 10000;  // a ratio must be below it to be chosen
+  static constexpr double kFeasibilityTolerance = 1e-10;
+  static constexpr double kPercent = 100;
+  static constexpr const char* kPhase1Failure = "geht nicht";
+  static constexpr const char* kPhase2Failure = "geht nicht 2";
+
+  Simplex(const OptimisationProblem& problem, Criterion criterion, SimplexTableau& tableau,
+          OptimisationResult& result);
+
+  // Fixes the order of the unit matrix the tableau is built from: problem.unitOrder, or no
+  // limit when it is 0 (problems made by hand). Beyond that order the unit entries are 0.
+  void ErstelleEinheitsmatrix();
+  // Sizes the tableau to the problem and fills the phase-1 tableau, basis and residue copy.
+  void ErstelleSimplextableau1();
+  // Phase 1; sets result.solvable and goes on to phase 2 when the problem is feasible.
+  void Hilfsproblemloesen();
+  // Phase-2 layout, phase 2 in the direction of the criterion, composition and burden.
+  void ErstelleSimplextableau2();
+
+  // Ratio test and pivot on column c. False (and the run marked not solvable with the
+  // failure text) when no row qualifies; no pivot is made then.
+  bool Pivotsuche(int c);     // phase-1 layout, sign repair before and after
+  bool Pivotsuche2(int c);    // phase-2 layout, criterion Maximum
+  bool PivotsucheMin(int c);  // phase-2 layout, criterion Minimum
+
+  // The phase-1 passes alone (no feasibility decision); false when a pivot search failed.
+  bool phase1Passes();
+  // Row chosen by the last ratio test (1 when none qualified).
+  int pivotRow() const { return m_pivotRow; }
+
+ private:
+  double unit(int i, int k) const { return i == k && i <= m_unitOrder ? 1.0 : 0.0; }
+  // Minimum-ratio test over rows 1..n + 3 against right-hand side column rhs; 0 when no row.
+  int ratioTest(int c, int rhs);
+  void eliminate(int r, int c, int lastRow, int width);
+  void repairSigns(int rhs);
+  void repairSignsAfterPivot(int rhs);
+  bool phase2Search(int c);
+  bool phase2Passes(bool minimum);
+  void readOut(bool minimum);
+  void fail(const char* text);
+
+  const OptimisationProblem& m_problem;
+  Criterion m_criterion;
+  SimplexTableau& m_tableau;
+  OptimisationResult& m_result;
+  int m_n;
+  int m_unitOrder;
+  int m_pivotRow = 1;
+  bool m_rhsNonNegative = false;    // no constraint row has a right-hand side below 0
+  std::vector<int> m_factorRows;    // rows of the last pivot with a non-zero factor, ascending
+  std::vector<int> m_pivotColumns;  // 0-based columns of the pivot row that are not 0
+};
 
 }  // namespace pescavo
