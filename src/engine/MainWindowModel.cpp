@@ -306,4 +306,15 @@ std::string MainWindowModel::resultStatement() const {
          " mg/kg.";
 }
 
+std::vector<std::string> MainWindowModel::variableNames() const {
+  std::vector<std::string> names;
+  for (int j = 0; j < problem.chosenCount && j < static_cast<int>(fischfutter2.size()); ++j)
+    names.push_back(fischfutter2[j].text);
+  names.resize(problem.chosenCount);
+  if (problem.pc) names.push_back("PC");
+  if (problem.cc) names.push_back("CC");
+  if (problem.f) names.push_back("F");
+  return names;
+}
+
 }  // namespace pescavo

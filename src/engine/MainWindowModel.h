@@ -65,6 +65,8 @@ class MainWindowModel {
   void Rechnen();
   Criterion criterion() const { return minMax == 1 ? Criterion::Minimum : Criterion::Maximum; }
   std::string resultStatement() const;
+  // What each variable of the last problem is: the chosen entries' texts, then PC, CC, F.
+  std::vector<std::string> variableNames() const;
 
   static int Minimum(int a, int b) { return b < a ? b : a; }
 
