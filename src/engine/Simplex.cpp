@@ -1,8 +1,9 @@
 #include "engine/Simplex.h"
 
 #include <climits>
-#include <cmath>
+#include <cstdint>
 #include <cstring>
+#include <cmath>
 #include <utility>
 
 namespace pescavo {
@@ -14,23 +15,12 @@ double entry(const std::vector<double>& values, int j) {
   return j - 1 < static_cast<int>(values.size()) ? values[j - 1] : 0.0;
 }
 
-// Two lanes of doubles: each lane is the same IEEE multiply and add as the scalar code.
-typedef double Lanes __attribute__((vector_size(16)));
-
-// row = row + (-f) * pivotRow over columns [first, last), exactly in that form.
-void addMultiple(double* __restrict row, const double* __restrict pivotRow, double minusF,
-                 int first, int last) {
-  const Lanes factor = {minusF, minusF};
-  int k = first;
-  for (; k + 2 <= last; k += 2) {
-    Lanes a;
-    Lanes b;
-    std::memcpy(&a, row + k, sizeof a);
-    std::memcpy(&b, pivotRow + k, sizeof b);
-    a = a + factor * b;
-    std::memcpy(row + k, &a, sizeof a);
-  }
-  for (; k < last; ++k) row[k] = row[k] + minusF * pivotRow[k];
+// row = row + (-f) * pivotRow over columns [first, last), exactly in that form. Each cell is
+// one IEEE multiply and one add whatever the vector width, so every clone gives the same bits.
+__attribute__((target_clones("avx512f", "avx2", "default"))) void addMultiple(
+    double* __restrict row, const double* __restrict pivotRow, double minusF, int first,
+    int last) {
+  for (int k = first; k < last; ++k) row[k] = row[k] + minusF * pivotRow[k];
 }
 
 void negate(double* row, int width) {
@@ -213,10 +203,13 @@ int Simplex::ratioTest(int c, int rhs) {
   double best = kRatioBound;
   m_pivotRow = 1;
   int chosen = 0;
-  m_factorRows.clear();
+  m_factorRows.resize(n + 5);
+  int* factorRows = m_factorRows.data();
+  int factors = 0;
   for (int i = 1; i <= n + 3; ++i, cell += stride) {
     const double a = cell[c - 1];
-    if (a != 0) m_factorRows.push_back(i);
+    factorRows[factors] = i;
+    factors += a != 0;  // without a branch: zeros fall at random
     if (a > 0) {
       const double q = cell[rhs - 1] / a;
       if (q < best) {
@@ -226,8 +219,26 @@ int Simplex::ratioTest(int c, int rhs) {
       }
     }
   }
+  m_factorRows.resize(factors);
   return chosen;
 }
+
+namespace {
+
+// x != 0 on the bits, so that counting loops vectorise: -0.0 counts as zero, NaN does not.
+inline int isNonZero(double x) {
+  std::uint64_t bits;
+  std::memcpy(&bits, &x, sizeof bits);
+  return (bits << 1) != 0;
+}
+
+// pivot = pivot / p over columns [first, last); a zero stays a zero of some sign.
+__attribute__((target_clones("avx512f", "avx2", "default"))) void divideRange(
+    double* __restrict pivot, double p, int first, int last) {
+  for (int k = first; k < last; ++k) pivot[k] = pivot[k] / p;
+}
+
+}  // namespace
 
 // Rows whose factor is 0 are left alone, and so are the columns where the pivot row holds 0:
 // there x + (-f) * 0 equals x except for the sign of a zero, and a zero's sign reaches no
@@ -235,39 +246,47 @@ int Simplex::ratioTest(int c, int rhs) {
 void Simplex::eliminate(int r, int c, int lastRow, int width) {
   double* pivot = m_tableau.row(r);
   const double p = pivot[c - 1];
-  m_pivotColumns.clear();
-  for (int k = 0; k < width - 1; ++k) {
-    if (pivot[k] != 0) {
-      pivot[k] = pivot[k] / p;
-      m_pivotColumns.push_back(k);
+  const int rhs = width - 1;  // 0-based
+  // The pivot row's non-zero cells lie in [first, last); the pivot cell itself is one.
+  int first = 0;
+  while (first < rhs && pivot[first] == 0) ++first;
+  int last = rhs;
+  while (last > first && pivot[last - 1] == 0) --last;
+  int count = 0;
+  for (int k = first; k < last; ++k) count += isNonZero(pivot[k]);
+  // A full pivot row is worked over its whole span, with vectors; a thin one cell by cell.
+  const bool dense = 4 * (count + 1) > last - first;
+  if (dense) {
+    divideRange(pivot, p, first, last);
+  } else {
+    m_pivotColumns.resize(count + 1);
+    int* columns = m_pivotColumns.data();
+    int m = 0;
+    for (int k = first; k < last; ++k) {
+      columns[m] = k;
+      m += pivot[k] != 0;
     }
+    for (int j = 0; j < count; ++j) pivot[columns[j]] = pivot[columns[j]] / p;
   }
-  pivot[width - 1] = pivot[width - 1] / p;
-  m_pivotColumns.push_back(width - 1);
+  pivot[rhs] = pivot[rhs] / p;
   // The constraint rows with a factor were noted by the ratio test; the objective rows follow.
   for (int i = m_n + 4; i <= lastRow; ++i) {
     if (m_tableau(i, c) != 0) m_factorRows.push_back(i);
   }
-  // A pivot row with few non-zero cells is applied cell by cell; a fuller one over the span
-  // from its first to its last non-zero cell, two cells at a time.
   const int* columns = m_pivotColumns.data();
-  const int count = static_cast<int>(m_pivotColumns.size());
-  const int first = columns[0];
-  const int last = count > 1 ? columns[count - 2] + 1 : first;
-  const bool dense = 4 * count > last - first;
   for (int i : m_factorRows) {
     if (i == r) continue;
     double* row = m_tableau.row(i);
     const double minusF = -row[c - 1];
     if (dense) {
       addMultiple(row, pivot, minusF, first, last);
-      row[width - 1] = row[width - 1] + minusF * pivot[width - 1];
     } else {
-      for (int m = 0; m < count; ++m) {
-        const int k = columns[m];
+      for (int j = 0; j < count; ++j) {
+        const int k = columns[j];
         row[k] = row[k] + minusF * pivot[k];
       }
     }
+    row[rhs] = row[rhs] + minusF * pivot[rhs];
   }
 }
 
