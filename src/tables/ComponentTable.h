@@ -37,6 +37,8 @@ class ComponentTable {
   void setSubstanceName(int s, std::string name);
   void setResidue(int s, int i, double value);
   void setBasis(int s, int i, std::int16_t code);
+  // Adding beyond kMaxSubstances or kMaxComponents throws std::length_error; deleting the only
+  // substance throws std::logic_error; a position out of range throws std::out_of_range.
   int addSubstance(std::string name);  // appended; values 0, basis 0; returns s
   int copySubstance(int s, std::string name);  // appended copy of s; returns the new s
   void deleteSubstance(int s);  // later substances move down
@@ -63,5 +65,13 @@ void writeComponentTable(const ComponentTable& table, const std::string& path,
 void sortComponentFile(const std::string& path);
 // Copies feedstuff1.tab over feedstuff.tab in inputFolder and reads it.
 ComponentTable resetComponentTable(const std::string& inputFolder);
+
+// The same steps on bytes held in memory; path only names the file in messages.
+ComponentTable parseComponentTable(std::string bytes, const std::string& path);
+// The file's bytes as writeComponentTable writes them, in the table's encoding.
+std::string formatComponentTable(const ComponentTable& table, char decimalSeparator,
+                                 const std::string& path);
+// The exit sort from a file's bytes to the sorted file's bytes, in the same encoding.
+std::string sortComponentText(std::string bytes, const std::string& path);
 
 }  // namespace pescavo

@@ -22,6 +22,10 @@ struct FishMealGrade {
 // Fishmeal.tab, in file order; the third grade is the default. Throws TableError.
 std::vector<FishMealGrade> readFishmealTable(const std::string& path);
 
+// The same readers on bytes held in memory; path only names the file in messages.
+std::vector<FishSpecies> parseSpeciesTable(std::string bytes, const std::string& path);
+std::vector<FishMealGrade> parseFishmealTable(std::string bytes, const std::string& path);
+
 // "65 % protein, 10% lipid"
 std::string fishmealItemText(const FishMealGrade& grade, char decimalSeparator);
 

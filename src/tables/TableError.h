@@ -9,6 +9,8 @@ namespace pescavo {
 // the file, the line and the cell (when known) and what was expected.
 class TableError : public std::runtime_error {
  public:
+  // expected is the end of the message, e.g. "expected a residue value"; line and cell are
+  // left out of the message when 0.
   TableError(std::string file, int line, int cell, const std::string& expected);
   explicit TableError(const std::string& message);
 

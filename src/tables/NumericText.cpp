@@ -1,0 +1,285 @@
+#include "tables/NumericText.h"
+
+#include <charconv>
+#include <cmath>
+#include <cstdlib>
+#include <limits>
+#include <string>
+
+namespace pescavo {
+
+namespace {
+
+// Reads the leading-number grammar; blanks, TABs and line feeds are invisible to it.
+class NumberScanner {
+ public:
+  explicit NumberScanner(std::string_view text) : m_text(text) {}
+
+  char peek() {
+    while (m_pos < m_text.size() &&
+           (m_text[m_pos] == ' ' || m_text[m_pos] == '\t' || m_text[m_pos] == '\n')) {
+      ++m_pos;
+    }
+    return m_pos < m_text.size() ? m_text[m_pos] : '\0';
+  }
+  void advance() { ++m_pos; }
+  std::size_t position() const { return m_pos; }
+  void rewind(std::size_t pos) { m_pos = pos; }
+
+ private:
+  std::string_view m_text;
+  std::size_t m_pos = 0;
+};
+
+bool isDigit(char c) { return c >= '0' && c <= '9'; }
+
+int digitValue(char c, int base) {
+  int value = -1;
+  if (isDigit(c))
+    value = c - '0';
+  else if (c >= 'a' && c <= 'f')
+    value = c - 'a' + 10;
+  else if (c >= 'A' && c <= 'F')
+    value = c - 'A' + 10;
+  return value >= 0 && value < base ? value : -1;
+}
+
+double radixInteger(NumberScanner& scanner, int base) {
+  double value = 0;
+  for (int digit = digitValue(scanner.peek(), base); digit >= 0;
+       digit = digitValue(scanner.peek(), base)) {
+    value = value * base + digit;
+    scanner.advance();
+  }
+  return value;
+}
+
+// A finite, positive double as its decimal digits (no trailing zeros) and the decimal exponent
+// of the first digit, with at most `significant` digits.
+struct DecimalDigits {
+  std::string digits;
+  int exponent = 0;
+};
+
+DecimalDigits decimalDigits(double magnitude, int significant, bool keepTrailingZeros) {
+  char buffer[64];
+  const auto formatted = std::to_chars(buffer, buffer + sizeof buffer, magnitude,
+                                       std::chars_format::scientific, significant - 1);
+  const std::string_view text(buffer, static_cast<std::size_t>(formatted.ptr - buffer));
+  const std::size_t e = text.find('e');
+  DecimalDigits result;
+  for (const char c : text.substr(0, e)) {
+    if (isDigit(c)) result.digits += c;
+  }
+  result.exponent = std::atoi(std::string(text.substr(e + 1)).c_str());
+  if (!keepTrailingZeros) {
+    while (result.digits.size() > 1 && result.digits.back() == '0') result.digits.pop_back();
+  }
+  return result;
+}
+
+// Up to 15 significant digits: the shortest text that reads back exactly when there is one.
+DecimalDigits generalDigits(double magnitude) {
+  char buffer[64];
+  const auto formatted =
+      std::to_chars(buffer, buffer + sizeof buffer, magnitude, std::chars_format::scientific);
+  const std::string_view text(buffer, static_cast<std::size_t>(formatted.ptr - buffer));
+  const std::size_t e = text.find('e');
+  DecimalDigits shortest;
+  for (const char c : text.substr(0, e)) {
+    if (isDigit(c)) shortest.digits += c;
+  }
+  shortest.exponent = std::atoi(std::string(text.substr(e + 1)).c_str());
+  if (shortest.digits.size() <= 15) return shortest;
+  return decimalDigits(magnitude, 15, false);
+}
+
+std::string nonFiniteText(double value) {
+  if (std::isnan(value)) return "nan";
+  return value < 0 ? "-inf" : "inf";
+}
+
+}  // namespace
+
+double zahl(std::string_view text) {
+  if (text.find(',') == std::string_view::npos) return leadingNumber(text);
+  std::string converted(text);
+  for (std::size_t p = converted.find(','); p != std::string::npos; p = converted.find(',', p)) {
+    converted = converted.substr(0, p) + "." + converted.substr(p + 1, 1000);
+  }
+  return leadingNumber(converted);
+}
+
+double leadingNumber(std::string_view text) {
+  NumberScanner scanner(text);
+  if (scanner.peek() == '&') {
+    scanner.advance();
+    const char radix = scanner.peek();
+    if (radix == 'H' || radix == 'h') {
+      scanner.advance();
+      return radixInteger(scanner, 16);
+    }
+    if (radix == 'O' || radix == 'o') {
+      scanner.advance();
+      return radixInteger(scanner, 8);
+    }
+    return 0;
+  }
+
+  bool negative = false;
+  if (scanner.peek() == '+' || scanner.peek() == '-') {
+    negative = scanner.peek() == '-';
+    scanner.advance();
+  }
+  std::string mantissa;
+  int integerDigits = 0;  // significant digits before the point
+  bool seenPoint = false;
+  bool seenDigit = false;
+  bool seenNonZero = false;
+  for (char c = scanner.peek(); isDigit(c) || (c == '.' && !seenPoint); c = scanner.peek()) {
+    if (c == '.') {
+      seenPoint = true;
+      mantissa += '.';
+    } else {
+      seenDigit = true;
+      if (c != '0') seenNonZero = true;
+      if (seenNonZero && !seenPoint) ++integerDigits;
+      if (seenNonZero || seenPoint) mantissa += c;
+    }
+    scanner.advance();
+  }
+  if (!seenDigit || !seenNonZero) return 0;
+
+  long exponent = 0;
+  const char e = scanner.peek();
+  if (e == 'E' || e == 'e' || e == 'D' || e == 'd') {
+    const std::size_t before = scanner.position();
+    scanner.advance();
+    bool exponentNegative = false;
+    if (scanner.peek() == '+' || scanner.peek() == '-') {
+      exponentNegative = scanner.peek() == '-';
+      scanner.advance();
+    }
+    bool exponentDigits = false;
+    for (char c = scanner.peek(); isDigit(c); c = scanner.peek()) {
+      exponentDigits = true;
+      if (exponent < 100000) exponent = exponent * 10 + (c - '0');  // far beyond any double
+      scanner.advance();
+    }
+    if (!exponentDigits) {
+      exponent = 0;
+      scanner.rewind(before);
+    } else if (exponentNegative) {
+      exponent = -exponent;
+    }
+  }
+
+  const std::string number = mantissa + "e" + std::to_string(exponent);
+  double value = 0;
+  const auto parsed = std::from_chars(number.data(), number.data() + number.size(), value,
+                                      std::chars_format::general);
+  if (parsed.ec == std::errc::result_out_of_range) {
+    // The first significant digit's place tells an overflow from an underflow.
+    const long magnitude = (integerDigits > 0 ? integerDigits : 0) + exponent;
+    value = magnitude > 0 ? std::numeric_limits<double>::infinity() : 0.0;
+  } else if (parsed.ec != std::errc()) {
+    value = 0;
+  }
+  if (value == 0) return 0;
+  return negative ? -value : value;
+}
+
+std::string generalForm(double value, char decimalSeparator) {
+  if (!std::isfinite(value)) return nonFiniteText(value);
+  if (value == 0) return "0";
+  const DecimalDigits d = generalDigits(std::fabs(value));
+  std::string text = value < 0 ? "-" : "";
+  const int length = static_cast<int>(d.digits.size());
+  if (d.exponent < -4 || d.exponent >= 15) {
+    text += d.digits[0];
+    if (length > 1) text += decimalSeparator + d.digits.substr(1);
+    const int magnitude = std::abs(d.exponent);
+    text += d.exponent < 0 ? "E-" : "E+";
+    if (magnitude < 10) text += '0';
+    text += std::to_string(magnitude);
+  } else if (d.exponent < 0) {
+    text += "0";
+    text += decimalSeparator;
+    text += std::string(static_cast<std::size_t>(-d.exponent - 1), '0') + d.digits;
+  } else if (length <= d.exponent + 1) {
+    text += d.digits + std::string(static_cast<std::size_t>(d.exponent + 1 - length), '0');
+  } else {
+    text += d.digits.substr(0, static_cast<std::size_t>(d.exponent + 1));
+    text += decimalSeparator;
+    text += d.digits.substr(static_cast<std::size_t>(d.exponent + 1));
+  }
+  return text;
+}
+
+std::string fixedForm(double value, std::string_view format, char decimalSeparator) {
+  if (!std::isfinite(value)) return nonFiniteText(value);
+  const std::size_t point = format.find('.');
+  const int decimals =
+      point == std::string_view::npos ? 0 : static_cast<int>(format.size() - point - 1);
+
+  // Digits of the value as written with 15 significant digits, laid out from the units
+  // place down to the last decimal kept plus one for the rounding.
+  std::string integerPart = "0";
+  std::string fraction(static_cast<std::size_t>(decimals), '0');
+  bool roundUp = false;
+  if (value != 0) {
+    const DecimalDigits d = decimalDigits(std::fabs(value), 15, true);
+    const int pointPos = d.exponent + 1;  // digits before the point
+    std::string all = d.digits;
+    int intDigits = pointPos;
+    if (pointPos <= 0) {
+      all = std::string(static_cast<std::size_t>(1 - pointPos), '0') + all;
+      intDigits = 1;
+    }
+    const std::size_t keep = static_cast<std::size_t>(intDigits + decimals);
+    if (all.size() > keep) {
+      roundUp = all[keep] >= '5';
+      all.resize(keep);
+    } else {
+      all += std::string(keep - all.size(), '0');
+    }
+    integerPart = all.substr(0, static_cast<std::size_t>(intDigits));
+    fraction = all.substr(static_cast<std::size_t>(intDigits));
+  }
+
+  std::string digits = integerPart + fraction;
+  if (roundUp) {
+    std::size_t k = digits.size();
+    while (k > 0 && digits[k - 1] == '9') digits[--k] = '0';
+    if (k == 0)
+      digits.insert(digits.begin(), '1');
+    else
+      ++digits[k - 1];
+  }
+  const std::size_t integerLength = digits.size() - static_cast<std::size_t>(decimals);
+  std::string whole = digits.substr(0, integerLength);
+  const std::size_t firstNonZero = whole.find_first_not_of('0');
+  whole = firstNonZero == std::string::npos ? "0" : whole.substr(firstNonZero);
+
+  const bool zero = digits.find_first_not_of('0') == std::string::npos;
+  std::string text = value < 0 && !zero ? "-" : "";
+  text += whole;
+  if (decimals > 0) {
+    text += decimalSeparator;
+    text += digits.substr(integerLength);
+  }
+  return text;
+}
+
+std::optional<int> filterKey(int key, std::string& text, int& caret) {
+  constexpr int kEnter = 13;
+  constexpr int kBackspace = 8;
+  if (key == kEnter || key == kBackspace || key == '.' || (key >= '0' && key <= '9')) return key;
+  if (key == ',') {
+    text += '.';
+    caret = static_cast<int>(text.size());
+  }
+  return std::nullopt;
+}
+
+}  // namespace pescavo
