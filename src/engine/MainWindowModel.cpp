@@ -298,6 +298,8 @@ void MainWindowModel::Rechnen() {
   result.pivotFailure.clear();
   result.pivots = 0;
   pescavo::Rechnen(problem, criterion(), tableau, result);
+  check = checkOptimum(problem, criterion(), result, variableNames());
+  checkSentence = mainWindowSentence(check, criterion(), decimalSeparator);
 }
 
 std::string MainWindowModel::resultStatement() const {

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "engine/Dialogs.h"
+#include "engine/IndependentCheck.h"
 #include "engine/OptimisationProblem.h"
 #include "engine/SimplexTableau.h"
 #include "reports/ReportState.h"
@@ -115,6 +116,9 @@ class MainWindowModel {
   OptimisationProblem problem;
   SimplexTableau tableau;
   OptimisationResult result;
+  // The independent check of the last Rechnen, and its sentence for the main window.
+  CheckResult check;
+  std::string checkSentence;
   ReportState report;
 
   char decimalSeparator;

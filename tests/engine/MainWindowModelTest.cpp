@@ -361,6 +361,41 @@ TEST_F(SingleRunTest, SimpleModeTakesEveryAvailableComponent) {
     EXPECT_EQ(model.fischfutter2[p].text, model.fischfutter1[p].text);
 }
 
+// The example of two components where only 100 % of the second meets both targets: the
+// method reports the first one's residue; the check says so beside the statement.
+TEST_F(ModelTest, EveryRunIsCheckedIndependently) {
+  ComponentTable& table = model.table;
+  table.addComponent(component("First", "feed", 20, 10, 100, 100, 100));
+  table.addComponent(component("Second", "feed", 35, 10, 100, 100, 100));
+  table.setResidue(2, 6, 3);
+  table.setResidue(2, 7, 5);
+  model.species[0] = {"Common carp", 10, 35};
+  model.selectSubstance(1);
+  model.alle_raus();
+  choose({2, 3});
+  model.setCheck1(false);
+  model.setCheck4(false);
+  model.setCheck5(false);
+  model.setCheck2(false);
+  model.setOption1(true);
+  model.Optimierung_Click();
+  ASSERT_TRUE(model.ergebnisVisible);
+  EXPECT_EQ(model.ergebnisText,
+            "Minimum content dietary burden based on Example B is 3.000 mg/kg.");
+  EXPECT_EQ(model.check.verdict, CheckVerdict::Differs);
+  EXPECT_EQ(model.checkSentence.rfind(
+                "Independent check: the true minimum is 5.000 mg/kg; the optimisation reported "
+                "3.000 mg/kg",
+                0),
+            0u)
+      << model.checkSentence;
+
+  model.setOption1(false);
+  model.Optimierung_Click();
+  EXPECT_EQ(model.check.verdict, CheckVerdict::Agrees);
+  EXPECT_EQ(model.checkSentence, "Independent check: agrees.");
+}
+
 TEST(MinimumTest, ReturnsTheSmallerOrTheFirst) {
   EXPECT_EQ(MainWindowModel::Minimum(3, 5), 3);
   EXPECT_EQ(MainWindowModel::Minimum(5, 3), 3);
