@@ -8,20 +8,23 @@ namespace pescavo {
 
 // What the report windows hold between runs; the windows only show it.
 struct ReportState {
-  std::string bericht;  // the report text (Bericht)
-  std::string richText;  // RichTextBox1: the last sweep run's text
+  std::string bericht;     // the report text (Bericht)
+  std::string richText;    // RichTextBox1: the last sweep run's text
   std::string berichtNeu;  // the shared single-result window's text
   std::string headerText;  // title blocks collected for the full report
   std::string scenarioSummary;
-  double burdenSum = 0;  // S of the last Berichtschreiben
+  double burdenSum = 0;            // S of the last Berichtschreiben
   std::string reportFolder = ".";  // where Report.txt and Report.rtf go
   bool mainWindowEnabled = true;
-  // Scenario table AllScnErgebnis: 17 rows x 4 columns, alignment 1 left, 4 centred.
+  // Scenario table AllScnErgebnis: 17 rows x 4 columns, alignment 1 left, 4 centred,
+  // 0 the grid's default.
   std::array<std::array<std::string, 4>, 17> scenarioCells{};
   std::array<std::array<int, 4>, 17> scenarioAlignment{};
   bool scenarioTableFilled = false;
   // Composition table ErgebnisGrid of the last single-mode report; row 0 is the header.
   std::vector<std::array<std::string, 9>> ergebnisGrid;
+  // Report file failures already shown during the current sweep or Details run.
+  std::vector<std::string> fileFailuresShown;
 };
 
 }  // namespace pescavo

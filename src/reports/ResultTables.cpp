@@ -1,0 +1,180 @@
+#include "reports/ResultTables.h"
+
+#include <cmath>
+#include <utility>
+
+#include "engine/MainWindowModel.h"
+#include "reports/ReportValues.h"
+#include "tables/NumericText.h"
+
+namespace pescavo {
+
+namespace {
+
+const CompositionRow kCompositionHeaders = {"Category",
+                                            "Crop (Commodity)",
+                                            "CP (%)",
+                                            "CL (%)",
+                                            "max (%)",
+                                            "Residue input value",
+                                            "Residue value (mg/kg)",
+                                            "Feed composition (%)",
+                                            "Dietary load (%)"};
+
+// Widths are whole units, rounded half to even as the grid's integer properties do.
+int roundedWidth(double width) { return static_cast<int>(std::nearbyint(width)); }
+
+CompositionRow componentRow(const ReportComponent& c, double sum, char sep) {
+  const std::string blank = " ";
+  return {c.category,
+          c.name,
+          generalForm(c.protein, sep) + blank,
+          generalForm(c.lipid, sep) + blank,
+          fixedForm(c.maxInclusion, "0.00", sep) + blank,
+          c.basisLabel + blank,
+          generalForm(c.storedResidue, sep) + blank,
+          fixedForm(c.share, "0.00", sep) + blank,
+          fixedForm(loadShare(c, sum), "0.00", sep) + blank};
+}
+
+CompositionRow pseudoRow(const ReportPseudo& pseudo, const ReportValues& values, double sum,
+                         char sep) {
+  const auto f2 = [sep](double value) { return fixedForm(value, "0.00", sep); };
+  CompositionRow row;
+  switch (pseudo.kind) {
+    case PseudoKind::PC:
+      row = {"Fish meal ", "", f2(values.fishmealProtein), f2(values.fishmealLipid)};
+      break;
+    case PseudoKind::CC:
+      row = {"CC ", "", f2(0.1), f2(0.1)};
+      break;
+    case PseudoKind::F:
+      row = {"F", "", f2(0), f2(100)};
+      break;
+  }
+  row[4] = f2(100);
+  row[5] = "-";
+  row[6] = "0";
+  row[7] = f2(pseudo.share);
+  row[8] = f2(loadShare(pseudo, sum));
+  return row;
+}
+
+std::string pseudoChartLabel(PseudoKind kind, const ReportValues& values, char sep) {
+  switch (kind) {
+    case PseudoKind::PC:
+      return "Fish meal (" + fixedForm(values.fishmealProtein, "0.00", sep) + "% protein, " +
+             fixedForm(values.fishmealLipid, "0.00", sep) + "% lipid) ";
+    case PseudoKind::CC:
+      return "CC ( 0.1% protein, 0.1% lipid) ";
+    case PseudoKind::F:
+      return "F ( 100% lipid) ";
+  }
+  return std::string();
+}
+
+}  // namespace
+
+std::vector<CompositionRow> compositionTable(const MainWindowModel& model) {
+  const ReportValues values = ReportValues::from(model);
+  const double sum = model.report.burdenSum;
+  const char sep = model.decimalSeparator;
+  std::vector<CompositionRow> rows;
+  rows.reserve(1 + values.components.size() + values.pseudos.size());
+  rows.push_back(kCompositionHeaders);
+  for (const ReportComponent& component : values.components)
+    rows.push_back(componentRow(component, sum, sep));
+  for (const ReportPseudo& pseudo : values.pseudos)
+    rows.push_back(pseudoRow(pseudo, values, sum, sep));
+  return rows;
+}
+
+std::array<int, 9> compositionColumnWidths(int gridWidth) {
+  const double w = gridWidth;
+  return {roundedWidth(w / 4),  roundedWidth(w / 4),  roundedWidth(w / 11),
+          roundedWidth(w / 11), roundedWidth(w / 11), roundedWidth(w / 6),
+          roundedWidth(w / 5),  roundedWidth(w / 5),  roundedWidth(w / 7)};
+}
+
+bool compositionCellCentred(int row, int column) { return row == 0 || column >= 2; }
+
+PieChart Diagrammzeichnen(const MainWindowModel& model, int kind) {
+  const ReportValues values = ReportValues::from(model);
+  const char sep = model.decimalSeparator;
+  const double sum = model.report.burdenSum;
+  const int chosen = static_cast<int>(values.components.size());
+  const int n = model.problem.n;
+
+  PieChart chart;
+  if (kind == kDietaryLoad) {
+    chart.title = "Dietary load regarding " + values.speciesName;
+  } else {
+    chart.title = std::string(values.maximum ? "Worst" : "Best") +
+                  " case feed composition regarding " + values.speciesName;
+  }
+
+  std::vector<double> v(n > 0 ? n : 0, 0.0);
+  std::vector<std::string> labels(v.size());
+  const auto value = [&](const ReportVariable& variable) {
+    return kind == kDietaryLoad ? loadShare(variable, sum) : variable.share;
+  };
+  for (int j = 0; j < n && j < chosen; ++j) {
+    v[j] = value(values.components[j]);
+    labels[j] = values.components[j].name;
+  }
+  const int m = static_cast<int>(values.pseudos.size());
+  for (int k = 0; k < m; ++k) {
+    const int j = n - m + k;  // 0-based LP variable of the k-th enabled pseudo-component
+    if (j < 0 || j >= n) continue;
+    v[j] = value(values.pseudos[k]);
+    labels[j] = pseudoChartLabel(values.pseudos[k].kind, values, sep);
+  }
+
+  chart.slices = pieSlices(std::move(v), std::move(labels), sep, chart.zeroCount);
+  chart.footnote = values.criterionText + " dietary burden based on " + values.substance + " is " +
+                   fixedForm(values.burden, "0.000", sep) + " mg/kg.";
+  return chart;
+}
+
+std::vector<PieSlice> pieSlices(std::vector<double> values, std::vector<std::string> labels,
+                                char decimalSeparator, int& zeroCount) {
+  const int n = static_cast<int>(values.size());
+  labels.resize(n);
+  // Neighbour exchange only on a strict inequality, so equal values keep their order.
+  for (bool exchanged = true; exchanged;) {
+    exchanged = false;
+    for (int j = 0; j + 1 < n; ++j) {
+      if (values[j] > values[j + 1]) {
+        std::swap(values[j], values[j + 1]);
+        std::swap(labels[j], labels[j + 1]);
+        exchanged = true;
+      }
+    }
+  }
+  // 1-based below, as the counts z and m are defined.
+  const auto V = [&](int j) -> double& { return values[j - 1]; };
+  const auto L = [&](int j) -> std::string& { return labels[j - 1]; };
+  int z = 0;
+  for (int j = n; j >= 1; --j) {
+    if (V(j) == 0) {
+      z = j;
+      break;
+    }
+  }
+  zeroCount = z;
+  const int m = n - z;
+  int rows = m <= 5 ? m : 6;
+  if (m >= 7) {
+    for (int j = z + 1; j <= n - 6; ++j) V(n - 5) = V(n - 5) + V(j);
+    L(n - 5) = "Other";
+  }
+  std::vector<PieSlice> slices;
+  slices.reserve(rows);
+  for (int r = 1; r <= rows; ++r) {
+    const int j = n - r + 1;
+    slices.push_back({L(j) + "(" + fixedForm(V(j), "0.00", decimalSeparator) + " %)", V(j)});
+  }
+  return slices;
+}
+
+}  // namespace pescavo
