@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "engine/IndependentCheck.h"
+
 namespace pescavo {
 
 // What the report windows hold between runs; the windows only show it.
@@ -21,6 +23,9 @@ struct ReportState {
   std::array<std::array<std::string, 4>, 17> scenarioCells{};
   std::array<std::array<int, 4>, 17> scenarioAlignment{};
   bool scenarioTableFilled = false;
+  // The independent check of each sweep run (run N at N - 1); verdictCell, verdictTooltip and
+  // trueOptimumCell give the table's texts.
+  std::array<CheckResult, 16> scenarioChecks{};
   // Composition table ErgebnisGrid of the last single-mode report; row 0 is the header.
   std::vector<std::array<std::string, 9>> ergebnisGrid;
   // Report file failures already shown during the current sweep or Details run.

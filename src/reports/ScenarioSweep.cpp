@@ -158,6 +158,7 @@ bool Tabellezeichnen(MainWindowModel& model) {
   report.fileFailuresShown.clear();
   resetReportFile(model);
   report.bericht.clear();
+  report.scenarioChecks.fill(CheckResult());
   tableHead(model);
   model.Ergebnis_ausblenden();
   const SavedOptions saved = saveOptions(model);
@@ -174,6 +175,7 @@ bool Tabellezeichnen(MainWindowModel& model) {
         return false;
       }
       model.Rechnen();
+      report.scenarioChecks[run - 1] = model.check;
       report.bericht += std::string(kCrLf) + kCrLf;
       report.bericht += kHeadingRule + kCrLf + kCrLf;
       if (solved(model)) {

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <iosfwd>
+#include <string>
+#include <vector>
+
+namespace pescavo {
+
+// Exit codes of the command-line runner.
+enum CliExit { kExitOk = 0, kExitRefused = 1, kExitBadInput = 2, kExitDiffers = 3 };
+
+// pescavo-cli [--input DIR] [--decimal SEP] [--report-folder DIR] COMMAND [RUN OPTIONS]
+// defaultDecimal is the locale's separator; the core never reads the locale itself.
+int runCli(const std::vector<std::string>& args, char defaultDecimal, std::ostream& out,
+           std::ostream& err);
+
+}  // namespace pescavo

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <iosfwd>
+#include <string>
+#include <vector>
+
+namespace pescavo {
+
+class MainWindowModel;
+
+struct CliOptions {
+  struct Move {
+    bool all = false;  // "---->>" rather than "--->" of one component
+    std::string component;
+  };
+  std::string command;
+  std::string inputFolder = "Input";
+  std::string reportFolder = ".";
+  char decimal = '.';
+  std::string substance;
+  bool hasSubstance = false;
+  bool carp = true;
+  bool minimum = false;
+  std::vector<Move> moves;
+  bool pc = true;
+  bool cc = true;
+  bool f = true;
+  bool mrbd = true;
+  int fishmeal = -1;  // chooser position; -1 leaves the default
+  bool simple = false;
+  bool scenarios = false;
+};
+
+// The commands that run the engine; the model's controls are already set.
+int runOptimize(MainWindowModel& model, const CliOptions& options, std::ostream& out,
+                std::ostream& err);
+int runReport(MainWindowModel& model, const CliOptions& options, std::ostream& out,
+              std::ostream& err);
+int runSweep(MainWindowModel& model, const CliOptions& options, std::ostream& out,
+             std::ostream& err);
+int runLp(MainWindowModel& model, const CliOptions& options, std::ostream& out, std::ostream& err);
+int runVerify(MainWindowModel& model, const CliOptions& options, std::ostream& out,
+              std::ostream& err);
+int runVerifyScenarios(MainWindowModel& model, const CliOptions& options, std::ostream& out,
+                       std::ostream& err);
+
+}  // namespace pescavo

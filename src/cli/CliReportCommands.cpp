@@ -1,0 +1,52 @@
+#include <ostream>
+
+#include "cli/Cli.h"
+#include "cli/CliCommands.h"
+#include "engine/IndependentCheck.h"
+#include "engine/MainWindowModel.h"
+#include "reports/ReportText.h"
+#include "reports/ScenarioSweep.h"
+
+namespace pescavo {
+
+int runReport(MainWindowModel& model, const CliOptions&, std::ostream& out, std::ostream&) {
+  model.Optimierung_Click();
+  if (!model.reportButtonVisible) return kExitRefused;
+  Berichtschreiben(model);
+  out << model.report.bericht;
+  return kExitOk;
+}
+
+namespace {
+
+// The sweep and one press of "Open Full Report File", without the text editor.
+bool sweep(MainWindowModel& model) {
+  if (!Optimierung2_Click(model)) return false;
+  openFullReportFile(model);
+  return true;
+}
+
+}  // namespace
+
+int runSweep(MainWindowModel& model, const CliOptions&, std::ostream& out, std::ostream&) {
+  if (!sweep(model)) return kExitRefused;
+  const auto& cells = model.report.scenarioCells;
+  for (int run = 1; run <= kScenarioRuns; ++run)
+    out << cells[run][0] << '\t' << cells[run][1] << '\t' << cells[run][2] << '\n';
+  return kExitOk;
+}
+
+int runVerifyScenarios(MainWindowModel& model, const CliOptions&, std::ostream& out,
+                       std::ostream&) {
+  if (!sweep(model)) return kExitRefused;
+  bool differs = false;
+  for (int run = 1; run <= kScenarioRuns; ++run) {
+    const CheckResult& check = model.report.scenarioChecks[run - 1];
+    differs = differs || check.verdict == CheckVerdict::Differs;
+    out << run << '\t' << verdictCell(check) << '\t' << model.report.scenarioCells[run][2] << '\t'
+        << trueOptimumCell(check, model.decimalSeparator) << '\n';
+  }
+  return differs ? kExitDiffers : kExitOk;
+}
+
+}  // namespace pescavo
