@@ -1,5 +1,7 @@
 #include "tables/NumericText.h"
 
+#include <algorithm>
+
 #include <charconv>
 #include <cmath>
 #include <cstdlib>
@@ -216,57 +218,59 @@ std::string generalForm(double value, char decimalSeparator) {
   return text;
 }
 
+// Reports write thousands of these, so the digits stay in one buffer.
 std::string fixedForm(double value, std::string_view format, char decimalSeparator) {
   if (!std::isfinite(value)) return nonFiniteText(value);
   const std::size_t point = format.find('.');
   const int decimals =
       point == std::string_view::npos ? 0 : static_cast<int>(format.size() - point - 1);
 
-  // Digits of the value as written with 15 significant digits, laid out from the units
-  // place down to the last decimal kept plus one for the rounding.
-  std::string integerPart = "0";
-  std::string fraction(static_cast<std::size_t>(decimals), '0');
+  // The value as written with 15 significant digits, laid out from the units place (or the
+  // highest integer digit) down to the last decimal kept; cell 0 takes a carry.
+  char digits[340 + 16];
+  int length = 1 + decimals;  // digits after the carry cell
   bool roundUp = false;
+  std::fill(digits, digits + 1 + length, '0');
   if (value != 0) {
-    const DecimalDigits d = decimalDigits(std::fabs(value), 15, true);
-    const int pointPos = d.exponent + 1;  // digits before the point
-    std::string all = d.digits;
-    int intDigits = pointPos;
-    if (pointPos <= 0) {
-      all = std::string(static_cast<std::size_t>(1 - pointPos), '0') + all;
-      intDigits = 1;
+    char scientific[32];
+    char* end = std::to_chars(scientific, scientific + sizeof scientific - 1, std::fabs(value),
+                              std::chars_format::scientific, 14).ptr;
+    *end = '\0';
+    char significant[15];
+    significant[0] = scientific[0];
+    std::copy(scientific + 2, scientific + 16, significant + 1);
+    const int exponent = std::atoi(scientific + 17);  // "d.ddddddddddddddde+XX"
+    const int pointPos = exponent + 1;  // digits before the point
+    const int leadingZeros = pointPos <= 0 ? 1 - pointPos : 0;
+    const int integerDigits = pointPos <= 0 ? 1 : pointPos;
+    length = integerDigits + decimals;
+    std::fill(digits, digits + 1 + length, '0');
+    // Position q of the sequence "leading zeros, then the 15 digits" lands in cell q + 1.
+    for (int k = 0; k < 15; ++k) {
+      const int q = leadingZeros + k;
+      if (q < length)
+        digits[q + 1] = significant[k];
+      else if (q == length)
+        roundUp = significant[k] >= '5';
     }
-    const std::size_t keep = static_cast<std::size_t>(intDigits + decimals);
-    if (all.size() > keep) {
-      roundUp = all[keep] >= '5';
-      all.resize(keep);
-    } else {
-      all += std::string(keep - all.size(), '0');
-    }
-    integerPart = all.substr(0, static_cast<std::size_t>(intDigits));
-    fraction = all.substr(static_cast<std::size_t>(intDigits));
   }
-
-  std::string digits = integerPart + fraction;
   if (roundUp) {
-    std::size_t k = digits.size();
-    while (k > 0 && digits[k - 1] == '9') digits[--k] = '0';
-    if (k == 0)
-      digits.insert(digits.begin(), '1');
-    else
-      ++digits[k - 1];
+    int k = length;
+    while (k > 0 && digits[k] == '9') digits[k--] = '0';
+    ++digits[k];  // cell 0 when every digit was 9
   }
-  const std::size_t integerLength = digits.size() - static_cast<std::size_t>(decimals);
-  std::string whole = digits.substr(0, integerLength);
-  const std::size_t firstNonZero = whole.find_first_not_of('0');
-  whole = firstNonZero == std::string::npos ? "0" : whole.substr(firstNonZero);
+  const int integerEnd = length + 1 - decimals;  // cells [0, integerEnd) are the integer part
+  int first = 0;
+  while (first < integerEnd - 1 && digits[first] == '0') ++first;
+  const bool zero = std::all_of(digits, digits + length + 1, [](char c) { return c == '0'; });
 
-  const bool zero = digits.find_first_not_of('0') == std::string::npos;
-  std::string text = value < 0 && !zero ? "-" : "";
-  text += whole;
+  std::string text;
+  text.reserve(static_cast<std::size_t>(integerEnd - first + decimals + 2));
+  if (value < 0 && !zero) text += '-';
+  text.append(digits + first, digits + integerEnd);
   if (decimals > 0) {
     text += decimalSeparator;
-    text += digits.substr(integerLength);
+    text.append(digits + integerEnd, digits + length + 1);
   }
   return text;
 }
