@@ -6,40 +6,11 @@
 #include <cstring>
 
 #include "reports/TextFiles.h"
+#include "tables/TextFile.h"
 
 namespace pescavo {
 
 namespace {
-
-// Length of the UTF-8 sequence at text[i] and its code point; 0 when the bytes are not UTF-8.
-size_t decodeUtf8(const std::string& text, size_t i, std::uint32_t& codePoint) {
-  const auto byte = [&](size_t k) { return static_cast<unsigned char>(text[k]); };
-  const unsigned char lead = byte(i);
-  size_t length;
-  std::uint32_t value;
-  if (lead >= 0xC2 && lead <= 0xDF) {
-    length = 2;
-    value = lead & 0x1F;
-  } else if (lead >= 0xE0 && lead <= 0xEF) {
-    length = 3;
-    value = lead & 0x0F;
-  } else if (lead >= 0xF0 && lead <= 0xF4) {
-    length = 4;
-    value = lead & 0x07;
-  } else {
-    return 0;
-  }
-  if (i + length > text.size()) return 0;
-  for (size_t k = 1; k < length; ++k) {
-    if ((byte(i + k) & 0xC0) != 0x80) return 0;
-    value = (value << 6) | (byte(i + k) & 0x3F);
-  }
-  const bool overlong = (length == 3 && value < 0x800) || (length == 4 && value < 0x10000);
-  const bool surrogate = value >= 0xD800 && value <= 0xDFFF;
-  if (overlong || surrogate || value > 0x10FFFF) return 0;
-  codePoint = value;
-  return length;
-}
 
 // RTF's \u takes a signed 16-bit number.
 void appendUnicode(std::uint32_t unit, std::string& out) {
@@ -85,14 +56,14 @@ void RtfWriter::escape(const std::string& text, std::string& out) {
     } else if (c < 0x80) {
       out += static_cast<char>(c);
     } else {
-      std::uint32_t codePoint = 0;
-      const size_t length = decodeUtf8(text, i, codePoint);
+      const size_t length = utf8SequenceLength(text, i);
       if (length == 0) {
         // Not UTF-8: a byte of the Windows code page the document declares.
         appendHexByte(c, out);
         ++i;
         continue;
       }
+      const std::uint32_t codePoint = decodeUtf8At(text, i, length);
       if (codePoint > 0xFFFF) {
         const std::uint32_t v = codePoint - 0x10000;
         appendUnicode(0xD800 + (v >> 10), out);

@@ -63,17 +63,23 @@ struct DecimalDigits {
   int exponent = 0;
 };
 
-DecimalDigits decimalDigits(double magnitude, int significant, bool keepTrailingZeros) {
-  char buffer[64];
-  const auto formatted = std::to_chars(buffer, buffer + sizeof buffer, magnitude,
-                                       std::chars_format::scientific, significant - 1);
-  const std::string_view text(buffer, static_cast<std::size_t>(formatted.ptr - buffer));
+// The digits and the exponent of to_chars' scientific form "d.ddde+XX".
+DecimalDigits scientificDigits(const char* first, const char* last) {
+  const std::string_view text(first, static_cast<std::size_t>(last - first));
   const std::size_t e = text.find('e');
   DecimalDigits result;
   for (const char c : text.substr(0, e)) {
     if (isDigit(c)) result.digits += c;
   }
   result.exponent = std::atoi(std::string(text.substr(e + 1)).c_str());
+  return result;
+}
+
+DecimalDigits decimalDigits(double magnitude, int significant, bool keepTrailingZeros) {
+  char buffer[64];
+  const auto formatted = std::to_chars(buffer, buffer + sizeof buffer, magnitude,
+                                       std::chars_format::scientific, significant - 1);
+  DecimalDigits result = scientificDigits(buffer, formatted.ptr);
   if (!keepTrailingZeros) {
     while (result.digits.size() > 1 && result.digits.back() == '0') result.digits.pop_back();
   }
@@ -85,13 +91,7 @@ DecimalDigits generalDigits(double magnitude) {
   char buffer[64];
   const auto formatted =
       std::to_chars(buffer, buffer + sizeof buffer, magnitude, std::chars_format::scientific);
-  const std::string_view text(buffer, static_cast<std::size_t>(formatted.ptr - buffer));
-  const std::size_t e = text.find('e');
-  DecimalDigits shortest;
-  for (const char c : text.substr(0, e)) {
-    if (isDigit(c)) shortest.digits += c;
-  }
-  shortest.exponent = std::atoi(std::string(text.substr(e + 1)).c_str());
+  DecimalDigits shortest = scientificDigits(buffer, formatted.ptr);
   if (shortest.digits.size() <= 15) return shortest;
   return decimalDigits(magnitude, 15, false);
 }

@@ -37,7 +37,20 @@ void appendUtf8(std::string& out, char32_t c) {
   }
 }
 
-// Length of the valid UTF-8 sequence at bytes[i], 0 when it is not one.
+int cp1252Byte(char32_t c) {
+  if (c < 0x80 || (c >= 0xA0 && c <= 0xFF)) return static_cast<int>(c);
+  for (std::size_t k = 0; k < kCp1252High.size(); ++k) {
+    if (kCp1252High[k] == c) return static_cast<int>(0x80 + k);
+  }
+  return -1;
+}
+
+[[noreturn]] void throwSystemError(const std::string& path, const std::string& what, int error) {
+  throw TableError(path, 0, 0, what + " (" + std::strerror(error) + ")");
+}
+
+}  // namespace
+
 std::size_t utf8SequenceLength(std::string_view bytes, std::size_t i) {
   const auto byte = [&](std::size_t k) { return static_cast<unsigned char>(bytes[k]); };
   const unsigned char lead = byte(i);
@@ -74,20 +87,6 @@ char32_t decodeUtf8At(std::string_view text, std::size_t i, std::size_t length) 
   for (std::size_t k = 1; k < length; ++k) c = (c << 6) | (byte(i + k) & 0x3F);
   return c;
 }
-
-int cp1252Byte(char32_t c) {
-  if (c < 0x80 || (c >= 0xA0 && c <= 0xFF)) return static_cast<int>(c);
-  for (std::size_t k = 0; k < kCp1252High.size(); ++k) {
-    if (kCp1252High[k] == c) return static_cast<int>(0x80 + k);
-  }
-  return -1;
-}
-
-[[noreturn]] void throwSystemError(const std::string& path, const std::string& what, int error) {
-  throw TableError(path, 0, 0, what + " (" + std::strerror(error) + ")");
-}
-
-}  // namespace
 
 std::string readFileBytes(const std::string& path) {
   std::FILE* file = std::fopen(path.c_str(), "rb");

@@ -28,6 +28,11 @@ DecodedText decodeText(std::string bytes);
 
 bool isValidUtf8(std::string_view bytes);
 
+// Length of the valid UTF-8 sequence at bytes[i] (1 for ASCII), 0 when it is not one.
+std::size_t utf8SequenceLength(std::string_view bytes, std::size_t i);
+// The code point of the sequence of that length at text[i].
+char32_t decodeUtf8At(std::string_view text, std::size_t i, std::size_t length);
+
 // Back to the file's encoding. Text that Windows-1252 cannot hold, or whose Windows-1252
 // bytes would read back as UTF-8, is written as UTF-8 rather than changed; the reader
 // recognises either.
