@@ -39,7 +39,7 @@ int runVerify(MainWindowModel& model, const CliOptions& options, std::ostream& o
   out << cliLine(check, model.criterion(), model.decimalSeparator) << '\n';
   if (check.verdict == CheckVerdict::Agrees) return kExitOk;
   if (check.verdict == CheckVerdict::Differs) return kExitDiffers;
-  return kExitRefused;
+  return kExitUnchecked;
 }
 
 }  // namespace pescavo

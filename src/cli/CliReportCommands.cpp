@@ -40,13 +40,16 @@ int runVerifyScenarios(MainWindowModel& model, const CliOptions&, std::ostream& 
                        std::ostream&) {
   if (!sweep(model)) return kExitRefused;
   bool differs = false;
+  bool unchecked = false;
   for (int run = 1; run <= kScenarioRuns; ++run) {
     const CheckResult& check = model.report.scenarioChecks[run - 1];
     differs = differs || check.verdict == CheckVerdict::Differs;
+    unchecked = unchecked || check.verdict == CheckVerdict::CouldNotRun;
     out << run << '\t' << verdictCell(check) << '\t' << model.report.scenarioCells[run][2] << '\t'
         << trueOptimumCell(check, model.decimalSeparator) << '\n';
   }
-  return differs ? kExitDiffers : kExitOk;
+  if (differs) return kExitDiffers;
+  return unchecked ? kExitUnchecked : kExitOk;
 }
 
 }  // namespace pescavo
