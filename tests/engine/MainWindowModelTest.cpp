@@ -82,6 +82,16 @@ TEST_F(ModelTest, AvailableListFollowsTheSubstance) {
   EXPECT_TRUE(model.rausEnabled);  // left as it was
 }
 
+TEST_F(ModelTest, ResidueGridShowsTheBasisOfTheSubstance) {
+  const auto rows = lade_Schadstoffwerte(model.table, 1);
+  ASSERT_EQ(rows.size(), 6u);
+  EXPECT_EQ(rows[0], (std::array<std::string, 6>{"Category", "Crop", "Commodity", "IFN Code",
+                                                 "residue input value", "residue value (mg/kg)"}));
+  EXPECT_EQ(rows[4], (std::array<std::string, 6>{"By-Products", "Soybean", "feed", "IFN-Soybean",
+                                                 "STMR-P", ""}));
+  EXPECT_EQ(lade_Schadstoffwerte(model.table, 2)[4][4], "STMR");
+}
+
 TEST_F(ModelTest, MovingInAndOut) {
   EXPECT_FALSE(model.rausEnabled || model.alleRausEnabled);
   choose({1});
