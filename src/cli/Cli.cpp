@@ -158,7 +158,8 @@ int runCheck(const MainWindowModel& model, std::ostream& out) {
 }
 
 int runSubstances(const MainWindowModel& model, std::ostream& out) {
-  for (int s = 1; s <= model.table.substanceCount(); ++s) out << model.table.substanceName(s) << '\n';
+  for (int s = 1; s <= model.table.substanceCount(); ++s)
+    out << model.table.substanceName(s) << '\n';
   return kExitOk;
 }
 

@@ -8,7 +8,13 @@ namespace pescavo {
 
 // Exit codes of the command-line runner.
 // 4: the independent check itself could not run (GLPK gave no answer).
-enum CliExit { kExitOk = 0, kExitRefused = 1, kExitBadInput = 2, kExitDiffers = 3, kExitUnchecked = 4 };
+enum CliExit {
+  kExitOk = 0,
+  kExitRefused = 1,
+  kExitBadInput = 2,
+  kExitDiffers = 3,
+  kExitUnchecked = 4
+};
 
 // pescavo-cli [--input DIR] [--decimal SEP] [--report-folder DIR] COMMAND [RUN OPTIONS]
 // defaultDecimal is the locale's separator; the core never reads the locale itself.

@@ -119,10 +119,10 @@ std::string MainWindowModel::tooltipText(int position) const {
   const WorkingSetEntry& entry = workingSet[position];
   const char sep = decimalSeparator;
   const double maxInclusion = fischarten == 0 ? entry.maxCarp : entry.maxTrout;
-  return "Protein content: " + generalForm(entry.protein, sep) + " %, Lipid content: " +
-         generalForm(entry.lipid, sep) + " %" + "  Testicide content: " +
-         generalForm(entry.residue, sep) + " mg/kg." + " Max. content in food: " +
-         generalForm(maxInclusion, sep) + " %";
+  return "Protein content: " + generalForm(entry.protein, sep) +
+         " %, Lipid content: " + generalForm(entry.lipid, sep) + " %" +
+         "  Testicide content: " + generalForm(entry.residue, sep) + " mg/kg." +
+         " Max. content in food: " + generalForm(maxInclusion, sep) + " %";
 }
 
 void MainWindowModel::Ergebnis_ausblenden() {
@@ -304,8 +304,7 @@ void MainWindowModel::Rechnen() {
 
 std::string MainWindowModel::resultStatement() const {
   return std::string(kMinMaxItems[minMax == 1 ? 1 : 0]) + " " + "dietary burden based on " +
-         substanceName() + " is " + fixedForm(result.burden, "0.000", decimalSeparator) +
-         " mg/kg.";
+         substanceName() + " is " + fixedForm(result.burden, "0.000", decimalSeparator) + " mg/kg.";
 }
 
 std::vector<std::string> MainWindowModel::variableNames() const {

@@ -47,7 +47,7 @@ class MainWindowModel {
 
   // Option controls: each change withdraws the result.
   void setOption1(bool minimumChosen);  // Option1 "Minimum" / Option2 "Maximum"
-  void setOption3(bool carpChosen);  // Option3 "Common carp" / Option4 "Rainbow trout"
+  void setOption3(bool carpChosen);     // Option3 "Common carp" / Option4 "Rainbow trout"
   void setCheck1(bool on);
   void setCheck2(bool on);
   void setCheck4(bool on);
@@ -84,9 +84,9 @@ class MainWindowModel {
   int current1 = -1;
   std::vector<ListEntry> fischfutter2;
   int current2 = -1;
-  std::vector<WorkingSetEntry> workingSet;  // positions of fischfutter1
+  std::vector<WorkingSetEntry> workingSet;              // positions of fischfutter1
   std::vector<std::array<std::string, 6>> residueGrid;  // lade_Schadstoffwerte
-  bool option1 = false;  // Minimum chosen
+  bool option1 = false;                                 // Minimum chosen
   bool option1Enabled = false;
   bool option3 = true;  // common carp chosen
   int minMax = 0;

@@ -1,10 +1,10 @@
-#include "engine/MainWindowModel.h"
-
 #include <gtest/gtest.h>
 
 #include <functional>
 #include <string>
 #include <vector>
+
+#include "engine/MainWindowModel.h"
 
 namespace pescavo {
 namespace {
@@ -127,14 +127,20 @@ TEST_F(ModelTest, MovingInAndOut) {
 }
 
 TEST_F(ModelTest, EveryChangeWithdrawsTheResult) {
-  const std::vector<std::function<void()>> changes = {
-      [&] { model.setOption1(true); },  [&] { model.setOption3(false); },
-      [&] { model.setCheck1(false); },  [&] { model.setCheck2(false); },
-      [&] { model.setCheck4(false); },  [&] { model.setCheck5(false); },
-      [&] { model.setFischmehl(1); },   [&] { model.setFischarten(1); },
-      [&] { model.setMinMax(1); },      [&] { model.selectSubstance(0); },
-      [&] { choose({0}); },             [&] { model.alle_rein(); },
-      [&] { model.raus(); },            [&] { model.alle_raus(); }};
+  const std::vector<std::function<void()>> changes = {[&] { model.setOption1(true); },
+                                                      [&] { model.setOption3(false); },
+                                                      [&] { model.setCheck1(false); },
+                                                      [&] { model.setCheck2(false); },
+                                                      [&] { model.setCheck4(false); },
+                                                      [&] { model.setCheck5(false); },
+                                                      [&] { model.setFischmehl(1); },
+                                                      [&] { model.setFischarten(1); },
+                                                      [&] { model.setMinMax(1); },
+                                                      [&] { model.selectSubstance(0); },
+                                                      [&] { choose({0}); },
+                                                      [&] { model.alle_rein(); },
+                                                      [&] { model.raus(); },
+                                                      [&] { model.alle_raus(); }};
   for (size_t i = 0; i < changes.size(); ++i) {
     model.ergebnisVisible = model.reportButtonVisible = true;
     model.setCurrent2(0);
@@ -165,7 +171,7 @@ TEST_F(ModelTest, LadenBuildsTheProgrammeFromTheLists) {
   ASSERT_EQ(p.n, 7);
   EXPECT_EQ(p.chosenCount, 4);
   EXPECT_EQ(model.fischfutter2[1].commodity, "feed");
-  EXPECT_EQ(p.residue[0], 1.2 / 88 * 100);  // divide first, then multiply
+  EXPECT_EQ(p.residue[0], 1.2 / 88 * 100);    // divide first, then multiply
   EXPECT_EQ(p.residueSum, 1.2 + 0.8 + 0.02);  // as read, in list order
   EXPECT_EQ(p.maxInclusion[1], 35);
   EXPECT_EQ(p.maxInclusion[3], 0);
@@ -216,9 +222,12 @@ TEST_F(SingleRunTest, StatementRoundingAndColour) {
     bool red;
   } cases[] = {
       {0.1, false, '.', "Maximum content dietary burden based on Example A is 0.100 mg/kg.", false},
-      {0.1001, false, '.', "Maximum content dietary burden based on Example A is 0.100 mg/kg.", true},
-      {0.0004, false, '.', "Maximum content dietary burden based on Example A is 0.000 mg/kg.", false},
-      {0.0005, true, ',', "Minimum content dietary burden based on Example A is 0,001 mg/kg.", false},
+      {0.1001, false, '.', "Maximum content dietary burden based on Example A is 0.100 mg/kg.",
+       true},
+      {0.0004, false, '.', "Maximum content dietary burden based on Example A is 0.000 mg/kg.",
+       false},
+      {0.0005, true, ',', "Minimum content dietary burden based on Example A is 0,001 mg/kg.",
+       false},
   };
   for (const auto& c : cases) {
     model.setOption1(c.minimum);
@@ -291,7 +300,8 @@ TEST_F(ModelTest, EveryRunIsCheckedIndependently) {
   model.setCheck2(false);
   model.setOption1(true);
   model.Optimierung_Click();
-  EXPECT_EQ(model.ergebnisText, "Minimum content dietary burden based on Example B is 3.000 mg/kg.");
+  EXPECT_EQ(model.ergebnisText,
+            "Minimum content dietary burden based on Example B is 3.000 mg/kg.");
   EXPECT_EQ(model.check.verdict, CheckVerdict::Differs);
   EXPECT_EQ(model.checkSentence.rfind("Independent check: the true minimum is 5.000 mg/kg; the "
                                       "optimisation reported 3.000 mg/kg",
