@@ -10,7 +10,7 @@ class Dialogs {
  public:
   virtual ~Dialogs() = default;
   virtual void information(const std::string& text) = 0;  // information icon, OK
-  virtual bool askYesNo(const std::string& text) = 0;  // true for Yes
+  virtual bool askYesNo(const std::string& text) = 0;     // true for Yes
 };
 
 }  // namespace pescavo

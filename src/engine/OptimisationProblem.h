@@ -18,7 +18,7 @@ namespace pescavo {
 enum class Criterion { Maximum, Minimum };
 
 struct OptimisationProblem {
-  int n = 0;  // variable count
+  int n = 0;            // variable count
   int chosenCount = 0;  // variables 1..chosenCount are chosen components
   bool pc = false;
   bool cc = false;
@@ -26,9 +26,9 @@ struct OptimisationProblem {
   // Per variable j at index j - 1.
   std::vector<double> lipid;
   std::vector<double> protein;
-  std::vector<double> residue;  // dry-matter basis after Laden
+  std::vector<double> residue;       // dry-matter basis after Laden
   std::vector<double> maxInclusion;  // percent
-  std::vector<double> dryMatter;  // percent; 0 for pseudo-components
+  std::vector<double> dryMatter;     // percent; 0 for pseudo-components
   std::vector<std::string> ifnCode;
   double lipidTarget = 0;
   double proteinTarget = 0;

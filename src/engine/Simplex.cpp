@@ -1,9 +1,9 @@
 #include "engine/Simplex.h"
 
 #include <climits>
+#include <cmath>
 #include <cstdint>
 #include <cstring>
-#include <cmath>
 #include <utility>
 
 namespace pescavo {
@@ -18,8 +18,7 @@ double entry(const std::vector<double>& values, int j) {
 // row = row + (-f) * pivotRow over columns [first, last), exactly in that form. Each cell is
 // one IEEE multiply and one add whatever the vector width, so every clone gives the same bits.
 __attribute__((target_clones("avx512f", "avx2", "default"))) void addMultiple(
-    double* __restrict row, const double* __restrict pivotRow, double minusF, int first,
-    int last) {
+    double* __restrict row, const double* __restrict pivotRow, double minusF, int first, int last) {
   for (int k = first; k < last; ++k) row[k] = row[k] + minusF * pivotRow[k];
 }
 

@@ -17,7 +17,7 @@ class SimplexTableau {
   double operator()(int i, int k) const { return m_cells[(i - 1) * m_columns + (k - 1)]; }
   double* row(int i) { return &m_cells[(i - 1) * m_columns]; }
 
-  std::vector<int> basis;  // basis[i], i = 1..n + 3: column basic in row i; [0] unused
+  std::vector<int> basis;           // basis[i], i = 1..n + 3: column basic in row i; [0] unused
   std::vector<double> residueCopy;  // index j - 1: objective coefficient of variable j
 
  private:

@@ -31,7 +31,7 @@ class ComponentTable {
   const FeedComponent& component(int i) const;
   FeedComponent& component(int i);
   const std::string& substanceName(int s) const;
-  double residue(int s, int i) const;  // mg/kg as is
+  double residue(int s, int i) const;      // mg/kg as is
   std::int16_t basis(int s, int i) const;  // 0 STMR, 1 STMR-P
 
   void setSubstanceName(int s, std::string name);
@@ -39,11 +39,11 @@ class ComponentTable {
   void setBasis(int s, int i, std::int16_t code);
   // Adding beyond kMaxSubstances or kMaxComponents throws std::length_error; deleting the only
   // substance throws std::logic_error; a position out of range throws std::out_of_range.
-  int addSubstance(std::string name);  // appended; values 0, basis 0; returns s
+  int addSubstance(std::string name);          // appended; values 0, basis 0; returns s
   int copySubstance(int s, std::string name);  // appended copy of s; returns the new s
-  void deleteSubstance(int s);  // later substances move down
-  int addComponent(FeedComponent component);  // appended; residues 0, basis 0; returns i
-  void deleteComponent(int i);  // later components move up
+  void deleteSubstance(int s);                 // later substances move down
+  int addComponent(FeedComponent component);   // appended; residues 0, basis 0; returns i
+  void deleteComponent(int i);                 // later components move up
 
   Encoding encoding() const { return m_encoding; }
   void setEncoding(Encoding encoding) { m_encoding = encoding; }
@@ -51,7 +51,7 @@ class ComponentTable {
  private:
   std::vector<FeedComponent> m_components;
   std::vector<std::string> m_substances;
-  std::vector<std::vector<double>> m_residues;  // [s - 1][i - 1]
+  std::vector<std::vector<double>> m_residues;     // [s - 1][i - 1]
   std::vector<std::vector<std::int16_t>> m_basis;  // [s - 1][i - 1]
   Encoding m_encoding = Encoding::Utf8;
 };

@@ -28,7 +28,7 @@ struct WorkingSetEntry {
 };
 
 struct AvailableComponents {
-  std::vector<ListEntry> entries;  // Fischfutter1 and its companions
+  std::vector<ListEntry> entries;        // Fischfutter1 and its companions
   std::vector<WorkingSetEntry> working;  // same positions
 };
 
@@ -38,6 +38,6 @@ AvailableComponents Futterliste_aktualisieren(const ComponentTable& table, int s
 // Rows of the residue grid for substance s: row 0 is the header; columns 0..5;
 // column 5 is left empty (the substance editor fills it).
 std::vector<std::array<std::string, 6>> lade_Schadstoffwerte(const ComponentTable& table,
-                                                              int substance);
+                                                             int substance);
 
 }  // namespace pescavo

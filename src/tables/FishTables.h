@@ -7,7 +7,7 @@ namespace pescavo {
 
 struct FishSpecies {
   std::string name;
-  double lipid = 0;  // target crude lipid, %
+  double lipid = 0;    // target crude lipid, %
   double protein = 0;  // target crude protein, %
 };
 

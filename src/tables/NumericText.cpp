@@ -1,7 +1,6 @@
 #include "tables/NumericText.h"
 
 #include <algorithm>
-
 #include <charconv>
 #include <cmath>
 #include <cstdlib>
@@ -234,13 +233,14 @@ std::string fixedForm(double value, std::string_view format, char decimalSeparat
   if (value != 0) {
     char scientific[32];
     char* end = std::to_chars(scientific, scientific + sizeof scientific - 1, std::fabs(value),
-                              std::chars_format::scientific, 14).ptr;
+                              std::chars_format::scientific, 14)
+                    .ptr;
     *end = '\0';
     char significant[15];
     significant[0] = scientific[0];
     std::copy(scientific + 2, scientific + 16, significant + 1);
     const int exponent = std::atoi(scientific + 17);  // "d.ddddddddddddddde+XX"
-    const int pointPos = exponent + 1;  // digits before the point
+    const int pointPos = exponent + 1;                // digits before the point
     const int leadingZeros = pointPos <= 0 ? 1 - pointPos : 0;
     const int integerDigits = pointPos <= 0 ? 1 : pointPos;
     length = integerDigits + decimals;
