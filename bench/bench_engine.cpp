@@ -1,46 +1,88 @@
-// The engine beside GLPK on the same seeded programmes, and the cost of the independent check
-// that follows every run. Pairs read off by n: BM_Engine/103 against BM_Glpk/103.
+// Laden and Rechnen beside GLPK on the same seeded programmes, and the cost of the independent
+// check that follows every run. Pairs read off by n: BM_Engine/103 against BM_Glpk/103.
 
 #include <benchmark/benchmark.h>
 #include <glpk.h>
 
 #include <map>
+#include <memory>
+#include <string>
 #include <vector>
 
 #include "../tests/engine/RandomProblems.h"
 #include "engine/IndependentCheck.h"
+#include "engine/MainWindowModel.h"
 #include "engine/Simplex.h"
 
 namespace {
 
 using pescavo::Criterion;
+using pescavo::MainWindowModel;
 using pescavo::OptimisationProblem;
 using pescavo::testing::RandomProblem;
 
 constexpr int kProblemsPerSize = 16;
 
+class NoDialogs : public pescavo::Dialogs {
+ public:
+  void information(const std::string&) override {}
+  bool askYesNo(const std::string&) override { return false; }
+};
+
+// A seeded programme as the main window holds it: the chosen components in the working set,
+// species targets, fish-meal grade and switches, so that Laden builds it again every run.
+struct Seeded {
+  explicit Seeded(const RandomProblem& made) : model(dialogs, '.') {
+    const OptimisationProblem& p = made.problem;
+    for (int j = 0; j < p.chosenCount; ++j) {
+      model.table.addComponent(pescavo::FeedComponent());
+      const double dm = p.dryMatter[j];
+      model.fischfutter1.push_back({made.names[j], "", "", "0"});
+      model.workingSet.push_back({p.lipid[j], p.protein[j], p.residue[j] * dm / 100,
+                                  p.maxInclusion[j], p.maxInclusion[j], dm, ""});
+    }
+    model.fischfutter2 = model.fischfutter1;
+    model.species = {{"Species", p.lipidTarget, p.proteinTarget}};
+    model.fischarten = 0;
+    const int pc = p.chosenCount;
+    model.fishmeal = {{p.pc ? p.protein[pc] : 0, p.pc ? p.lipid[pc] : 0}};
+    model.fischmehl = 0;
+    model.check1 = p.pc;
+    model.check4 = p.cc;
+    model.check5 = p.f;
+    model.check2 = true;
+    model.minMax = made.criterion == Criterion::Minimum ? 1 : 0;
+    model.Laden();
+    names = model.variableNames();
+  }
+  NoDialogs dialogs;
+  MainWindowModel model;
+  std::vector<std::string> names;
+};
+
 // Both criteria, with and without PC, CC, F and MRBD, fixed by the seed.
-const std::vector<RandomProblem>& problemsOfSize(int n) {
-  static std::map<int, std::vector<RandomProblem>> cache;
+std::vector<std::unique_ptr<Seeded>>& problemsOfSize(int n) {
+  static std::map<int, std::vector<std::unique_ptr<Seeded>>> cache;
   auto& problems = cache[n];
   if (problems.empty()) {
     pescavo::testing::RandomProblems generator(1000 + n);
-    for (int k = 0; k < kProblemsPerSize; ++k) problems.push_back(generator.next(n));
+    for (int k = 0; k < kProblemsPerSize; ++k)
+      problems.push_back(std::make_unique<Seeded>(generator.next(n)));
   }
   return problems;
 }
 
+// Laden and Rechnen as a run makes them, without the check that follows.
 void BM_Engine(benchmark::State& state) {
-  const auto& problems = problemsOfSize(static_cast<int>(state.range(0)));
-  pescavo::SimplexTableau tableau;
-  pescavo::OptimisationResult result;
+  auto& problems = problemsOfSize(static_cast<int>(state.range(0)));
   std::size_t k = 0;
   long pivots = 0, runs = 0;
   for (auto _ : state) {
-    const RandomProblem& made = problems[k++ % problems.size()];
-    pescavo::Rechnen(made.problem, made.criterion, tableau, result);
-    benchmark::DoNotOptimize(result.burden);
-    pivots += result.pivots;
+    MainWindowModel& model = problems[k++ % problems.size()]->model;
+    model.Laden();
+    pescavo::Rechnen(model.problem, model.criterion(), model.tableau, model.result);
+    benchmark::DoNotOptimize(model.result.burden);
+    pivots += model.result.pivots;
     ++runs;
   }
   state.counters["pivots"] = static_cast<double>(pivots) / static_cast<double>(runs);
@@ -48,15 +90,15 @@ void BM_Engine(benchmark::State& state) {
 
 // Default settings but no terminal output; building the glp_prob is part of the time.
 void BM_Glpk(benchmark::State& state) {
-  const auto& problems = problemsOfSize(static_cast<int>(state.range(0)));
+  auto& problems = problemsOfSize(static_cast<int>(state.range(0)));
   glp_term_out(GLP_OFF);
   std::size_t k = 0;
   long iterations = 0, runs = 0;
   for (auto _ : state) {
-    const RandomProblem& made = problems[k++ % problems.size()];
-    const OptimisationProblem& p = made.problem;
+    const MainWindowModel& model = problems[k++ % problems.size()]->model;
+    const OptimisationProblem& p = model.problem;
     glp_prob* lp = glp_create_prob();
-    glp_set_obj_dir(lp, made.criterion == Criterion::Maximum ? GLP_MAX : GLP_MIN);
+    glp_set_obj_dir(lp, model.criterion() == Criterion::Maximum ? GLP_MAX : GLP_MIN);
     glp_add_rows(lp, 3);
     glp_set_row_bnds(lp, 1, GLP_FX, p.lipidTarget, p.lipidTarget);
     glp_set_row_bnds(lp, 2, GLP_FX, p.proteinTarget, p.proteinTarget);
@@ -92,18 +134,18 @@ void BM_Glpk(benchmark::State& state) {
 // The check as a run makes it: the engine's result handed over, GLPK (and on disagreement
 // the exact simplex) behind it.
 void BM_Verify(benchmark::State& state) {
-  const auto& problems = problemsOfSize(static_cast<int>(state.range(0)));
-  std::vector<pescavo::OptimisationResult> results(problems.size());
-  for (std::size_t k = 0; k < problems.size(); ++k) {
-    pescavo::SimplexTableau tableau;
-    pescavo::Rechnen(problems[k].problem, problems[k].criterion, tableau, results[k]);
+  auto& problems = problemsOfSize(static_cast<int>(state.range(0)));
+  for (auto& seeded : problems) {
+    MainWindowModel& model = seeded->model;
+    pescavo::Rechnen(model.problem, model.criterion(), model.tableau, model.result);
   }
   std::size_t k = 0;
   long differs = 0, runs = 0;
   for (auto _ : state) {
-    const std::size_t at = k++ % problems.size();
-    const auto check = pescavo::checkOptimum(problems[at].problem, problems[at].criterion,
-                                             results[at], problems[at].names);
+    const Seeded& seeded = *problems[k++ % problems.size()];
+    const MainWindowModel& model = seeded.model;
+    const auto check =
+        pescavo::checkOptimum(model.problem, model.criterion(), model.result, seeded.names);
     benchmark::DoNotOptimize(check.trueOptimum);
     differs += check.verdict != pescavo::CheckVerdict::Agrees;
     ++runs;
