@@ -45,8 +45,9 @@ int runVerifyScenarios(MainWindowModel& model, const CliOptions&, std::ostream& 
     const CheckResult& check = model.report.scenarioChecks[run - 1];
     differs = differs || check.verdict == CheckVerdict::Differs;
     unchecked = unchecked || check.verdict == CheckVerdict::CouldNotRun;
-    out << run << '\t' << verdictCell(check) << '\t' << model.report.scenarioCells[run][2] << '\t'
-        << trueOptimumCell(check, model.decimalSeparator) << '\n';
+    out << run << '\t' << model.report.scenarioVerdicts[run - 1] << '\t'
+        << model.report.scenarioCells[run][2] << '\t' << model.report.scenarioTrueOptima[run - 1]
+        << '\n';
   }
   if (differs) return kExitDiffers;
   return unchecked ? kExitUnchecked : kExitOk;

@@ -23,9 +23,12 @@ struct ReportState {
   std::array<std::array<std::string, 4>, 17> scenarioCells{};
   std::array<std::array<int, 4>, 17> scenarioAlignment{};
   bool scenarioTableFilled = false;
-  // The independent check of each sweep run (run N at N - 1); verdictCell, verdictTooltip and
-  // trueOptimumCell give the table's texts.
+  // The independent check of each sweep run (run N at N - 1) and what the scenario table shows
+  // of it: "agrees" or "differs", its tooltip, and the true optimum ("0.000" or "not solvable").
   std::array<CheckResult, 16> scenarioChecks{};
+  std::array<std::string, 16> scenarioVerdicts{};
+  std::array<std::string, 16> scenarioVerdictTooltips{};
+  std::array<std::string, 16> scenarioTrueOptima{};
   // Composition table ErgebnisGrid of the last single-mode report; row 0 is the header.
   std::vector<std::array<std::string, 9>> ergebnisGrid;
   // Report file failures already shown during the current sweep or Details run.

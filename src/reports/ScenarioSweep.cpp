@@ -159,6 +159,9 @@ bool Tabellezeichnen(MainWindowModel& model) {
   resetReportFile(model);
   report.bericht.clear();
   report.scenarioChecks.fill(CheckResult());
+  report.scenarioVerdicts.fill(std::string());
+  report.scenarioVerdictTooltips.fill(std::string());
+  report.scenarioTrueOptima.fill(std::string());
   tableHead(model);
   model.Ergebnis_ausblenden();
   const SavedOptions saved = saveOptions(model);
@@ -176,6 +179,10 @@ bool Tabellezeichnen(MainWindowModel& model) {
       }
       model.Rechnen();
       report.scenarioChecks[run - 1] = model.check;
+      report.scenarioVerdicts[run - 1] = verdictCell(model.check);
+      report.scenarioVerdictTooltips[run - 1] =
+          verdictTooltip(model.check, model.criterion(), model.decimalSeparator);
+      report.scenarioTrueOptima[run - 1] = trueOptimumCell(model.check, model.decimalSeparator);
       report.bericht += std::string(kCrLf) + kCrLf;
       report.bericht += kHeadingRule + kCrLf + kCrLf;
       if (solved(model)) {
