@@ -227,7 +227,9 @@ void MainWindowModel::EinfacheOptimierung() {
 void MainWindowModel::Laden() {
   const int chosen = static_cast<int>(fischfutter2.size());
   const int capacity = chosen + 3;
-  problem = OptimisationProblem();
+  // Cleared in place: the vectors keep their storage from run to run.
+  problem.n = problem.chosenCount = 0;
+  problem.lipidTarget = problem.proteinTarget = problem.residueSum = 0;
   problem.lipid.assign(capacity, 0.0);
   problem.protein.assign(capacity, 0.0);
   problem.residue.assign(capacity, 0.0);
@@ -291,7 +293,7 @@ void MainWindowModel::Laden() {
       problem.residue[j] = problem.residue[j] / problem.dryMatter[j] * 100;
   }
   problem.unitOrder = table.componentCount() + 2;
-  tableau.reset(n);
+  // The tableau is laid out from zeros by Rechnen, sized to this problem.
 }
 
 void MainWindowModel::Rechnen() {
