@@ -118,16 +118,7 @@ bool Simplex::Pivotsuche(int c) {
   const int rhs = 2 * n + 4;
   // Sign repair before: after the first repair every later one finds nothing to turn.
   if (!m_rhsNonNegative) repairSigns(rhs);
-  const int r = ratioTest(c, rhs);
-  if (r == 0) {
-    fail(kPhase1Failure);
-    return false;
-  }
-  eliminate(r, c, n + 5, rhs);
-  m_tableau.basis[r] = c;
-  repairSignsAfterPivot(rhs);
-  ++m_result.pivots;
-  return true;
+  return pivot(c, rhs, n + 5, kPhase1Failure);
 }
 
 void Simplex::ErstelleSimplextableau2() {
@@ -162,15 +153,15 @@ bool Simplex::Pivotsuche2(int c) { return phase2Search(c); }
 
 bool Simplex::PivotsucheMin(int c) { return phase2Search(c); }
 
-bool Simplex::phase2Search(int c) {
-  const int n = m_n;
-  const int rhs = 2 * n + 1;
+bool Simplex::phase2Search(int c) { return pivot(c, 2 * m_n + 1, m_n + 4, kPhase2Failure); }
+
+bool Simplex::pivot(int c, int rhs, int lastRow, const char* failure) {
   const int r = ratioTest(c, rhs);
   if (r == 0) {
-    fail(kPhase2Failure);
+    fail(failure);
     return false;
   }
-  eliminate(r, c, n + 4, rhs);
+  eliminate(r, c, lastRow, rhs);
   m_tableau.basis[r] = c;
   repairSignsAfterPivot(rhs);
   ++m_result.pivots;

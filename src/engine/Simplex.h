@@ -69,6 +69,8 @@ class Simplex {
   void repairSigns(int rhs);
   void repairSignsAfterPivot(int rhs);
   bool phase2Search(int c);
+  // Ratio test, pivot and sign repair after it on rows 1..lastRow, right-hand side rhs.
+  bool pivot(int c, int rhs, int lastRow, const char* failure);
   bool phase2Passes(bool minimum);
   void readOut(bool minimum);
   void fail(const char* text);
