@@ -34,17 +34,15 @@ class ModelTest : public ::testing::Test {
     ComponentTable& table = model.table;
     table.addSubstance("Example A");
     table.addSubstance("Example B");
-    table.addComponent(component("Wheat", 13, 2, 88, 40, 30));
-    table.addComponent(component("Maize", 9, 4, 86, 50, 20));
-    table.addComponent(component("Oats", 12, 5, 89, 30, 10));
-    table.addComponent(component("Soybean", 50, 2, 89, 35, 25));
-    table.addComponent(component("Rape", 0, 100, 100, 10, 15));
-    const double residuesA[] = {1.2, 0.5, 0, 0.8, 0.02};
-    for (int i = 1; i <= 5; ++i) table.setResidue(1, i, residuesA[i - 1]);
+    for (const FeedComponent& c :
+         {component("Wheat", 13, 2, 88, 40, 30), component("Maize", 9, 4, 86, 50, 20),
+          component("Oats", 12, 5, 89, 30, 10), component("Soybean", 50, 2, 89, 35, 25),
+          component("Rape", 0, 100, 100, 10, 15)})
+      table.addComponent(c);
+    const double residues[2][5] = {{1.2, 0.5, 0, 0.8, 0.02}, {0, 0.3, -1, 0, 0.4}};
+    for (int s = 1; s <= 2; ++s)
+      for (int i = 1; i <= 5; ++i) table.setResidue(s, i, residues[s - 1][i - 1]);
     table.setBasis(1, 4, 1);
-    table.setResidue(2, 2, 0.3);
-    table.setResidue(2, 3, -1);
-    table.setResidue(2, 5, 0.4);
     model.species = {{"Common carp", 8, 35}, {"Rainbow trout", 15, 42}};
     model.fishmeal = {{60, 12}, {62, 11}, {65, 10}, {68, 9}, {70, 8}};
     model.schadstoff = 0;
@@ -82,7 +80,7 @@ TEST_F(ModelTest, AvailableListFollowsTheSubstance) {
   EXPECT_TRUE(model.rausEnabled);  // left as it was
 }
 
-TEST_F(ModelTest, ResidueGridShowsTheBasisOfTheSubstance) {
+TEST_F(ModelTest, GridAndTooltipTexts) {
   const auto rows = lade_Schadstoffwerte(model.table, 1);
   ASSERT_EQ(rows.size(), 6u);
   EXPECT_EQ(rows[0], (std::array<std::string, 6>{"Category", "Crop", "Commodity", "IFN Code",
@@ -90,6 +88,15 @@ TEST_F(ModelTest, ResidueGridShowsTheBasisOfTheSubstance) {
   EXPECT_EQ(rows[4], (std::array<std::string, 6>{"By-Products", "Soybean", "feed", "IFN-Soybean",
                                                  "STMR-P", ""}));
   EXPECT_EQ(lade_Schadstoffwerte(model.table, 2)[4][4], "STMR");
+  EXPECT_EQ(model.tooltipText(0),
+            "Protein content: 13 %, Lipid content: 2 %  Testicide content: 1.2 mg/kg. "
+            "Max. content in food: 40 %");
+  model.setFischarten(1);
+  model.decimalSeparator = ',';
+  EXPECT_EQ(model.tooltipText(0),
+            "Protein content: 13 %, Lipid content: 2 %  Testicide content: 1,2 mg/kg. "
+            "Max. content in food: 30 %");
+  EXPECT_EQ(model.tooltipText(-1), "");
 }
 
 TEST_F(ModelTest, MovingInAndOut) {
@@ -147,18 +154,6 @@ TEST_F(ModelTest, EveryChangeWithdrawsTheResult) {
     changes[i]();
     EXPECT_FALSE(model.ergebnisVisible || model.reportButtonVisible) << "change " << i;
   }
-}
-
-TEST_F(ModelTest, TooltipUsesTheSpeciesChooserAndSeparator) {
-  EXPECT_EQ(model.tooltipText(0),
-            "Protein content: 13 %, Lipid content: 2 %  Testicide content: 1.2 mg/kg. "
-            "Max. content in food: 40 %");
-  model.setFischarten(1);
-  model.decimalSeparator = ',';
-  EXPECT_EQ(model.tooltipText(0),
-            "Protein content: 13 %, Lipid content: 2 %  Testicide content: 1,2 mg/kg. "
-            "Max. content in food: 30 %");
-  EXPECT_EQ(model.tooltipText(-1), "");
 }
 
 TEST_F(ModelTest, LadenBuildsTheProgrammeFromTheLists) {

@@ -1,9 +1,9 @@
 #pragma once
 
-// Seeded programmes as Laden builds them from realistic tables: one or two decimals, zero
-// residues, oils, fish-meal-like components and the ties real tables produce. The engine output
-// is mapped by hand, so a seed gives the same problems with every standard library.
+// Programmes for the engine tests: hand-made feeds in one line, and seeded ones as Laden builds
+// them from realistic tables, ties included.
 
+#include <array>
 #include <cmath>
 #include <cstdint>
 #include <random>
@@ -11,8 +11,33 @@
 #include <vector>
 
 #include "engine/OptimisationProblem.h"
+#include "engine/Simplex.h"
 
 namespace pescavo::testing {
+
+// Variables {lipid, protein, residue, maxInclusion}, then PC, CC and F (bits 1, 2 and 4 of
+// pseudo) as the set-up adds them: uncontaminated, limit 100 %.
+inline OptimisationProblem feed(std::vector<std::array<double, 4>> v, double lipidTarget,
+                                double proteinTarget, int pseudo = 0) {
+  OptimisationProblem p;
+  p.chosenCount = static_cast<int>(v.size());
+  if ((p.pc = pseudo & 1)) v.push_back({10, 65, 0, 100});
+  if ((p.cc = pseudo & 2)) v.push_back({0.1, 0.1, 0, 100});
+  if ((p.f = pseudo & 4)) v.push_back({100, 0, 0, 100});
+  for (const auto& c : v)
+    p.lipid.push_back(c[0]), p.protein.push_back(c[1]), p.residue.push_back(c[2]),
+        p.maxInclusion.push_back(c[3]);
+  p.n = static_cast<int>(v.size()), p.unitOrder = p.n + 2;
+  p.lipidTarget = lipidTarget, p.proteinTarget = proteinTarget;
+  return p;
+}
+
+inline OptimisationResult solve(const OptimisationProblem& problem, Criterion criterion) {
+  SimplexTableau tableau;
+  OptimisationResult result;
+  Rechnen(problem, criterion, tableau, result);
+  return result;
+}
 
 struct RandomProblem {
   OptimisationProblem problem;
@@ -24,16 +49,14 @@ class RandomProblems {
  public:
   explicit RandomProblems(std::uint64_t seed) : m_engine(seed) {}
 
-  // n between 1 and 103, small programmes (where ties bite most) drawn more often.
+  // n up to 103, small ones (where ties bite most) more often; the same with every library.
   RandomProblem next() { return next(chance(0.4) ? integer(1, 8) : integer(1, 103)); }
 
   RandomProblem next(int n) {
-    RandomProblem made;
+    RandomProblem made{{}, chance(0.5) ? Criterion::Maximum : Criterion::Minimum, {}};
     OptimisationProblem& p = made.problem;
-    made.criterion = chance(0.5) ? Criterion::Maximum : Criterion::Minimum;
-    const bool trout = chance(0.5);
+    const bool trout = chance(0.5), mrbd = chance(0.5), allPseudo = chance(0.4);
     p.lipidTarget = trout ? 15 : 8, p.proteinTarget = trout ? 42 : 35;
-    const bool mrbd = chance(0.5), allPseudo = chance(0.4);
     p.pc = n > 1 && (allPseudo || chance(0.5));
     p.cc = n > 1 + p.pc && (allPseudo || chance(0.5));
     p.f = n > 1 + p.pc + p.cc && (allPseudo || chance(0.5));
@@ -66,21 +89,16 @@ class RandomProblems {
   double uniform(double low, double high) {
     return low + (high - low) * (static_cast<double>(m_engine() >> 11) * 0x1.0p-53);
   }
-  int integer(int low, int high) {
-    return low + static_cast<int>(m_engine() % static_cast<std::uint64_t>(high - low + 1));
-  }
+  int integer(int low, int high) { return low + static_cast<int>(m_engine() % (high - low + 1)); }
   bool chance(double probability) { return uniform(0, 1) < probability; }
   static double rounded(double value) { return std::round(value * 10) / 10; }
-
   static void add(RandomProblem& made, std::string name, double lipid, double protein,
                   double residue, double maxInclusion, double dryMatter) {
     OptimisationProblem& p = made.problem;
     p.lipid.push_back(lipid), p.protein.push_back(protein), p.residue.push_back(residue);
     p.maxInclusion.push_back(maxInclusion), p.dryMatter.push_back(dryMatter);
-    p.ifnCode.push_back(dryMatter > 0 ? "4-00-" + std::to_string(100 + p.lipid.size()) : "");
     made.names.push_back(std::move(name));
   }
-
   std::mt19937_64 m_engine;
 };
 

@@ -3,150 +3,174 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
+#include <cmath>
 #include <cstring>
 #include <map>
 #include <random>
-#include <string>
 #include <tuple>
-#include <utility>
-#include <vector>
 
 #include "engine/IndependentCheck.h"
 #include "engine/RandomProblems.h"
 #include "engine/Simplex.h"
-#include "engine/SimplexOracles.h"
 
 namespace pescavo {
 namespace {
 
 using testing::feed;
-using testing::solve;
 constexpr Criterion kBoth[] = {Criterion::Maximum, Criterion::Minimum};
+const std::vector<double> kEarlier = {1, 2, 3};  // an earlier run's, kept when not solvable
 
-// Runs the set-up steps only, so that a test can inspect or drive the tableau.
-struct Stepped {
-  Stepped(OptimisationProblem made, Criterion criterion = Criterion::Maximum)
-      : problem(std::move(made)), simplex(problem, criterion, tableau, result) {
-    simplex.ErstelleEinheitsmatrix();
-    simplex.ErstelleSimplextableau1();
-  }
-  OptimisationProblem problem;
-  SimplexTableau tableau;
-  OptimisationResult result;
-  Simplex simplex;
-};
-
-bool expectOptimum(const OptimisationProblem& problem, Criterion criterion) {
-  const GlpkSolution truth = solveWithGlpk(problem, criterion);
-  const OptimisationResult result = solve(problem, criterion);
-  EXPECT_TRUE(truth.ran);
-  EXPECT_EQ(result.solvable, truth.feasible);
-  EXPECT_NEAR(truth.feasible ? result.burden : 0, truth.optimum, 1e-12);
-  return truth.feasible;
+std::pair<OptimisationResult, SimplexTableau> afterEarlierRun(const OptimisationProblem& problem,
+                                                              Criterion criterion) {
+  std::pair<OptimisationResult, SimplexTableau> run{{true, 9.87, kEarlier, "", 0}, {}};
+  Rechnen(problem, criterion, run.second, run.first);
+  return run;
 }
 
 TEST(Simplex, HandSolvableAndUnreachableFeedsForBothCriteria) {
-  // Problem, solvable, burden and shares; runs that are not solvable keep the earlier result.
-  const std::vector<double> earlier = {1, 2, 3};
-  const std::tuple<OptimisationProblem, bool, double, std::vector<double>> cases[] = {
-      {feed({{7, 30, 2.5, 100}}, 7, 30), true, 2.5, {100, 0, 0, 0}},  // meets both targets
-      {feed({{7, 30, 2.5, 100}}, 7 + 7e-12, 30), true, 2.5, {100}},   // within the tolerance
-      {feed({{5, 30, 1.2, 100}, {10, 40, 2.0, 100}}, 7.5, 35), true, 1.6, {50, 50}},  // 50/50
-      {feed({{5, 30, 1, 100}, {10, 40, 2, 100}}, 7.5, 45), false, 9.87, earlier},     // protein
-      {feed({{7, 30, 2.5, 60}}, 7, 30), false, 9.87, earlier},          // n = 1 held below 100 %
-      {feed({{8, 30, 2.5, 100}}, 7, 30), false, 9.87, earlier},         // n = 1, wrong lipid
-      {feed({{7, 30, 2.5, 100}}, 7 + 7e-8, 30), false, 9.87, earlier},  // beyond the tolerance
+  // Problem, burden and shares; a burden of 9.87 means not solvable, the earlier result kept.
+  const std::tuple<OptimisationProblem, double, std::vector<double>> cases[] = {
+      {feed({{7, 30, 2.5, 100}}, 7, 30), 2.5, {100, 0, 0, 0}},  // meets both targets
+      {feed({{7, 30, 2.5, 100}}, 7 + 7e-12, 30), 2.5, {100}},   // within the tolerance
+      {feed({{5, 30, 1.2, 100}, {10, 40, 2.0, 100}}, 7.5, 35), 1.6, {50, 50}},  // 50/50
+      {feed({{5, 30, 1, 100}, {10, 40, 2, 100}}, 7.5, 45), 9.87, kEarlier},     // protein
+      {feed({{7, 30, 2.5, 60}}, 7, 30), 9.87, kEarlier},          // n = 1 held below 100 %
+      {feed({{7, 30, 2.5, 100}}, 7 + 7e-8, 30), 9.87, kEarlier},  // beyond the tolerance
   };
-  for (const auto& [problem, solvable, burden, shares] : cases) {
+  for (const auto& [problem, burden, shares] : cases) {
     for (Criterion criterion : kBoth) {
-      SimplexTableau tableau;
-      OptimisationResult result{true, 9.87, earlier, "", 0};
-      Rechnen(problem, criterion, tableau, result);
-      EXPECT_EQ(result.solvable, solvable);
-      EXPECT_TRUE(result.pivotFailure.empty());
+      const OptimisationResult result = afterEarlierRun(problem, criterion).first;
+      EXPECT_EQ(result.solvable, burden != 9.87);
       EXPECT_NEAR(result.burden, burden, 1e-12);
-      ASSERT_GE(result.composition.size(), shares.size());
       for (std::size_t j = 0; j < shares.size(); ++j)
-        EXPECT_NEAR(result.composition[j], shares[j], 1e-10);
+        EXPECT_NEAR(result.composition.at(j), shares[j], 1e-10);
     }
   }
-  EXPECT_EQ(solve(std::get<0>(cases[0]), Criterion::Minimum).pivots, 1);  // nothing to improve
 }
 
-TEST(Simplex, PhaseOneTableauOfTwoComponents) {
-  Stepped s(feed({{4, 25, 0.3, 40}, {12, 40, 0.9, 100}}, 7, 30));
+// The set-up steps only, then the tableau as laid out and the first phase-1 pivot row.
+TEST(Simplex, PhaseOneTableauAndTheLowestRowOfARatioTie) {
+  const OptimisationProblem two = feed({{4, 25, 0.3, 40}, {12, 40, 0.9, 100}}, 7, 30);
+  SimplexTableau tableau;
+  OptimisationResult result;
+  Simplex simplex(two, Criterion::Maximum, tableau, result);
+  simplex.ErstelleEinheitsmatrix(), simplex.ErstelleSimplextableau1();
   const double rows[7][8] = {{4, 12, 0, 0, 1, 0, 0, 7},  {25, 40, 0, 0, 0, 1, 0, 30},
                              {1, 1, 0, 0, 0, 0, 1, 1},   {1, 0, 1, 0, 0, 0, 0, 0.4},
                              {0, 1, 0, 1, 0, 0, 0, 1},   {0.3, 0.9, 0, 0, 0, 0, 0, 0},
                              {30, 53, 0, 0, 0, 0, 0, 38}};
-  ASSERT_EQ(std::pair(s.tableau.rows(), s.tableau.columns()), std::pair(7, 8));
+  ASSERT_EQ(std::pair(tableau.rows(), tableau.columns()), std::pair(7, 8));
   for (int i = 1; i <= 7; ++i)
-    for (int k = 1; k <= 8; ++k) EXPECT_EQ(s.tableau(i, k), rows[i - 1][k - 1]) << i << ", " << k;
-  EXPECT_EQ(std::vector<int>(s.tableau.basis.begin() + 1, s.tableau.basis.end()),
+    for (int k = 1; k <= 8; ++k) EXPECT_EQ(tableau(i, k), rows[i - 1][k - 1]) << i << ", " << k;
+  EXPECT_EQ(std::vector<int>(tableau.basis.begin() + 1, tableau.basis.end()),
             (std::vector<int>{5, 6, 7, 3, 4}));
-  EXPECT_EQ(s.tableau.residueCopy, (std::vector<double>{0.3, 0.9}));
-}
-
-TEST(Simplex, RatioTestTakesTheLowestRowOfATie) {
-  // Column 1 of n = 1 holds lipid, protein, 1 and 1 against the targets, 1 and limit / 100.
-  // Cases: lipid, protein, limit, lipid target, protein target, pivot row.
-  const std::array<double, 6> cases[] = {
-      {10, 30, 100, 10, 60, 1},  // rows 1, 3 and 4 all at ratio 1
-      {5, 30, 100, 10, 60, 3},   // rows 3 and 4 at ratio 1
-      {5, 30, 50, 10, 60, 4},    // row 4 alone at 0.5
-      {-5, 0, 100, 10, 60, 3},   // rows 1 and 2 have no positive entry
-      {5, 30, 100, -5, 30, 2},   // row 1 turned over first: its -5 no longer qualifies
-  };
-  for (const auto& c : cases) {
-    Stepped s(feed({{c[0], c[1], 1, c[2]}}, c[3], c[4]));
-    ASSERT_TRUE(s.simplex.Pivotsuche(1));
-    EXPECT_EQ(s.simplex.pivotRow(), c[5]) << c[0] << " " << c[3];
-    EXPECT_EQ(s.tableau.basis[s.simplex.pivotRow()], 1);
+  EXPECT_EQ(tableau.residueCopy, (std::vector<double>{0.3, 0.9}));
+  // n = 1 {lipid, protein, lipid target, pivot row}: rows 1, 3 and 4 or rows 3 and 4 at ratio 1.
+  for (const auto& c : {std::array<double, 4>{10, 30, 10, 1}, {5, 30, 10, 3}}) {
+    const OptimisationProblem one = feed({{c[0], c[1], 1, 100}}, c[2], 60);
+    SimplexTableau fresh;
+    Simplex s(one, Criterion::Maximum, fresh, result);
+    s.ErstelleEinheitsmatrix(), s.ErstelleSimplextableau1();
+    ASSERT_TRUE(s.Pivotsuche(1));
+    EXPECT_EQ(s.pivotRow(), c[3]);
+    EXPECT_EQ(fresh.basis[s.pivotRow()], 1);
   }
 }
 
 TEST(Simplex, EveryPseudoComponentCombinationWithAndWithoutLimits) {
-  int feasible = 0;
-  for (bool mrbd : {true, false}) {
-    for (int pseudo = 0; pseudo < 8; ++pseudo) {
-      for (auto [lipid, protein] : {std::pair{7.0, 30.0}, std::pair{18.0, 42.0}}) {
-        OptimisationProblem problem = feed({{2.1, 9.8, 0.05, mrbd ? 40.0 : 100},
-                                            {4.4, 45.6, 0.8, mrbd ? 30.0 : 100},
-                                            {1.9, 11.2, 1.7, mrbd ? 60.0 : 100},
-                                            {20.5, 30, 0.4, mrbd ? 50.0 : 100}},
-                                           lipid, protein, pseudo);
-        SCOPED_TRACE(std::to_string(pseudo) + (mrbd ? " MRBD" : "") + " " + std::to_string(lipid));
-        // A unit matrix short of F leaves its bound row empty; the sum row implies the bound.
-        for (int order : {problem.n + 2, pseudo & 4 ? problem.n - 1 : problem.n + 2}) {
-          problem.unitOrder = order;
-          for (Criterion criterion : kBoth) feasible += expectOptimum(problem, criterion);
-        }
-      }
-    }
-  }
-  EXPECT_GE(feasible, 48);  // or the comparison proves less than it claims
   // After phase 1 only PC, CC, F and slacks are basic and the burden is a round-off value
   // above 0; judged by its sign, the row would stay as it is and Minimum would maximise.
-  for (Criterion criterion : kBoth)
-    expectOptimum(feed({{12.9, 14.1, 0.48, 34}, {14.2, 42, 0.37, 63}}, 18, 42, 7), criterion);
+  std::vector<OptimisationProblem> problems = {
+      feed({{12.9, 14.1, 0.48, 34}, {14.2, 42, 0.37, 63}}, 18, 42, 7)};
+  for (int pseudo = 0; pseudo < 16; ++pseudo) {  // bit 8: MRBD
+    const auto limit = [&](double percent) { return pseudo & 8 ? percent : 100; };
+    for (auto [lipid, protein] : {std::pair{7.0, 30.0}, std::pair{18.0, 42.0}}) {
+      problems.push_back(feed({{2.1, 9.8, 0.05, limit(40)},
+                               {4.4, 45.6, 0.8, limit(30)},
+                               {1.9, 11.2, 1.7, limit(60)},
+                               {20.5, 30, 0.4, limit(50)}},
+                              lipid, protein, pseudo & 7));
+      // A unit matrix short of F leaves its bound row empty; the sum row implies the bound.
+      if (pseudo & 4) problems.push_back(problems.back()), problems.back().unitOrder -= 3;
+    }
+  }
+  int feasible = 0;
+  for (std::size_t t = 0; t < problems.size(); ++t) {
+    for (Criterion criterion : kBoth) {
+      const GlpkSolution truth = solveWithGlpk(problems[t], criterion);
+      const OptimisationResult result = testing::solve(problems[t], criterion);
+      EXPECT_TRUE(truth.ran);
+      EXPECT_EQ(result.solvable, truth.feasible) << "problem " << t;
+      EXPECT_NEAR(truth.feasible ? result.burden : 0, truth.optimum, 1e-12) << "problem " << t;
+      feasible += truth.feasible;
+    }
+  }
+  EXPECT_GE(feasible, 50);  // or the comparison proves less than it claims
 }
 
-// The solver bit for bit against the literal method: the fast paths may skip work, never
-// change a value.
-bool sameBits(double a, double b) { return std::memcmp(&a, &b, sizeof a) == 0; }
+// The fixed-pass method transcribed literally: the full tableau, every row and column, every
+// sign repair over all rows, no shortcut.
+struct LiteralRun : OptimisationResult {
+  std::vector<int> basis;
+};
 
-// Small whole numbers of either sign: negative right-hand sides, and ratio tests without a row.
-OptimisationProblem wildFeed(std::mt19937& random) {
-  std::uniform_int_distribution<int> f(-100, 100);
-  std::vector<std::array<double, 4>> variables(1 + random() % 3);
-  for (auto& v : variables)
-    v = {double(f(random) / 5), double(f(random) * 2 / 5), double(f(random) / 20),
-         double(f(random))};
-  const double lipid = f(random) / 10;
-  return feed(variables, lipid, f(random) * 3 / 10);
+LiteralRun literalSimplex(const OptimisationProblem& p, bool minimum) {
+  const int n = p.n, w = 2 * n + 4;
+  std::vector<double> cells((n + 5) * w, 0.0);
+  auto T = [&](int i, int k) -> double& { return cells[(i - 1) * w + k - 1]; };
+  LiteralRun run;
+  run.solvable = true, run.basis.assign(n + 4, 0);
+  for (int i = 1; i <= 3; ++i) T(i, 2 * n + i) = i <= p.unitOrder, run.basis[i] = 2 * n + i;
+  for (int j = 1; j <= n; ++j) {
+    T(1, j) = p.lipid[j - 1], T(2, j) = p.protein[j - 1], T(3, j) = 1;
+    T(3 + j, j) = T(3 + j, n + j) = j <= p.unitOrder, T(n + 4, j) = p.residue[j - 1];
+    T(3 + j, w) = p.maxInclusion[j - 1] / 100, run.basis[3 + j] = n + j;
+  }
+  T(1, w) = p.lipidTarget, T(2, w) = p.proteinTarget, T(3, w) = 1;
+  for (int k = 1; k <= w; ++k)
+    if (k <= n || k == w) T(n + 5, k) = T(1, k) + T(2, k) + T(3, k);
+  auto repair = [&](int rhs) {
+    for (int i = 1; i <= n + 3; ++i)
+      if (T(i, rhs) < 0)
+        for (int k = 1; k <= rhs; ++k) T(i, k) = -T(i, k);
+  };
+  // Pivots on every column whose objective entry is above 0, 2n - 1 times over.
+  auto passes = [&](int objective, int columns, int rhs, const char* failure) {
+    for (int pass = 1; pass < 2 * n; ++pass) {
+      for (int c = 1; c <= columns; ++c) {
+        if (!(T(objective, c) > 0)) continue;
+        if (objective == n + 5) repair(rhs);
+        int r = 0;
+        double best = 10000;
+        for (int i = 1; i <= n + 3; ++i)
+          if (T(i, c) > 0 && T(i, rhs) / T(i, c) < best) best = T(i, rhs) / T(i, c), r = i;
+        if (r == 0) return run.solvable = false, run.pivotFailure = failure, false;
+        const double pivot = T(r, c);
+        for (int k = 1; k <= rhs; ++k) T(r, k) = T(r, k) / pivot;
+        for (int i = 1; i <= objective; ++i)
+          if (const double f = T(i, c); i != r && f != 0)
+            for (int k = 1; k <= rhs; ++k) T(i, k) = T(i, k) + (-f) * T(r, k);
+        run.basis[r] = c, ++run.pivots;
+        repair(rhs);
+      }
+    }
+    return true;
+  };
+  if (!passes(n + 5, 2 * n + 3, w, "geht nicht")) return run;
+  if (!(std::fabs(T(n + 5, w)) < 1e-10)) return run.solvable = false, run;
+  const int rhs = 2 * n + 1;
+  for (int i = 1; i <= n + 4; ++i) T(i, rhs) = T(i, w);
+  for (int k = 1; minimum && k <= rhs; ++k) T(n + 4, k) = -T(n + 4, k);
+  if (!passes(n + 4, 2 * n, rhs, "geht nicht 2")) return run;
+  run.composition.assign(n + 3, 0.0);
+  for (int i = 1; i <= n + 3; ++i)
+    if (run.basis[i] <= n + 3) run.composition[run.basis[i] - 1] = T(i, rhs) * 100;
+  run.burden = minimum ? T(n + 4, rhs) : -T(n + 4, rhs);
+  return run;
 }
 
+// The fast paths may skip work, never change a value. Realistic problems alternate with small
+// whole numbers of either sign: negative right-hand sides, ratio tests without a row.
 TEST(SimplexReference, EveryOutputMatchesTheLiteralMethodBitForBit) {
   // Ratio tests without a row are rare; these, found by search, keep both failure paths covered.
   std::vector<OptimisationProblem> problems = {
@@ -155,37 +179,41 @@ TEST(SimplexReference, EveryOutputMatchesTheLiteralMethodBitForBit) {
       feed({{13, -16, 2, -65}, {-20, 6, 3, -17}}, 7, -8),     // "geht nicht 2", Maximum
       feed({{-8, -2, 4, 89}, {-7, -13, -2, -2}, {-4, -34, -5, -91}}, -4, 3)};
   std::mt19937 random(20240611);
+  std::uniform_int_distribution<int> f(-100, 100);
   testing::RandomProblems realistic(20240611);
-  for (int t = 0; t < 3000; ++t)
-    problems.push_back(t % 2 ? wildFeed(random) : realistic.next().problem);
+  for (int t = 0; t < 3000; ++t) {
+    std::vector<std::array<double, 4>> v(t % 2 ? 1 + random() % 3 : 0);
+    for (auto& c : v)
+      c = {double(f(random) / 5), double(f(random) * 2 / 5), double(f(random) / 20),
+           double(f(random))};
+    const double lipid = f(random) / 10;  // drawn first
+    problems.push_back(v.empty() ? realistic.next().problem : feed(v, lipid, f(random) * 3 / 10));
+  }
   for (std::size_t t = 4; t < problems.size(); t += 8) problems[t].unitOrder = problems[t].n - 1;
   std::map<std::string, int> outcomes;
   for (std::size_t t = 0; t < problems.size() && !HasFailure(); ++t) {
     for (Criterion criterion : kBoth) {
       SCOPED_TRACE("problem " + std::to_string(t) + " " + std::to_string(int(criterion)));
-      const auto expected = testing::literalSimplex(problems[t], criterion == Criterion::Minimum);
-      const std::vector<double> earlier = {1, 2};  // an earlier run's, kept when not solvable
-      OptimisationResult result{true, 9.87, earlier, "", 0};
-      SimplexTableau tableau;
-      Rechnen(problems[t], criterion, tableau, result);
+      const auto expected = literalSimplex(problems[t], criterion == Criterion::Minimum);
+      const auto [result, tableau] = afterEarlierRun(problems[t], criterion);
       ++outcomes[result.solvable ? "solved" : result.pivotFailure];
       ASSERT_EQ(result.solvable, expected.solvable);
       EXPECT_EQ(result.pivotFailure, expected.pivotFailure);
       EXPECT_EQ(result.pivots, expected.pivots);
-      EXPECT_TRUE(sameBits(result.burden, expected.solvable ? expected.burden : 9.87));
-      const auto& composition = expected.solvable ? expected.composition : earlier;
+      const double burden = expected.solvable ? expected.burden : 9.87;
+      const auto& composition = expected.solvable ? expected.composition : kEarlier;
       ASSERT_EQ(result.composition.size(), composition.size());
-      for (std::size_t j = 0; j < composition.size(); ++j)
-        EXPECT_TRUE(sameBits(result.composition[j], composition[j])) << "position " << j + 1;
+      EXPECT_EQ(std::memcmp(&result.burden, &burden, sizeof burden), 0);
+      EXPECT_EQ(std::memcmp(result.composition.data(), composition.data(),
+                            composition.size() * sizeof burden),
+                0);
       for (int i = 1; expected.solvable && i <= problems[t].n + 3; ++i)
         EXPECT_EQ(tableau.basis[i], expected.basis[i]);
     }
   }
   // The seeds must reach every outcome, or the comparison proves less than it claims.
-  EXPECT_GT(outcomes["solved"], 1000);
-  EXPECT_GT(outcomes[""], 1000);
-  EXPECT_GE(outcomes["geht nicht"], 2);
-  EXPECT_GE(outcomes["geht nicht 2"], 2);
+  EXPECT_GT(std::min(outcomes["solved"], outcomes[""]), 1000);
+  EXPECT_GE(std::min(outcomes["geht nicht"], outcomes["geht nicht 2"]), 2);
 }
 
 }  // namespace
