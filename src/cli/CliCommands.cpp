@@ -16,13 +16,10 @@ int runOptimize(MainWindowModel& model, const CliOptions&, std::ostream& out, st
   return kExitOk;
 }
 
-int runLp(MainWindowModel& model, const CliOptions&, std::ostream& out, std::ostream& err) {
+int runLp(MainWindowModel& model, const CliOptions&, std::ostream& out, std::ostream&) {
   // The single run's own first steps, then the programme it would solve.
   model.prepareSingleRun();
-  if (model.fischfutter2.empty()) {
-    err << "Please add components.\n";
-    return kExitRefused;
-  }
+  if (model.pleaseAddComponents()) return kExitRefused;
   model.Laden();
   out << writeLp(model.problem, model.criterion(), model.variableNames());
   return kExitOk;

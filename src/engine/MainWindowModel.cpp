@@ -13,8 +13,6 @@ const char* const kPleaseAdd = "Please add components.";
 const char* const kAllZero =
     "The residue values of substances are possiblibly all zero. Check the pollutants value and "
     "try again.";
-const char* const kNotSolvable =
-    "The problem is not solvable. Add more or try different components.";
 
 }  // namespace
 
@@ -130,50 +128,23 @@ void MainWindowModel::Ergebnis_ausblenden() {
   reportButtonVisible = false;
 }
 
-void MainWindowModel::setOption1(bool minimumChosen) {
-  option1 = minimumChosen;
-  Ergebnis_ausblenden();
-}
+void MainWindowModel::setOption1(bool minimumChosen) { change(option1, minimumChosen); }
 
-void MainWindowModel::setOption3(bool carpChosen) {
-  option3 = carpChosen;
-  Ergebnis_ausblenden();
-}
+void MainWindowModel::setOption3(bool carpChosen) { change(option3, carpChosen); }
 
-void MainWindowModel::setCheck1(bool on) {
-  check1 = on;
-  Ergebnis_ausblenden();
-}
+void MainWindowModel::setCheck1(bool on) { change(check1, on); }
 
-void MainWindowModel::setCheck2(bool on) {
-  check2 = on;
-  Ergebnis_ausblenden();
-}
+void MainWindowModel::setCheck2(bool on) { change(check2, on); }
 
-void MainWindowModel::setCheck4(bool on) {
-  check4 = on;
-  Ergebnis_ausblenden();
-}
+void MainWindowModel::setCheck4(bool on) { change(check4, on); }
 
-void MainWindowModel::setCheck5(bool on) {
-  check5 = on;
-  Ergebnis_ausblenden();
-}
+void MainWindowModel::setCheck5(bool on) { change(check5, on); }
 
-void MainWindowModel::setFischmehl(int position) {
-  fischmehl = position;
-  Ergebnis_ausblenden();
-}
+void MainWindowModel::setFischmehl(int position) { change(fischmehl, position); }
 
-void MainWindowModel::setFischarten(int position) {
-  fischarten = position;
-  Ergebnis_ausblenden();
-}
+void MainWindowModel::setFischarten(int position) { change(fischarten, position); }
 
-void MainWindowModel::setMinMax(int position) {
-  minMax = position;
-  Ergebnis_ausblenden();
-}
+void MainWindowModel::setMinMax(int position) { change(minMax, position); }
 
 void MainWindowModel::Optimierung_Click() {
   allScenariosMode = false;
@@ -190,12 +161,17 @@ void MainWindowModel::prepareSingleRun() {
   fischmehl = 2;
 }
 
+bool MainWindowModel::pleaseAddComponents() {
+  if (!fischfutter2.empty()) return false;
+  label1Red = true;
+  dialogs.information(kPleaseAdd);
+  label1Red = false;
+  return true;
+}
+
 void MainWindowModel::EinfacheOptimierung() {
   prepareSingleRun();
-  if (fischfutter2.empty()) {
-    label1Red = true;
-    dialogs.information(kPleaseAdd);
-    label1Red = false;
+  if (pleaseAddComponents()) {
     Ergebnis_ausblenden();
     return;
   }

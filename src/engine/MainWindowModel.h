@@ -23,6 +23,8 @@ class MainWindowModel {
   static constexpr const char* kMinMaxItems[2] = {"Maximum content", "Minimum content"};
   static constexpr const char* kBasisItems[2] = {"STMR", "STMR-P"};
   static constexpr const char* kMrbdCaption = "\"maximum reasonable balanced diet (MRBD)\"";
+  static constexpr const char* kNotSolvable =
+      "The problem is not solvable. Add more or try different components.";
 
   MainWindowModel(Dialogs& dialogs, char decimalSeparator);
 
@@ -62,6 +64,8 @@ class MainWindowModel {
   // The first steps of a single run: in SimpleMode every available component takes part;
   // criterion and species follow the option buttons; PC is the third fish-meal grade.
   void prepareSingleRun();
+  // With nothing in Fischfutter2: "Please add components." while Label1 is red; true then.
+  bool pleaseAddComponents();
   void Laden();
   void Rechnen();
   Criterion criterion() const { return minMax == 1 ? Criterion::Minimum : Criterion::Maximum; }
@@ -71,6 +75,15 @@ class MainWindowModel {
 
   static int Minimum(int a, int b) { return b < a ? b : a; }
 
+ private:
+  // Any change of selection or option withdraws the result shown.
+  template <typename T>
+  void change(T& control, T value) {
+    control = value;
+    Ergebnis_ausblenden();
+  }
+
+ public:
   // Tables.
   std::string inputFolder;
   ComponentTable table;

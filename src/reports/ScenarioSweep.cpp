@@ -27,11 +27,8 @@ const std::array<Scenario, 8> kScenarios = {{
 
 namespace {
 
-const char* const kPleaseAdd = "Please add components.";
 const char* const kPollutantsZero =
     "Values of pollutants are possiblibly all zero. Check the pollutants value and try again.";
-const char* const kNotSolvable =
-    "The problem is not solvable. Add more or try different components.";
 const std::string kHeadingRule(70, '_');
 const std::string kSummaryRule(41, '_');
 
@@ -64,14 +61,6 @@ void setScenario(MainWindowModel& model, int k, int m) {
 }
 
 std::string number(int value, char separator) { return fixedForm(value, "0", separator); }
-
-bool pleaseAddComponents(MainWindowModel& model) {
-  if (!model.fischfutter2.empty()) return false;
-  model.label1Red = true;
-  model.dialogs.information(kPleaseAdd);
-  model.label1Red = false;
-  return true;
-}
 
 void resetReportFile(MainWindowModel& model) {
   try {
@@ -153,7 +142,7 @@ bool Optimierung2_Click(MainWindowModel& model) {
 }
 
 bool Tabellezeichnen(MainWindowModel& model) {
-  if (pleaseAddComponents(model)) return false;
+  if (model.pleaseAddComponents()) return false;
   ReportState& report = model.report;
   report.fileFailuresShown.clear();
   resetReportFile(model);
@@ -190,7 +179,7 @@ bool Tabellezeichnen(MainWindowModel& model) {
         report.scenarioCells[run][2] =
             fixedForm(model.result.burden, "0.000", model.decimalSeparator);
       } else {
-        report.bericht += std::string(kNotSolvable) + kCrLf + kCrLf;
+        report.bericht += std::string(MainWindowModel::kNotSolvable) + kCrLf + kCrLf;
         report.scenarioCells[run][2] = "-";
       }
       report.scenarioAlignment[run][2] = kAlignCentre;
