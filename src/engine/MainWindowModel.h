@@ -76,6 +76,12 @@ class MainWindowModel {
   static int Minimum(int a, int b) { return b < a ? b : a; }
 
  private:
+  // Laden's lookup of a chosen entry's text among the available ones; the storage is kept
+  // from run to run.
+  void indexAvailableTexts();
+  int availablePosition(const std::string& text) const;  // -1 when none has the text
+  std::vector<int> m_textSlots;
+
   // Any change of selection or option withdraws the result shown.
   template <typename T>
   void change(T& control, T value) {

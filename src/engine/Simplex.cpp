@@ -53,43 +53,41 @@ void Simplex::ErstelleEinheitsmatrix() {
 
 void Simplex::ErstelleSimplextableau1() {
   const int n = m_n;
-  const int rhs = 2 * n + 4;
   SimplexTableau& t = m_tableau;
   t.reset(n);
   m_rhsNonNegative = false;
   m_factorRows.reserve(n + 5);
-  m_pivotColumns.reserve(2 * n + 4);
+  const int rhs = t.rhsSlot();
+  double* lipid = t.row(1);
+  double* protein = t.row(2);
+  double* sum = t.row(3);
+  double* residue = t.row(n + 4);
+  double* phase1 = t.row(n + 5);
   for (int j = 1; j <= n; ++j) {
-    t(1, j) = entry(m_problem.lipid, j);
-    t(2, j) = entry(m_problem.protein, j);
+    lipid[j - 1] = entry(m_problem.lipid, j);
+    protein[j - 1] = entry(m_problem.protein, j);
+    sum[j - 1] = 1;
+    residue[j - 1] = entry(m_problem.residue, j);
   }
-  for (int j = 1; j <= n; ++j) t(3, j) = 1;
-  for (int i = 1; i <= 3; ++i) {
-    for (int k = 1; k <= 3; ++k) t(i, 2 * n + k) = unit(i, k);
-  }
-  // The unit matrix is diagonal: only the diagonal of the n-by-n blocks can be non-zero.
-  for (int i = 1; i <= n; ++i) {
-    t(3 + i, i) = unit(i, i);
-    t(3 + i, n + i) = unit(i, i);
-  }
-  for (int i = 1; i <= 3; ++i) t.basis[i] = 2 * n + i;
-  for (int i = 4; i <= n + 3; ++i) t.basis[i] = n + i - 3;
-  t(1, rhs) = m_problem.lipidTarget;
-  t(2, rhs) = m_problem.proteinTarget;
-  t(3, rhs) = 1;
-  for (int i = 1; i <= n; ++i) t(3 + i, rhs) = entry(m_problem.maxInclusion, i) / 100;
-  for (int j = 1; j <= n; ++j) t(n + 4, j) = entry(m_problem.residue, j);
+  lipid[rhs] = m_problem.lipidTarget;
+  protein[rhs] = m_problem.proteinTarget;
+  sum[rhs] = 1;
+  residue[rhs] = 0;
+  // The phase-1 objective sums rows 1..3 from 0, in that order.
+  for (int k = 0; k <= rhs; ++k) phase1[k] = ((0.0 + lipid[k]) + protein[k]) + sum[k];
+  for (int i = 1; i <= 3; ++i) t.basicValue[i] = unit(i, i);
   for (int j = 1; j <= n; ++j) {
-    for (int i = 1; i <= 3; ++i) t(n + 5, j) = t(n + 5, j) + t(i, j);
+    t.boundUnit[j - 1] = unit(j, j);
+    t.boundRhs[j - 1] = entry(m_problem.maxInclusion, j) / 100;
+    t.basicValue[3 + j] = unit(j, j);
+    t.residueCopy[j - 1] = entry(m_problem.residue, j);
   }
-  for (int i = 1; i <= 3; ++i) t(n + 5, rhs) = t(n + 5, rhs) + t(i, rhs);
-  for (int j = 1; j <= n; ++j) t.residueCopy[j - 1] = entry(m_problem.residue, j);
 }
 
 void Simplex::Hilfsproblemloesen() {
   m_result.solvable = true;
   if (!phase1Passes()) return;
-  if (std::fabs(m_tableau(m_n + 5, 2 * m_n + 4)) < kFeasibilityTolerance) {
+  if (std::fabs(m_tableau.row(m_n + 5)[m_tableau.rhsSlot()]) < kFeasibilityTolerance) {
     ErstelleSimplextableau2();
   } else {
     m_result.solvable = false;
@@ -99,10 +97,12 @@ void Simplex::Hilfsproblemloesen() {
 bool Simplex::phase1Passes() {
   const int n = m_n;
   const double* objective = m_tableau.row(n + 5);
+  const int* slotOf = m_tableau.slotOf.data();
   for (int pass = 1; pass <= 2 * n - 1; ++pass) {
     bool pivoted = false;
+    // A basic column's objective entry is 0, so only non-basic columns can qualify.
     for (int c = 1; c <= 2 * n + 3; ++c) {
-      if (objective[c - 1] > 0) {
+      if (slotOf[c] >= 0 && objective[slotOf[c]] > 0) {
         if (!Pivotsuche(c)) return false;
         pivoted = true;
       }
@@ -114,21 +114,20 @@ bool Simplex::phase1Passes() {
 }
 
 bool Simplex::Pivotsuche(int c) {
-  const int n = m_n;
-  const int rhs = 2 * n + 4;
   // Sign repair before: after the first repair every later one finds nothing to turn.
-  if (!m_rhsNonNegative) repairSigns(rhs);
-  return pivot(c, rhs, n + 5, kPhase1Failure);
+  if (!m_rhsNonNegative) repairSigns();
+  return pivot(c, m_n + 5, kPhase1Failure);
 }
 
+// Phase 2 reads its right-hand side from column 2n + 1, a copy of column 2n + 4 in rows
+// 1..n + 4; the stored right-hand side is that copy already. Columns 2n + 1..2n + 3 and
+// row n + 5 are out of phase 2: what pivots leave in them is never read.
 void Simplex::ErstelleSimplextableau2() {
   const int n = m_n;
-  const int rhs = 2 * n + 1;
-  for (int i = 1; i <= n + 4; ++i) m_tableau(i, rhs) = m_tableau(i, 2 * n + 4);
   // The row is oriented by the criterion, not by the sign of its right-hand side: when only
   // uncontaminated variables are basic that sign is 0 or round-off and says nothing.
   const bool minimum = m_criterion == Criterion::Minimum;
-  if (minimum) negate(m_tableau.row(n + 4), rhs);
+  if (minimum) negate(m_tableau.row(n + 4), m_tableau.rhsSlot() + 1);
   if (!phase2Passes(minimum)) return;
   readOut(minimum);
 }
@@ -136,10 +135,11 @@ void Simplex::ErstelleSimplextableau2() {
 bool Simplex::phase2Passes(bool minimum) {
   const int n = m_n;
   const double* objective = m_tableau.row(n + 4);
+  const int* slotOf = m_tableau.slotOf.data();
   for (int pass = 1; pass <= 2 * n - 1; ++pass) {
     bool pivoted = false;
     for (int c = 1; c <= 2 * n; ++c) {
-      if (objective[c - 1] > 0) {
+      if (slotOf[c] >= 0 && objective[slotOf[c]] > 0) {
         if (!(minimum ? PivotsucheMin(c) : Pivotsuche2(c))) return false;
         pivoted = true;
       }
@@ -149,78 +149,88 @@ bool Simplex::phase2Passes(bool minimum) {
   return true;
 }
 
-bool Simplex::Pivotsuche2(int c) { return phase2Search(c); }
+bool Simplex::Pivotsuche2(int c) { return pivot(c, m_n + 4, kPhase2Failure); }
 
-bool Simplex::PivotsucheMin(int c) { return phase2Search(c); }
+bool Simplex::PivotsucheMin(int c) { return pivot(c, m_n + 4, kPhase2Failure); }
 
-bool Simplex::phase2Search(int c) { return pivot(c, 2 * m_n + 1, m_n + 4, kPhase2Failure); }
-
-bool Simplex::pivot(int c, int rhs, int lastRow, const char* failure) {
-  const int r = ratioTest(c, rhs);
+bool Simplex::pivot(int c, int lastRow, const char* failure) {
+  const int r = ratioTest(c);
   if (r == 0) {
     fail(failure);
     return false;
   }
-  eliminate(r, c, lastRow, rhs);
-  m_tableau.basis[r] = c;
-  repairSignsAfterPivot(rhs);
+  eliminate(r, c, lastRow);
+  repairSignsAfterPivot();
   ++m_result.pivots;
   return true;
 }
 
 void Simplex::readOut(bool minimum) {
   const int n = m_n;
-  const int rhs = 2 * n + 1;
+  const SimplexTableau& t = m_tableau;
+  const int rhs = t.rhsSlot();
   // A basis entry can name any column up to 2n + 3 (slacks, and artificials left basic at 0),
   // so the working vector covers them all; readers use positions 1..n, kept are 1..n + 3.
   std::vector<double> composition(2 * n + 3, 0.0);
   for (int i = 1; i <= n + 3; ++i) {
-    const int column = m_tableau.basis[i];
+    const int column = t.basis[i];
     if (column >= 1 && column <= 2 * n + 3) {
-      composition[column - 1] = m_tableau(i, rhs) * kPercent;
+      const double value = t.stored(i) ? t.row(i)[rhs] : t.boundRhs[i - 4];
+      composition[column - 1] = value * kPercent;
     }
   }
   composition.resize(n + 3);
   m_result.composition = std::move(composition);
-  const double objective = m_tableau(n + 4, rhs);
+  const double objective = t.row(n + 4)[rhs];
   m_result.burden = minimum ? objective : -objective;
 }
 
-int Simplex::ratioTest(int c, int rhs) {
+// Rows 1..n + 3 in ascending order, the stored ones and the one upper-bound row still as laid
+// out that holds column c: every other such row holds 0 there.
+int Simplex::ratioTest(int c) {
+  SimplexTableau& t = m_tableau;
   const int n = m_n;
-  const int stride = m_tableau.columns();
-  const double* cell = m_tableau.row(1);
+  const int slot = t.slotOf[c];
+  const int rhs = t.rhsSlot();
+  const int unstored = c <= n && !t.stored(3 + c) ? 3 + c : 0;
   double best = kRatioBound;
   m_pivotRow = 1;
   int chosen = 0;
-  m_factorRows.resize(n + 5);
-  int* factorRows = m_factorRows.data();
-  int factors = 0;
-  for (int i = 1; i <= n + 3; ++i, cell += stride) {
-    const double a = cell[c - 1];
-    factorRows[factors] = i;
-    factors += a != 0;  // without a branch: zeros fall at random
-    if (a > 0) {
-      const double q = cell[rhs - 1] / a;
-      if (q < best) {
-        best = q;
-        m_pivotRow = i;
-        chosen = i;
+  m_factorRows.clear();
+  const std::vector<std::uint64_t>& words = t.storedRows();
+  for (std::size_t w = 0; w < words.size(); ++w) {
+    std::uint64_t bits = words[w];
+    if (unstored != 0 && static_cast<std::size_t>(unstored >> 6) == w)
+      bits |= std::uint64_t{1} << (unstored & 63);
+    while (bits != 0) {
+      const int i = static_cast<int>(w * 64) + __builtin_ctzll(bits);
+      bits &= bits - 1;
+      double a, b;
+      if (i == unstored) {
+        a = t.boundUnit[c - 1];
+        b = t.boundRhs[c - 1];
+      } else {
+        const double* row = t.row(i);
+        a = row[slot];
+        b = row[rhs];
+      }
+      if (a != 0) m_factorRows.push_back(i);
+      if (a > 0) {
+        const double q = b / a;
+        if (q < best) {
+          best = q;
+          m_pivotRow = i;
+          chosen = i;
+        }
       }
     }
   }
-  m_factorRows.resize(factors);
+  // The row takes part from now on, as pivot row or factor row.
+  if (unstored != 0 && t.boundUnit[c - 1] != 0) t.store(unstored);
   return chosen;
 }
 
 namespace {
-
-// x != 0 on the bits, so that counting loops vectorise: -0.0 counts as zero, NaN does not.
-inline int isNonZero(double x) {
-  std::uint64_t bits;
-  std::memcpy(&bits, &x, sizeof bits);
-  return (bits << 1) != 0;
-}
 
 // pivot = pivot / p over columns [first, last); a zero stays a zero of some sign.
 __attribute__((target_clones("avx512f", "avx2", "default"))) void divideRange(
@@ -230,76 +240,78 @@ __attribute__((target_clones("avx512f", "avx2", "default"))) void divideRange(
 
 }  // namespace
 
-// Rows whose factor is 0 are left alone, and so are the columns where the pivot row holds 0:
-// there x + (-f) * 0 equals x except for the sign of a zero, and a zero's sign reaches no
-// comparison, no divisor and no value read out (the right-hand side is always computed).
-void Simplex::eliminate(int r, int c, int lastRow, int width) {
-  double* pivot = m_tableau.row(r);
-  const double p = pivot[c - 1];
-  const int rhs = width - 1;  // 0-based
-  // The pivot row's non-zero cells lie in [first, last); the pivot cell itself is one.
+// Rows whose factor is 0 are left alone, and so are the columns outside the span of the pivot
+// row's non-zero cells: there x + (-f) * 0 equals x except for the sign of a zero, and a zero's
+// sign reaches no comparison, no divisor and no value read out (the right-hand side is always
+// computed).
+//
+// The entering column c becomes a unit column and leaves its slot to the leaving column,
+// whose cells are 0 outside the pivot row before the pivot: there 0 + (-f) * y is (-f) * y.
+void Simplex::eliminate(int r, int c, int lastRow) {
+  SimplexTableau& t = m_tableau;
+  const int slot = t.slotOf[c];
+  const int rhs = t.rhsSlot();
+  double* pivot = t.row(r);
+  const double p = pivot[slot];
+  // The pivot row's non-zero cells lie in [first, last); the pivot cell itself is one. A row
+  // still as laid out holds just that cell, most others hold few zeros in between.
   int first = 0;
-  while (first < rhs && pivot[first] == 0) ++first;
+  while (pivot[first] == 0) ++first;
   int last = rhs;
-  while (last > first && pivot[last - 1] == 0) --last;
-  int count = 0;
-  for (int k = first; k < last; ++k) count += isNonZero(pivot[k]);
-  // A full pivot row is worked over its whole span, with vectors; a thin one cell by cell.
-  const bool dense = 4 * (count + 1) > last - first;
-  if (dense) {
-    divideRange(pivot, p, first, last);
-  } else {
-    m_pivotColumns.resize(count + 1);
-    int* columns = m_pivotColumns.data();
-    int m = 0;
-    for (int k = first; k < last; ++k) {
-      columns[m] = k;
-      m += pivot[k] != 0;
-    }
-    for (int j = 0; j < count; ++j) pivot[columns[j]] = pivot[columns[j]] / p;
-  }
+  while (pivot[last - 1] == 0) --last;
+  divideRange(pivot, p, first, last);
   pivot[rhs] = pivot[rhs] / p;
+  const double leaving = t.basicValue[r] / p;
   // The constraint rows with a factor were noted by the ratio test; the objective rows follow.
   for (int i = m_n + 4; i <= lastRow; ++i) {
-    if (m_tableau(i, c) != 0) m_factorRows.push_back(i);
+    if (t.row(i)[slot] != 0) m_factorRows.push_back(i);
   }
-  const int* columns = m_pivotColumns.data();
   for (int i : m_factorRows) {
     if (i == r) continue;
-    double* row = m_tableau.row(i);
-    const double minusF = -row[c - 1];
-    if (dense) {
-      addMultiple(row, pivot, minusF, first, last);
-    } else {
-      for (int j = 0; j < count; ++j) {
-        const int k = columns[j];
-        row[k] = row[k] + minusF * pivot[k];
-      }
-    }
+    double* row = t.row(i);
+    const double minusF = -row[slot];
+    addMultiple(row, pivot, minusF, first, last);
     row[rhs] = row[rhs] + minusF * pivot[rhs];
+    row[slot] = minusF * leaving;
   }
+  pivot[slot] = leaving;
+  t.basicValue[r] = p / p;
+  const int left = t.basis[r];
+  t.basis[r] = c;
+  t.slotOf[c] = -1;
+  t.slotOf[left] = slot;
 }
 
-void Simplex::repairSigns(int rhs) {
-  const int n = m_n;
-  for (int i = 1; i <= n + 3; ++i) {
-    double* row = m_tableau.row(i);
-    if (row[rhs - 1] < 0) negate(row, rhs);
+void Simplex::negateRow(int i) {
+  negate(m_tableau.row(i), m_tableau.rhsSlot() + 1);
+  m_tableau.basicValue[i] = -m_tableau.basicValue[i];
+}
+
+void Simplex::repairSigns() {
+  SimplexTableau& t = m_tableau;
+  const int rhs = t.rhsSlot();
+  for (int i = 1; i <= m_n + 3; ++i) {
+    if (t.stored(i)) {
+      if (t.row(i)[rhs] < 0) negateRow(i);
+    } else if (t.boundRhs[i - 4] < 0) {
+      t.store(i);
+      negateRow(i);
+    }
   }
   m_rhsNonNegative = true;
 }
 
 // With no right-hand side below 0 before the pivot, only the rows just changed can need a turn:
 // the pivot row is divided by a positive p.
-void Simplex::repairSignsAfterPivot(int rhs) {
+void Simplex::repairSignsAfterPivot() {
   if (!m_rhsNonNegative) {
-    repairSigns(rhs);
+    repairSigns();
     return;
   }
+  const int rhs = m_tableau.rhsSlot();
   for (int i : m_factorRows) {
     if (i > m_n + 3) break;
-    double* row = m_tableau.row(i);
-    if (row[rhs - 1] < 0) negate(row, rhs);
+    if (m_tableau.row(i)[rhs] < 0) negateRow(i);
   }
 }
 

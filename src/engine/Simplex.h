@@ -50,7 +50,7 @@ class Simplex {
   // Phase-2 layout, phase 2 in the direction of the criterion, composition and burden.
   void ErstelleSimplextableau2();
 
-  // Ratio test and pivot on column c. False (and the run marked not solvable with the
+  // Ratio test and pivot on the non-basic column c. False (and the run marked not solvable with the
   // failure text) when no row qualifies; no pivot is made then.
   bool Pivotsuche(int c);     // phase-1 layout, sign repair before and after
   bool Pivotsuche2(int c);    // phase-2 layout, criterion Maximum
@@ -63,14 +63,14 @@ class Simplex {
 
  private:
   double unit(int i, int k) const { return i == k && i <= m_unitOrder ? 1.0 : 0.0; }
-  // Minimum-ratio test over rows 1..n + 3 against right-hand side column rhs; 0 when no row.
-  int ratioTest(int c, int rhs);
-  void eliminate(int r, int c, int lastRow, int width);
-  void repairSigns(int rhs);
-  void repairSignsAfterPivot(int rhs);
-  bool phase2Search(int c);
-  // Ratio test, pivot and sign repair after it on rows 1..lastRow, right-hand side rhs.
-  bool pivot(int c, int rhs, int lastRow, const char* failure);
+  // Minimum-ratio test of column c over rows 1..n + 3; 0 when no row qualifies.
+  int ratioTest(int c);
+  void eliminate(int r, int c, int lastRow);
+  void negateRow(int i);
+  void repairSigns();
+  void repairSignsAfterPivot();
+  // Ratio test, pivot and sign repair after it on rows 1..lastRow.
+  bool pivot(int c, int lastRow, const char* failure);
   bool phase2Passes(bool minimum);
   void readOut(bool minimum);
   void fail(const char* text);
@@ -84,7 +84,6 @@ class Simplex {
   int m_pivotRow = 1;
   bool m_rhsNonNegative = false;    // no constraint row has a right-hand side below 0
   std::vector<int> m_factorRows;    // rows of the last pivot with a non-zero factor, ascending
-  std::vector<int> m_pivotColumns;  // 0-based columns of the pivot row that are not 0
 };
 
 }  // namespace pescavo

@@ -1,18 +1,45 @@
 #include "engine/SimplexTableau.h"
 
-#include <cstring>
+#include <algorithm>
 
 namespace pescavo {
 
 void SimplexTableau::reset(int n) {
   if (n < 0) n = 0;
-  m_rows = n + 5;
-  m_columns = 2 * n + 4;
-  m_cells.resize(static_cast<std::size_t>(m_rows) * m_columns);
-  // All bits 0 is +0.0; memset clears the cells faster than an element-wise fill.
-  std::memset(m_cells.data(), 0, m_cells.size() * sizeof(double));
-  basis.assign(n + 4, 0);
+  m_n = n;
+  // Rows start on a 64-byte boundary of the vector's storage, so whole rows load in vectors.
+  m_stride = (n + 1 + 7) / 8 * 8;
+  m_cells.resize(static_cast<std::size_t>(n + 5) * m_stride);
+  m_stored.assign((n + 4 + 63) / 64, 0);
+  for (int i = 1; i <= 3; ++i) markStored(i);
+  basis.resize(n + 4);
+  basis[0] = 0;
+  for (int i = 1; i <= 3; ++i) basis[i] = 2 * n + i;
+  for (int j = 1; j <= n; ++j) basis[3 + j] = n + j;
+  slotOf.assign(2 * n + 4, -1);
+  for (int j = 1; j <= n; ++j) slotOf[j] = j - 1;
+  basicValue.assign(n + 4, 0.0);
+  boundUnit.assign(n, 0.0);
+  boundRhs.assign(n, 0.0);
   residueCopy.assign(n, 0.0);
+}
+
+void SimplexTableau::store(int i) {
+  double* cells = row(i);
+  std::fill(cells, cells + m_stride, 0.0);
+  const int j = i - 3;
+  // While the row is untouched x(j) cannot have entered: its pivot would have reached the row.
+  if (boundUnit[j - 1] != 0) cells[slotOf[j]] = boundUnit[j - 1];
+  cells[m_n] = boundRhs[j - 1];
+  markStored(i);
+}
+
+double SimplexTableau::operator()(int i, int k) const {
+  if (k == 2 * m_n + 4) return stored(i) ? row(i)[m_n] : boundRhs[i - 4];
+  const int slot = slotOf[k];
+  if (slot < 0) return i <= m_n + 3 && basis[i] == k ? basicValue[i] : 0.0;
+  if (stored(i)) return row(i)[slot];
+  return k == i - 3 ? boundUnit[k - 1] : 0.0;
 }
 
 }  // namespace pescavo

@@ -1,29 +1,51 @@
 #pragma once
 
+#include <cstdint>
 #include <vector>
 
 namespace pescavo {
 
-// Dense two-phase tableau sized to the problem: rows 1..n + 5, columns 1..2n + 4
-// (1-based at this interface, row-major storage).
+// The two-phase tableau of n variables: rows 1..n + 5, columns 1..2n + 4 (see Simplex.h).
+//
+// Only what a pivot can change is stored. A basic column is 0 outside its own row, so it keeps
+// just that one value (basicValue); the n non-basic columns and the right-hand side sit in
+// slots 0..n of a row. An upper-bound row that no pivot or sign repair has reached yet still
+// reads x(j) + s(j) = maxInclusion(j) / 100 and is written out only when one first does.
 class SimplexTableau {
  public:
-  // Sizes the tableau for n variables and sets every cell, the basis and the residue copy to 0.
+  // Sizes the tableau for n variables: x(1..n) in slots 0..n - 1, the slacks and artificials
+  // basic, no row stored. Cells are left as they are; the caller writes the stored rows.
   void reset(int n);
 
-  int rows() const { return m_rows; }
-  int columns() const { return m_columns; }
-  double& operator()(int i, int k) { return m_cells[(i - 1) * m_columns + (k - 1)]; }
-  double operator()(int i, int k) const { return m_cells[(i - 1) * m_columns + (k - 1)]; }
-  double* row(int i) { return &m_cells[(i - 1) * m_columns]; }
+  int rows() const { return m_n + 5; }
+  int columns() const { return 2 * m_n + 4; }
+  // Cell (i, k) of the whole phase-1 tableau, 1-based, as the stored form implies it.
+  double operator()(int i, int k) const;
+
+  int rhsSlot() const { return m_n; }
+  double* row(int i) { return &m_cells[static_cast<std::size_t>(i - 1) * m_stride]; }
+  const double* row(int i) const { return &m_cells[static_cast<std::size_t>(i - 1) * m_stride]; }
+  bool stored(int i) const { return i > m_n + 3 || (m_stored[i >> 6] >> (i & 63) & 1); }
+  void markStored(int i) { m_stored[i >> 6] |= std::uint64_t{1} << (i & 63); }
+  // Writes upper-bound row i out as it was laid out.
+  void store(int i);
+  // Words of the stored-row bit set, bit i for row i (rows 1..n + 3).
+  const std::vector<std::uint64_t>& storedRows() const { return m_stored; }
 
   std::vector<int> basis;           // basis[i], i = 1..n + 3: column basic in row i; [0] unused
   std::vector<double> residueCopy;  // index j - 1: objective coefficient of variable j
+  std::vector<int> slotOf;          // slotOf[k]: slot of column k, -1 while k is basic
+  std::vector<double> basicValue;   // basicValue[i]: the basic column's value in row i
+  // Upper-bound row of variable j, index j - 1, as laid out: the coefficient of x(j) and of
+  // s(j), and the right-hand side.
+  std::vector<double> boundUnit;
+  std::vector<double> boundRhs;
 
  private:
-  int m_rows = 0;
-  int m_columns = 0;
+  int m_n = 0;
+  int m_stride = 0;
   std::vector<double> m_cells;
+  std::vector<std::uint64_t> m_stored;
 };
 
 }  // namespace pescavo
