@@ -191,6 +191,31 @@ TEST_F(ModelTest, LadenBuildsTheProgrammeFromTheLists) {
   EXPECT_EQ(model.problem.proteinTarget, 42);
 }
 
+// Many available entries, texts alike at both ends and some repeated: each chosen entry takes
+// the values of the last available entry with its text, as a scan from the end finds it.
+TEST_F(ModelTest, LadenTakesTheLastAvailableEntryOfEachText) {
+  const auto text = [](int k) { return "Crop " + std::to_string(k % 211) + " (by-product)"; };
+  model.fischfutter1.clear(), model.workingSet.clear(), model.fischfutter2.clear();
+  for (int q = 0; q < 600; ++q) {
+    model.fischfutter1.push_back({text(q), "feed", "Forages", "0"});
+    model.workingSet.push_back({double(q), 1, 1, 100, 100, 90, ""});
+  }
+  for (int k : {0, 5, 210, 211, 399, 577}) model.fischfutter2.push_back({text(k), "", "", "0"});
+  model.fischfutter2.push_back({"Crop 9999 (by-product)", "", "", "0"});
+  model.check1 = model.check4 = model.check5 = false;
+  model.Laden();
+  ASSERT_EQ(model.problem.n, 7);
+  for (int p = 0; p < 7; ++p) {
+    double expected = 0;  // no match keeps zeros
+    for (int q = 599; q >= 0; --q)
+      if (model.fischfutter1[q].text == model.fischfutter2[p].text) {
+        expected = q;
+        break;
+      }
+    EXPECT_EQ(model.problem.lipid[p], expected) << model.fischfutter2[p].text;
+  }
+}
+
 // A component that meets the carp targets alone; DM 0 keeps its residue unconverted, so the
 // burden is exactly the residue set.
 class SingleRunTest : public ModelTest {
