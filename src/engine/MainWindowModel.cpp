@@ -47,6 +47,22 @@ std::uint64_t textHash(std::string_view text) {
   return final();
 }
 
+// Equality without a library call: most texts are a few words long.
+bool sameText(const std::string& a, const std::string& b) {
+  const std::size_t size = a.size();
+  if (size != b.size()) return false;
+  std::size_t k = 0;
+  for (; k + 8 <= size; k += 8) {
+    std::uint64_t x, y;
+    std::memcpy(&x, a.data() + k, 8);
+    std::memcpy(&y, b.data() + k, 8);
+    if (x != y) return false;
+  }
+  for (; k < size; ++k)
+    if (a[k] != b[k]) return false;
+  return true;
+}
+
 }  // namespace
 
 // Open addressing over positions + 1 (0 is empty), twice as many slots as texts or more.
@@ -59,7 +75,7 @@ void MainWindowModel::indexAvailableTexts() {
     const std::string& text = fischfutter1[q].text;
     std::size_t slot = textHash(text) & mask;
     // Several available entries may share a display text: the last one wins.
-    while (m_textSlots[slot] != 0 && fischfutter1[m_textSlots[slot] - 1].text != text)
+    while (m_textSlots[slot] != 0 && !sameText(fischfutter1[m_textSlots[slot] - 1].text, text))
       slot = (slot + 1) & mask;
     m_textSlots[slot] = static_cast<int>(q) + 1;
   }
@@ -69,7 +85,7 @@ int MainWindowModel::availablePosition(const std::string& text) const {
   const std::size_t mask = m_textSlots.size() - 1;
   for (std::size_t slot = textHash(text) & mask; m_textSlots[slot] != 0; slot = (slot + 1) & mask) {
     const int q = m_textSlots[slot] - 1;
-    if (fischfutter1[q].text == text) return q;
+    if (sameText(fischfutter1[q].text, text)) return q;
   }
   return -1;
 }

@@ -160,7 +160,7 @@ bool Simplex::pivot(int c, int lastRow, const char* failure) {
     return false;
   }
   eliminate(r, c, lastRow);
-  repairSignsAfterPivot();
+  if (!m_rhsNonNegative) repairSigns();
   ++m_result.pivots;
   return true;
 }
@@ -259,7 +259,8 @@ void Simplex::eliminate(int r, int c, int lastRow) {
   while (pivot[first] == 0) ++first;
   int last = rhs;
   while (pivot[last - 1] == 0) --last;
-  divideRange(pivot, p, first, last);
+  // x / 1 is x: a row still as laid out, or the sum row, is left as it is.
+  if (p != 1) divideRange(pivot, p, first, last);
   pivot[rhs] = pivot[rhs] / p;
   const double leaving = t.basicValue[r] / p;
   // The constraint rows with a factor were noted by the ratio test; the objective rows follow.
@@ -273,6 +274,9 @@ void Simplex::eliminate(int r, int c, int lastRow) {
     addMultiple(row, pivot, minusF, first, last);
     row[rhs] = row[rhs] + minusF * pivot[rhs];
     row[slot] = minusF * leaving;
+    // The sign repair after the pivot, while the row is at hand: with no right-hand side below
+    // 0 before, only the rows just changed can need a turn (the pivot row is divided by p > 0).
+    if (m_rhsNonNegative && i <= m_n + 3 && row[rhs] < 0) negateRow(i);
   }
   pivot[slot] = leaving;
   t.basicValue[r] = p / p;
@@ -299,20 +303,6 @@ void Simplex::repairSigns() {
     }
   }
   m_rhsNonNegative = true;
-}
-
-// With no right-hand side below 0 before the pivot, only the rows just changed can need a turn:
-// the pivot row is divided by a positive p.
-void Simplex::repairSignsAfterPivot() {
-  if (!m_rhsNonNegative) {
-    repairSigns();
-    return;
-  }
-  const int rhs = m_tableau.rhsSlot();
-  for (int i : m_factorRows) {
-    if (i > m_n + 3) break;
-    if (m_tableau.row(i)[rhs] < 0) negateRow(i);
-  }
 }
 
 void Simplex::fail(const char* text) {

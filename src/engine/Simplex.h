@@ -68,7 +68,6 @@ class Simplex {
   void eliminate(int r, int c, int lastRow);
   void negateRow(int i);
   void repairSigns();
-  void repairSignsAfterPivot();
   // Ratio test, pivot and sign repair after it on rows 1..lastRow.
   bool pivot(int c, int lastRow, const char* failure);
   bool phase2Passes(bool minimum);
