@@ -56,6 +56,35 @@ class GlpkProgramme {
   GlpkProgramme(const GlpkProgramme&) = delete;
   GlpkProgramme& operator=(const GlpkProgramme&) = delete;
 
+  // Sets the starting basis a reported composition implies: shares strictly between their
+  // bounds basic, the others at the bound they sit on, rows basic while fewer than three
+  // shares are. Only the start changes: GLPK prices and pivots on its own from there, and a
+  // start it cannot factorise gives way to its standard basis.
+  void startFrom(const OptimisationProblem& problem, const std::vector<double>& percent) {
+    constexpr double kAtBound = 1e-9;
+    if (m_triviallyInfeasible || static_cast<int>(percent.size()) < m_n) return;
+    int basic = 0;
+    for (int j = 1; j <= m_n; ++j) {
+      const double share = percent[j - 1] / 100;
+      int status = GLP_BS;
+      if (glp_get_col_type(m_lp, j) == GLP_FX) {
+        status = GLP_NS;
+      } else if (share <= kAtBound) {
+        status = GLP_NL;
+      } else if (share >= problem.maxInclusion[j - 1] / 100 - kAtBound) {
+        status = GLP_NU;
+      }
+      basic += status == GLP_BS;
+      glp_set_col_stat(m_lp, j, status);
+    }
+    for (int i = 1; i <= 3; ++i) {
+      const bool rowBasic = basic < 3;
+      glp_set_row_stat(m_lp, i, rowBasic ? GLP_BS : GLP_NS);
+      basic += rowBasic;
+    }
+    m_warm = true;
+  }
+
   // Later calls start from the basis the earlier ones left.
   GlpkSolution solve(bool exact) {
     GlpkSolution solution;
@@ -67,7 +96,12 @@ class GlpkProgramme {
     glp_init_smcp(&parm);
     parm.msg_lev = GLP_MSG_OFF;
     parm.presolve = GLP_OFF;
-    const int code = exact ? glp_exact(m_lp, &parm) : glp_simplex(m_lp, &parm);
+    int code = exact ? glp_exact(m_lp, &parm) : glp_simplex(m_lp, &parm);
+    if (m_warm && (code == GLP_EBADB || code == GLP_ESING || code == GLP_ECOND)) {
+      glp_std_basis(m_lp);
+      code = exact ? glp_exact(m_lp, &parm) : glp_simplex(m_lp, &parm);
+    }
+    m_warm = false;
     if (code != 0) return solution;
     const int status = glp_get_status(m_lp);
     if (status == GLP_NOFEAS) {
@@ -86,6 +120,7 @@ class GlpkProgramme {
   glp_prob* m_lp = nullptr;
   int m_n = 0;
   bool m_triviallyInfeasible = false;
+  bool m_warm = false;  // the next solve starts from a basis of our making
 };
 
 std::string variableName(const OptimisationProblem& problem, const std::vector<std::string>& names,
@@ -199,15 +234,15 @@ ConstraintViolation largestViolation(const OptimisationProblem& problem,
   for (int j = 0; j < n && j < static_cast<int>(compositionPercent.size()); ++j)
     x[j] = compositionPercent[j] / 100;
 
+  // The texts are made for the worst violation alone: a run checks every bound.
   ConstraintViolation worst;
-  auto consider = [&](ConstraintKind kind, int variable, std::string name, double amount,
-                      double percentFactor) {
+  double percentFactor = 1;
+  auto consider = [&](ConstraintKind kind, int variable, double amount, double factor) {
     if (!(amount > worst.amount)) return;
     worst.kind = kind;
     worst.variable = variable;
-    worst.constraint = std::move(name);
     worst.amount = amount;
-    worst.percent = amount * percentFactor;
+    percentFactor = factor;
   };
 
   double lipid = 0, protein = 0, sum = 0;
@@ -216,16 +251,27 @@ ConstraintViolation largestViolation(const OptimisationProblem& problem,
     protein += problem.protein[j] * x[j];
     sum += x[j];
   }
-  consider(ConstraintKind::Lipid, 0, "crude lipid", std::fabs(lipid - problem.lipidTarget), 1);
-  consider(ConstraintKind::Protein, 0, "crude protein", std::fabs(protein - problem.proteinTarget),
-           1);
-  consider(ConstraintKind::Sum, 0, "sum of shares", std::fabs(sum - 1), 100);
+  consider(ConstraintKind::Lipid, 0, std::fabs(lipid - problem.lipidTarget), 1);
+  consider(ConstraintKind::Protein, 0, std::fabs(protein - problem.proteinTarget), 1);
+  consider(ConstraintKind::Sum, 0, std::fabs(sum - 1), 100);
   for (int j = 1; j <= n; ++j) {
     const double share = x[j - 1];
-    const std::string name = variableName(problem, variableNames, j);
-    consider(ConstraintKind::MaxInclusion, j, "maximum inclusion of " + name,
-             share - problem.maxInclusion[j - 1] / 100, 100);
-    consider(ConstraintKind::NonNegative, j, "share of " + name, -share, 100);
+    consider(ConstraintKind::MaxInclusion, j, share - problem.maxInclusion[j - 1] / 100, 100);
+    consider(ConstraintKind::NonNegative, j, -share, 100);
+  }
+  worst.percent = worst.amount * percentFactor;
+  switch (worst.kind) {
+    case ConstraintKind::None: break;
+    case ConstraintKind::Lipid: worst.constraint = "crude lipid"; break;
+    case ConstraintKind::Protein: worst.constraint = "crude protein"; break;
+    case ConstraintKind::Sum: worst.constraint = "sum of shares"; break;
+    case ConstraintKind::MaxInclusion:
+      worst.constraint =
+          "maximum inclusion of " + variableName(problem, variableNames, worst.variable);
+      break;
+    case ConstraintKind::NonNegative:
+      worst.constraint = "share of " + variableName(problem, variableNames, worst.variable);
+      break;
   }
   return worst;
 }
@@ -245,6 +291,7 @@ CheckResult checkOptimum(const OptimisationProblem& problem, Criterion criterion
   if (result.solvable)
     check.largestViolation = largestViolation(problem, result.composition, variableNames);
   GlpkProgramme programme(problem, criterion);
+  if (result.solvable) programme.startFrom(problem, result.composition);
   const GlpkSolution fast = programme.solve(false);
   if (fast.ran) {
     adopt(check, fast);

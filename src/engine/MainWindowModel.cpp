@@ -346,7 +346,8 @@ void MainWindowModel::Rechnen() {
   result.pivotFailure.clear();
   result.pivots = 0;
   pescavo::Rechnen(problem, criterion(), tableau, result);
-  check = checkOptimum(problem, criterion(), result, variableNames());
+  fillVariableNames(m_variableNames);
+  check = checkOptimum(problem, criterion(), result, m_variableNames);
   checkSentence = mainWindowSentence(check, criterion(), decimalSeparator);
 }
 
@@ -357,13 +358,20 @@ std::string MainWindowModel::resultStatement() const {
 
 std::vector<std::string> MainWindowModel::variableNames() const {
   std::vector<std::string> names;
-  for (int j = 0; j < problem.chosenCount && j < static_cast<int>(fischfutter2.size()); ++j)
-    names.push_back(fischfutter2[j].text);
-  names.resize(problem.chosenCount);
-  if (problem.pc) names.push_back("PC");
-  if (problem.cc) names.push_back("CC");
-  if (problem.f) names.push_back("F");
+  fillVariableNames(names);
   return names;
+}
+
+// Assigned in place, so that a vector kept from run to run reuses its strings' storage.
+void MainWindowModel::fillVariableNames(std::vector<std::string>& names) const {
+  const int chosen = problem.chosenCount;
+  names.resize(chosen + problem.pc + problem.cc + problem.f);
+  for (int j = 0; j < chosen; ++j)
+    names[j] = j < static_cast<int>(fischfutter2.size()) ? fischfutter2[j].text : std::string();
+  int k = chosen;
+  if (problem.pc) names[k++] = "PC";
+  if (problem.cc) names[k++] = "CC";
+  if (problem.f) names[k++] = "F";
 }
 
 }  // namespace pescavo

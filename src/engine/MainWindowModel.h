@@ -81,6 +81,8 @@ class MainWindowModel {
   void indexAvailableTexts();
   int availablePosition(const std::string& text) const;  // -1 when none has the text
   std::vector<int> m_textSlots;
+  void fillVariableNames(std::vector<std::string>& names) const;
+  std::vector<std::string> m_variableNames;  // of the last Rechnen, for its check
 
   // Any change of selection or option withdraws the result shown.
   template <typename T>
