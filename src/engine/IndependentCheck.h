@@ -5,7 +5,7 @@
 // assessors file these figures, so each result is set beside the optimum of an independent
 // LP solver (GLPK's primal simplex, a disagreement confirmed by its exact rational simplex).
 // GLPK starts from the basis the reported composition implies; it factorises, prices and
-// pivots on its own from there, so a right result costs it no pivot and a wrong one is left.
+// pivots on its own from there: a right result costs it no pivot, a wrong one is pivoted away.
 //
 // Agreement: both call the programme infeasible, or both find it feasible, the burdens
 // agree to kBurdenRelative * |true| + kBurdenAbsolute, and the reported composition meets

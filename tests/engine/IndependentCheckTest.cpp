@@ -161,6 +161,11 @@ TEST(CrossCheck, EngineAgainstGlpkOnSeededProblems) {
     SCOPED_TRACE("problem " + std::to_string(k) + ": " + line);
     // A disagreement rests on the exact rational simplex, never on round-off alone.
     EXPECT_TRUE(check.verdict == CheckVerdict::Agrees || check.exactConfirmed);
+    // Started from the method's basis, GLPK still ends where it ends from its own.
+    const GlpkSolution cold = solveWithGlpk(problem, criterion);
+    EXPECT_EQ(check.trueFeasible, cold.feasible);
+    EXPECT_NEAR(check.trueOptimum, cold.optimum,
+                kBurdenRelative * std::fabs(cold.optimum) + kBurdenAbsolute);
     // A feed that meets every constraint proves the programme feasible, its burden is the one
     // stated, whatever basis the method ends in, and it cannot beat the true optimum.
     if (!result.solvable || check.largestViolation.amount > kConstraintTolerance) continue;
