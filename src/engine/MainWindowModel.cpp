@@ -286,22 +286,29 @@ void MainWindowModel::Laden() {
   problem.maxInclusion.assign(capacity, 0.0);
   problem.dryMatter.assign(capacity, 0.0);
   problem.ifnCode.resize(capacity);
-  for (std::string& code : problem.ifnCode) code.clear();
+  for (int p = chosen; p < capacity; ++p) problem.ifnCode[p].clear();
 
+  // Runs repeat with the same lists: a text already equal is not copied again.
+  const auto copy = [](std::string& to, const std::string& from) {
+    if (!sameText(to, from)) to = from;
+  };
   indexAvailableTexts();
   for (int p = 0; p < chosen; ++p) {
     const int q = availablePosition(fischfutter2[p].text);
-    if (q < 0) continue;  // an entry without a match keeps zeros
-    fischfutter2[p].commodity = fischfutter1[q].commodity;
-    fischfutter2[p].kategorie = fischfutter1[q].kategorie;
-    fischfutter2[p].artSchadstoffwert = fischfutter1[q].artSchadstoffwert;
+    if (q < 0) {  // an entry without a match keeps zeros
+      problem.ifnCode[p].clear();
+      continue;
+    }
+    copy(fischfutter2[p].commodity, fischfutter1[q].commodity);
+    copy(fischfutter2[p].kategorie, fischfutter1[q].kategorie);
+    copy(fischfutter2[p].artSchadstoffwert, fischfutter1[q].artSchadstoffwert);
     const WorkingSetEntry& entry = workingSet[q];
     problem.lipid[p] = entry.lipid;
     problem.protein[p] = entry.protein;
     problem.residue[p] = entry.residue;
     problem.maxInclusion[p] = fischarten == 0 ? entry.maxCarp : entry.maxTrout;
     problem.dryMatter[p] = entry.dm;
-    problem.ifnCode[p] = entry.ifnCode;
+    copy(problem.ifnCode[p], entry.ifnCode);
   }
 
   const FishSpecies& target = species.at(fischarten);

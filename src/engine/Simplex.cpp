@@ -57,7 +57,6 @@ void Simplex::ErstelleSimplextableau1() {
   t.reset(n);
   m_rhsNonNegative = false;
   m_factorRows.reserve(n + 5);
-  const int rhs = t.rhsSlot();
   double* lipid = t.row(1);
   double* protein = t.row(2);
   double* sum = t.row(3);
@@ -69,16 +68,18 @@ void Simplex::ErstelleSimplextableau1() {
     sum[j - 1] = 1;
     residue[j - 1] = entry(m_problem.residue, j);
   }
-  lipid[rhs] = m_problem.lipidTarget;
-  protein[rhs] = m_problem.proteinTarget;
-  sum[rhs] = 1;
-  residue[rhs] = 0;
+  double* rhs = t.rhs.data();
+  rhs[1] = m_problem.lipidTarget;
+  rhs[2] = m_problem.proteinTarget;
+  rhs[3] = 1;
+  rhs[n + 4] = 0;
   // The phase-1 objective sums rows 1..3 from 0, in that order.
-  for (int k = 0; k <= rhs; ++k) phase1[k] = ((0.0 + lipid[k]) + protein[k]) + sum[k];
+  for (int k = 0; k < n; ++k) phase1[k] = ((0.0 + lipid[k]) + protein[k]) + sum[k];
+  rhs[n + 5] = ((0.0 + rhs[1]) + rhs[2]) + rhs[3];
   for (int i = 1; i <= 3; ++i) t.basicValue[i] = unit(i, i);
   for (int j = 1; j <= n; ++j) {
     t.boundUnit[j - 1] = unit(j, j);
-    t.boundRhs[j - 1] = entry(m_problem.maxInclusion, j) / 100;
+    rhs[3 + j] = entry(m_problem.maxInclusion, j) / 100;
     t.basicValue[3 + j] = unit(j, j);
     t.residueCopy[j - 1] = entry(m_problem.residue, j);
   }
@@ -87,7 +88,7 @@ void Simplex::ErstelleSimplextableau1() {
 void Simplex::Hilfsproblemloesen() {
   m_result.solvable = true;
   if (!phase1Passes()) return;
-  if (std::fabs(m_tableau.row(m_n + 5)[m_tableau.rhsSlot()]) < kFeasibilityTolerance) {
+  if (std::fabs(m_tableau.rhs[m_n + 5]) < kFeasibilityTolerance) {
     ErstelleSimplextableau2();
   } else {
     m_result.solvable = false;
@@ -127,7 +128,10 @@ void Simplex::ErstelleSimplextableau2() {
   // The row is oriented by the criterion, not by the sign of its right-hand side: when only
   // uncontaminated variables are basic that sign is 0 or round-off and says nothing.
   const bool minimum = m_criterion == Criterion::Minimum;
-  if (minimum) negate(m_tableau.row(n + 4), m_tableau.rhsSlot() + 1);
+  if (minimum) {
+    negate(m_tableau.row(n + 4), n);
+    m_tableau.rhs[n + 4] = -m_tableau.rhs[n + 4];
+  }
   if (!phase2Passes(minimum)) return;
   readOut(minimum);
 }
@@ -168,20 +172,18 @@ bool Simplex::pivot(int c, int lastRow, const char* failure) {
 void Simplex::readOut(bool minimum) {
   const int n = m_n;
   const SimplexTableau& t = m_tableau;
-  const int rhs = t.rhsSlot();
   // A basis entry can name any column up to 2n + 3 (slacks, and artificials left basic at 0),
   // so the working vector covers them all; readers use positions 1..n, kept are 1..n + 3.
   std::vector<double> composition(2 * n + 3, 0.0);
   for (int i = 1; i <= n + 3; ++i) {
     const int column = t.basis[i];
     if (column >= 1 && column <= 2 * n + 3) {
-      const double value = t.stored(i) ? t.row(i)[rhs] : t.boundRhs[i - 4];
-      composition[column - 1] = value * kPercent;
+      composition[column - 1] = t.rhs[i] * kPercent;
     }
   }
   composition.resize(n + 3);
   m_result.composition = std::move(composition);
-  const double objective = t.row(n + 4)[rhs];
+  const double objective = t.rhs[n + 4];
   m_result.burden = minimum ? objective : -objective;
 }
 
@@ -191,7 +193,6 @@ int Simplex::ratioTest(int c) {
   SimplexTableau& t = m_tableau;
   const int n = m_n;
   const int slot = t.slotOf[c];
-  const int rhs = t.rhsSlot();
   const int unstored = c <= n && !t.stored(3 + c) ? 3 + c : 0;
   double best = kRatioBound;
   m_pivotRow = 1;
@@ -205,15 +206,8 @@ int Simplex::ratioTest(int c) {
     while (bits != 0) {
       const int i = static_cast<int>(w * 64) + __builtin_ctzll(bits);
       bits &= bits - 1;
-      double a, b;
-      if (i == unstored) {
-        a = t.boundUnit[c - 1];
-        b = t.boundRhs[c - 1];
-      } else {
-        const double* row = t.row(i);
-        a = row[slot];
-        b = row[rhs];
-      }
+      const double a = i == unstored ? t.boundUnit[c - 1] : t.row(i)[slot];
+      const double b = t.rhs[i];
       if (a != 0) m_factorRows.push_back(i);
       if (a > 0) {
         const double q = b / a;
@@ -250,18 +244,18 @@ __attribute__((target_clones("avx512f", "avx2", "default"))) void divideRange(
 void Simplex::eliminate(int r, int c, int lastRow) {
   SimplexTableau& t = m_tableau;
   const int slot = t.slotOf[c];
-  const int rhs = t.rhsSlot();
+  double* rhs = t.rhs.data();
   double* pivot = t.row(r);
   const double p = pivot[slot];
   // The pivot row's non-zero cells lie in [first, last); the pivot cell itself is one. A row
   // still as laid out holds just that cell, most others hold few zeros in between.
   int first = 0;
   while (pivot[first] == 0) ++first;
-  int last = rhs;
+  int last = m_n;
   while (pivot[last - 1] == 0) --last;
   // x / 1 is x: a row still as laid out, or the sum row, is left as it is.
   if (p != 1) divideRange(pivot, p, first, last);
-  pivot[rhs] = pivot[rhs] / p;
+  rhs[r] = rhs[r] / p;
   const double leaving = t.basicValue[r] / p;
   // The constraint rows with a factor were noted by the ratio test; the objective rows follow.
   for (int i = m_n + 4; i <= lastRow; ++i) {
@@ -272,11 +266,11 @@ void Simplex::eliminate(int r, int c, int lastRow) {
     double* row = t.row(i);
     const double minusF = -row[slot];
     addMultiple(row, pivot, minusF, first, last);
-    row[rhs] = row[rhs] + minusF * pivot[rhs];
+    rhs[i] = rhs[i] + minusF * rhs[r];
     row[slot] = minusF * leaving;
     // The sign repair after the pivot, while the row is at hand: with no right-hand side below
     // 0 before, only the rows just changed can need a turn (the pivot row is divided by p > 0).
-    if (m_rhsNonNegative && i <= m_n + 3 && row[rhs] < 0) negateRow(i);
+    if (m_rhsNonNegative && i <= m_n + 3 && rhs[i] < 0) negateRow(i);
   }
   pivot[slot] = leaving;
   t.basicValue[r] = p / p;
@@ -287,18 +281,16 @@ void Simplex::eliminate(int r, int c, int lastRow) {
 }
 
 void Simplex::negateRow(int i) {
-  negate(m_tableau.row(i), m_tableau.rhsSlot() + 1);
+  negate(m_tableau.row(i), m_n);
+  m_tableau.rhs[i] = -m_tableau.rhs[i];
   m_tableau.basicValue[i] = -m_tableau.basicValue[i];
 }
 
 void Simplex::repairSigns() {
   SimplexTableau& t = m_tableau;
-  const int rhs = t.rhsSlot();
   for (int i = 1; i <= m_n + 3; ++i) {
-    if (t.stored(i)) {
-      if (t.row(i)[rhs] < 0) negateRow(i);
-    } else if (t.boundRhs[i - 4] < 0) {
-      t.store(i);
+    if (t.rhs[i] < 0) {
+      if (!t.stored(i)) t.store(i);
       negateRow(i);
     }
   }

@@ -8,7 +8,7 @@ void SimplexTableau::reset(int n) {
   if (n < 0) n = 0;
   m_n = n;
   // Rows start on a 64-byte boundary of the vector's storage, so whole rows load in vectors.
-  m_stride = (n + 1 + 7) / 8 * 8;
+  m_stride = (n + 7) / 8 * 8;
   m_cells.resize(static_cast<std::size_t>(n + 5) * m_stride);
   m_stored.assign((n + 4 + 63) / 64, 0);
   for (int i = 1; i <= 3; ++i) markStored(i);
@@ -19,8 +19,8 @@ void SimplexTableau::reset(int n) {
   slotOf.assign(2 * n + 4, -1);
   for (int j = 1; j <= n; ++j) slotOf[j] = j - 1;
   basicValue.assign(n + 4, 0.0);
+  rhs.assign(n + 6, 0.0);
   boundUnit.assign(n, 0.0);
-  boundRhs.assign(n, 0.0);
   residueCopy.assign(n, 0.0);
 }
 
@@ -30,12 +30,11 @@ void SimplexTableau::store(int i) {
   const int j = i - 3;
   // While the row is untouched x(j) cannot have entered: its pivot would have reached the row.
   if (boundUnit[j - 1] != 0) cells[slotOf[j]] = boundUnit[j - 1];
-  cells[m_n] = boundRhs[j - 1];
   markStored(i);
 }
 
 double SimplexTableau::operator()(int i, int k) const {
-  if (k == 2 * m_n + 4) return stored(i) ? row(i)[m_n] : boundRhs[i - 4];
+  if (k == 2 * m_n + 4) return rhs[i];
   const int slot = slotOf[k];
   if (slot < 0) return i <= m_n + 3 && basis[i] == k ? basicValue[i] : 0.0;
   if (stored(i)) return row(i)[slot];

@@ -8,9 +8,10 @@ namespace pescavo {
 // The two-phase tableau of n variables: rows 1..n + 5, columns 1..2n + 4 (see Simplex.h).
 //
 // Only what a pivot can change is stored. A basic column is 0 outside its own row, so it keeps
-// just that one value (basicValue); the n non-basic columns and the right-hand side sit in
-// slots 0..n of a row. An upper-bound row that no pivot or sign repair has reached yet still
-// reads x(j) + s(j) = maxInclusion(j) / 100 and is written out only when one first does.
+// just that one value (basicValue); the n non-basic columns sit in slots 0..n - 1 of a row, the
+// right-hand side in a column of its own. An upper-bound row that no pivot or sign repair has
+// reached yet still reads x(j) + s(j) = maxInclusion(j) / 100 and its slots are written out
+// only when one first does.
 class SimplexTableau {
  public:
   // Sizes the tableau for n variables: x(1..n) in slots 0..n - 1, the slacks and artificials
@@ -22,12 +23,11 @@ class SimplexTableau {
   // Cell (i, k) of the whole phase-1 tableau, 1-based, as the stored form implies it.
   double operator()(int i, int k) const;
 
-  int rhsSlot() const { return m_n; }
   double* row(int i) { return &m_cells[static_cast<std::size_t>(i - 1) * m_stride]; }
   const double* row(int i) const { return &m_cells[static_cast<std::size_t>(i - 1) * m_stride]; }
   bool stored(int i) const { return i > m_n + 3 || (m_stored[i >> 6] >> (i & 63) & 1); }
   void markStored(int i) { m_stored[i >> 6] |= std::uint64_t{1} << (i & 63); }
-  // Writes upper-bound row i out as it was laid out.
+  // Writes the slots of upper-bound row i out as they were laid out.
   void store(int i);
   // Words of the stored-row bit set, bit i for row i (rows 1..n + 3).
   const std::vector<std::uint64_t>& storedRows() const { return m_stored; }
@@ -36,10 +36,9 @@ class SimplexTableau {
   std::vector<double> residueCopy;  // index j - 1: objective coefficient of variable j
   std::vector<int> slotOf;          // slotOf[k]: slot of column k, -1 while k is basic
   std::vector<double> basicValue;   // basicValue[i]: the basic column's value in row i
-  // Upper-bound row of variable j, index j - 1, as laid out: the coefficient of x(j) and of
-  // s(j), and the right-hand side.
+  std::vector<double> rhs;          // rhs[i]: right-hand side of row i; [0] unused
+  // Upper-bound row of variable j, index j - 1, as laid out: the coefficient of x(j) and s(j).
   std::vector<double> boundUnit;
-  std::vector<double> boundRhs;
 
  private:
   int m_n = 0;
