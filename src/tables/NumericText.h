@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -20,6 +21,12 @@ std::string generalForm(double value, char decimalSeparator);
 // format is "0", "0.0", "0.00" or "0.000"; rounds half away from zero on the value as
 // written with 15 significant digits.
 std::string fixedForm(double value, std::string_view format, char decimalSeparator);
+
+// For writers of long texts: fixedForm's text written at out, which has room for
+// kFixedFormRoom characters; returns its length, or 0 for the values it leaves to fixedForm
+// (not finite, magnitudes from 1e15 up, more than three decimals).
+constexpr std::size_t kFixedFormRoom = 24;
+std::size_t writeFixedForm(char* out, double value, std::string_view format, char decimalSeparator);
 
 // Key filter of the numeric editors. Returns the key the editor should see, or nothing
 // when the key is swallowed; a comma appends "." to text and moves caret to the end.

@@ -2,9 +2,14 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
 #include <random>
 #include <string>
 #include <tuple>
+#include <vector>
 
 #include "tables/NumericText.h"
 
@@ -58,6 +63,91 @@ TEST(GeneralForm, RandomRoundTrips) {
       const std::string mantissa = text.substr(0, text.find('E'));
       const auto first = mantissa.begin() + mantissa.find_first_of("123456789");
       ASSERT_LE(std::count_if(first, mantissa.end(), ::isdigit), 15) << text;
+    }
+  }
+}
+
+// fixedForm written out plainly: printf's 15 significant digits, then half away from zero on
+// the digit string.
+std::string referenceFixed(double value, int decimals, char separator) {
+  char text[64];
+  std::snprintf(text, sizeof text, "%.14e", std::fabs(value));
+  std::string digits = text[0] + std::string(text + 2, 14);
+  int point = std::atoi(std::strchr(text, 'e') + 1) + 1;  // digits before the point
+  if (point <= 0) {
+    digits.insert(0, static_cast<std::size_t>(1 - point), '0');
+    point = 1;
+  }
+  if (digits.size() < static_cast<std::size_t>(point + decimals + 1))
+    digits.resize(static_cast<std::size_t>(point + decimals + 1), '0');
+  std::string kept = "0" + digits.substr(0, static_cast<std::size_t>(point + decimals));
+  if (digits[static_cast<std::size_t>(point + decimals)] >= '5') {
+    std::size_t k = kept.size() - 1;
+    for (; kept[k] == '9'; --k) kept[k] = '0';
+    ++kept[k];
+  }
+  const std::size_t integerEnd = kept.size() - static_cast<std::size_t>(decimals);
+  const std::size_t first = std::min(kept.find_first_not_of('0'), integerEnd - 1);
+  std::string result = value < 0 && kept.find_first_not_of('0') != std::string::npos ? "-" : "";
+  result += kept.substr(first, integerEnd - first);
+  if (decimals > 0) result += separator + kept.substr(integerEnd);
+  return result;
+}
+
+// Random bit patterns, decimal fractions, values a hair from a rounding tie, exact ties at the
+// 15th digit, and the edges of the range held in integers (1e-8 and 1e15); writeFixedForm,
+// where it writes, writes the same.
+TEST(FixedForm, MatchesThePlainDefinition) {
+  std::mt19937_64 random(20261123);
+  std::vector<double> values = {0.0, -0.0, 5e-324, 1.7976931348623157e308};
+  for (const double edge : {1e-8, 1e15, 999999999999999.5, 0.0005, 0.995, 99.995}) {
+    double below = edge, above = edge;
+    for (int k = 0; k < 200; ++k) {
+      values.push_back(below = std::nextafter(below, 0.0));
+      values.push_back(above = std::nextafter(above, 1e300));
+    }
+  }
+  for (int k = 0; k < 40000; ++k) {
+    double value = 0;
+    switch (k % 5) {
+      case 0: {
+        const std::uint64_t bits = random();
+        std::memcpy(&value, &bits, sizeof value);
+        break;
+      }
+      case 1:
+        value =
+            std::ldexp(static_cast<double>(random() >> 11), static_cast<int>(random() % 130) - 110);
+        break;
+      case 2:
+        value = static_cast<double>(random() % 2000000000000000) / std::pow(10.0, random() % 20);
+        break;
+      case 3:
+        value = (static_cast<double>(random() % 1000000) + 0.5) / std::pow(10.0, random() % 8);
+        break;
+      case 4: {  // an odd multiple of 2^-places with 16 significant digits: a tie at the 15th
+        const int places = 1 + static_cast<int>(random() % 10);
+        const auto low =
+            static_cast<std::uint64_t>(std::ldexp(std::pow(10.0, 15 - places), places));
+        const std::uint64_t odd = (low + random() % (8 * low)) | 1;
+        value = std::ldexp(static_cast<double>(odd), -places);
+        break;
+      }
+    }
+    values.push_back(k % 2 ? -value : value);
+  }
+  const char* const formats[] = {"0", "0.0", "0.00", "0.000"};
+  for (const double value : values) {
+    if (!std::isfinite(value)) continue;
+    for (int decimals = 0; decimals < 4; ++decimals) {
+      const char separator = decimals % 2 ? ',' : '.';
+      const std::string expected = referenceFixed(value, decimals, separator);
+      ASSERT_EQ(fixedForm(value, formats[decimals], separator), expected) << std::hexfloat << value;
+      char written[kFixedFormRoom];
+      const std::size_t length = writeFixedForm(written, value, formats[decimals], separator);
+      if (length != 0) {
+        ASSERT_EQ(std::string(written, length), expected);
+      }
     }
   }
 }
