@@ -111,12 +111,13 @@ void BM_SweepFiles(benchmark::State& state) {
   auto model = sweepModel(dialogs, static_cast<int>(state.range(0)));
   Optimierung2_Click(*model);
   const std::string section = model->report.richText;
+  const std::string sectionLine = section + "\r\n";
   const std::string txt = reportTxtPath(*model);
   const std::string rtf = reportRtfPath(*model);
   for (auto _ : state) {
     txt_WriteAll(txt, " ");
     for (int run = 0; run < kScenarioRuns; ++run) {
-      txt_AppendLine(txt, section);
+      txt_Append(txt, sectionLine);
       RtfWriter::save(rtf, RtfWriter::document(section));
     }
   }

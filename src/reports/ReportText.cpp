@@ -1,9 +1,8 @@
 #include "reports/ReportText.h"
 
 #include <algorithm>
+#include <cstring>
 #include <filesystem>
-#include <initializer_list>
-#include <string_view>
 
 #include "engine/MainWindowModel.h"
 #include "reports/Credits.h"
@@ -22,159 +21,163 @@ const std::string kDashRule(70, '-');
 // The four places a pseudo-component is named; the label spellings differ on purpose.
 enum class PseudoLine { MaxContent, DryMatterResidue, Composition, Load };
 
+// A figure written in place with the report's decimal separator.
+struct Figure {
+  double value;
+  const char* format;
+};
+
 class SectionWriter {
  public:
   SectionWriter(const ReportValues& values, char separator, std::string& out)
       : m_values(values),
         m_separator(separator),
-        m_out(out),
-        m_hundred(fixed(100, "0.00")),
-        m_zero(fixed(0, "0.000")),
-        m_fishmealLabel("Fish meal (" + fixed(values.fishmealProtein, "0.00") + "% protein, " +
-                        fixed(values.fishmealLipid, "0.00") + "% lipid)") {}
+        m_out(out, 512 + 320 * (values.components.size() + values.pseudos.size())) {}
 
   double write() {
     writeInput();
-    return writeResults();
+    const double sum = writeResults();
+    m_out.finish();
+    return sum;
   }
 
  private:
-  std::string fixed(double value, const char* format) const {
-    return fixedForm(value, format, m_separator);
+  template <std::size_t N>
+  void put(const char (&text)[N]) {
+    m_out.append(text);
+  }
+  void put(const std::string& text) { m_out.append(text); }
+  void put(const Figure& figure) {
+    char* const room = m_out.room(kFixedFormRoom);
+    if (const std::size_t length = writeFixedForm(room, figure.value, figure.format, m_separator))
+      m_out.commit(room + length);
+    else
+      put(fixedForm(figure.value, figure.format, m_separator));
   }
 
-  // Pieces are appended in place: the report of a large feed has hundreds of lines.
-  void line(std::initializer_list<std::string_view> pieces) {
-    for (std::string_view piece : pieces) m_out += piece;
-    m_out += kCrLf;
+  template <typename... Pieces>
+  void line(const Pieces&... pieces) {
+    (put(pieces), ...);
+    put("\r\n");
   }
 
   void writeInput() {
     const ReportValues& v = m_values;
-    m_out.reserve(m_out.size() + 512 + 300 * (v.components.size() + v.pseudos.size()));
-    line({"INPUT"});
-    line({"====="});
-    line({});
-    line({"Target content for ", v.speciesName, ":"});
-    line({" Crude fat\t", fixed(v.lipidTarget, "0.00"), "%"});
-    line({" Crude protein\t", fixed(v.proteinTarget, "0.00"), "%"});
-    line({});
-    line({"Maximum principal content of components in the diet:"});
+    line("INPUT");
+    line("=====");
+    line();
+    line("Target content for ", v.speciesName, ":");
+    line(" Crude fat\t", Figure{v.lipidTarget, "0.00"}, "%");
+    line(" Crude protein\t", Figure{v.proteinTarget, "0.00"}, "%");
+    line();
+    line("Maximum principal content of components in the diet:");
     for (const ReportComponent& c : v.components)
-      line({" ", c.name, "\t", fixed(c.maxInclusion, "0.00"), "%"});
+      line(" ", c.name, "\t", Figure{c.maxInclusion, "0.00"}, "%");
     pseudoLines(PseudoLine::MaxContent);
-    line({});
-    line({"Percent dry matter of components:"});
+    line();
+    line("Percent dry matter of components:");
     for (const ReportComponent& c : v.components) {
       if (c.dryMatter == 0)
-        line({" ", c.name, "\t-"});
+        line(" ", c.name, "\t-");
       else
-        line({" ", c.name, "\t", fixed(c.dryMatter, "0.0"), "%"});
+        line(" ", c.name, "\t", Figure{c.dryMatter, "0.0"}, "%");
     }
-    line({});
-    line({v.substance, " residues in the components:"});
+    line();
+    line(v.substance, " residues in the components:");
     for (const ReportComponent& c : v.components) {
       const double asEntered = c.dryMatter != 0 ? c.residue * c.dryMatter / 100 : c.residue;
-      line({" ", c.name, "\t", fixed(asEntered, "0.000"), " mg/kg (", c.basisLabel, ")"});
+      line(" ", c.name, "\t", Figure{asEntered, "0.000"}, " mg/kg (", c.basisLabel, ")");
     }
-    line({});
-    line({});
-    line({v.substance, " residues in the components (dry matter):"});
-    for (const ReportComponent& c : v.components) {
-      line({" ", c.name, "\t", fixed(c.residue, "0.000"), " mg/kg (", c.basisLabel,
-            " \\dry matter)"});
-    }
+    line();
+    line();
+    line(v.substance, " residues in the components (dry matter):");
+    for (const ReportComponent& c : v.components)
+      line(" ", c.name, "\t", Figure{c.residue, "0.000"}, " mg/kg (", c.basisLabel,
+           " \\dry matter)");
     pseudoLines(PseudoLine::DryMatterResidue);
-    line({});
-    line({});
+    line();
+    line();
   }
 
   double writeResults() {
     const ReportValues& v = m_values;
-    line({"RESULTS"});
-    line({"======="});
-    line({});
-    line({v.criterionText, " dietary burden based on ", v.substance, " is ",
-          fixed(v.burden, "0.000"), " mg/kg (dry matter)."});
-    line({});
-    line({"The respective composition of the feed is:"});
+    line("RESULTS");
+    line("=======");
+    line();
+    line(v.criterionText, " dietary burden based on ", v.substance, " is ",
+         Figure{v.burden, "0.000"}, " mg/kg (dry matter).");
+    line();
+    line("The respective composition of the feed is:");
     for (const ReportComponent& c : v.components)
-      line({" ", c.name, "\t", fixed(c.share, "0.00"), "%"});
+      line(" ", c.name, "\t", Figure{c.share, "0.00"}, "%");
     pseudoLines(PseudoLine::Composition);
     m_burdenSum = burdenSum(v);
-    line({});
-    line({});
-    line({"The dietary load of ", v.substance, " caused by the individual components is:"});
+    line();
+    line();
+    line("The dietary load of ", v.substance, " caused by the individual components is:");
     for (const ReportComponent& c : v.components)
-      line({" ", c.name, "\t", fixed(loadShare(c, m_burdenSum), "0.00"), "%"});
+      line(" ", c.name, "\t", Figure{loadShare(c, m_burdenSum), "0.00"}, "%");
     pseudoLines(PseudoLine::Load);
     return m_burdenSum;
   }
 
   void pseudoLines(PseudoLine kind) {
-    const bool withAmount = kind == PseudoLine::Composition || kind == PseudoLine::Load;
     for (const ReportPseudo& pseudo : m_values.pseudos) {
-      const double value = kind == PseudoLine::Load ? loadShare(pseudo, m_burdenSum) : pseudo.share;
-      const std::string amount = withAmount ? fixed(value, "0.00") + "%" : std::string();
-      line({" ", pseudoLine(pseudo.kind, kind, amount)});
+      put(" ");
+      pseudoLabel(pseudo.kind, kind);
+      switch (kind) {
+        case PseudoLine::MaxContent:
+          line(Figure{100, "0.00"}, "%");
+          break;
+        case PseudoLine::DryMatterResidue:
+          line(Figure{0, "0.000"}, " mg/kg.");
+          break;
+        case PseudoLine::Composition:
+          line(Figure{pseudo.share, "0.00"}, "%");
+          break;
+        case PseudoLine::Load:
+          line(Figure{loadShare(pseudo, m_burdenSum), "0.00"}, "%");
+          break;
+      }
     }
   }
 
-  // amount is the share text of the composition and load lines.
-  std::string pseudoLine(PseudoKind pseudo, PseudoLine kind, const std::string& amount) const {
-    const std::string& hundred = m_hundred;
-    const std::string& zero = m_zero;
-    switch (pseudo) {
-      case PseudoKind::PC: {
-        const std::string& label = m_fishmealLabel;
-        if (kind == PseudoLine::MaxContent) return label + " " + hundred + "%";
-        if (kind == PseudoLine::DryMatterResidue) return label + "\t" + zero + " mg/kg.";
-        return label + "\t" + amount;
-      }
-      case PseudoKind::CC:
-        switch (kind) {
-          case PseudoLine::MaxContent:
-            return "CC (0.1% protein,0.1 % lipid) " + hundred + "%";
-          case PseudoLine::DryMatterResidue:
-            return "CC (0.1% protein, 0.1% lipid )\t" + zero + " mg/kg.";
-          case PseudoLine::Composition:
-            return "CC (0.1% protein, 0.1% lipid)\t" + amount;
-          case PseudoLine::Load:
-            return "CC (0.1 % protein, 0.1% lipid)\t" + amount;
-        }
-        break;
-      case PseudoKind::F:
-        switch (kind) {
-          case PseudoLine::MaxContent:
-            return "F (100 % lipid) " + hundred + "%";
-          case PseudoLine::DryMatterResidue:
-            return "F (100% lipid )\t" + zero + " mg/kg.";
-          case PseudoLine::Composition:
-            return "F(100% lipid)\t" + amount;
-          case PseudoLine::Load:
-            return "F (100% lipid)\t" + amount;
-        }
-        break;
+  // The name and what separates it from the figure.
+  void pseudoLabel(PseudoKind pseudo, PseudoLine kind) {
+    // By pseudo-component (CC, F) and list, in PseudoLine's order.
+    static const char* const kLabels[2][4] = {
+        {"CC (0.1% protein,0.1 % lipid) ", "CC (0.1% protein, 0.1% lipid )\t",
+         "CC (0.1% protein, 0.1% lipid)\t", "CC (0.1 % protein, 0.1% lipid)\t"},
+        {"F (100 % lipid) ", "F (100% lipid )\t", "F(100% lipid)\t", "F (100% lipid)\t"}};
+    if (pseudo == PseudoKind::PC) {
+      put("Fish meal (");
+      put(Figure{m_values.fishmealProtein, "0.00"});
+      put("% protein, ");
+      put(Figure{m_values.fishmealLipid, "0.00"});
+      put(kind == PseudoLine::MaxContent ? "% lipid) " : "% lipid)\t");
+      return;
     }
-    return std::string();
+    const char* const label = kLabels[pseudo == PseudoKind::CC ? 0 : 1][static_cast<int>(kind)];
+    m_out.append(label, std::strlen(label));
   }
 
   const ReportValues& m_values;
   char m_separator;
-  std::string& m_out;
+  TextAppender m_out;
   double m_burdenSum = 0;
-  // Written the same in every pseudo line: formatted once.
-  const std::string m_hundred;
-  const std::string m_zero;
-  const std::string m_fishmealLabel;
 };
 
 std::string block(const std::string& substance, const char* ending) {
-  std::string text = kDashRule + kCrLf + kCrLf;
-  text += "Pescavo concerning " + substance + kCrLf;
-  text += std::string(kCreditLine) + kCrLf;
-  text += std::string("(Version: ") + kBuildDate + ")" + kCrLf + kCrLf;
-  text += kDashRule + ending;
+  std::string text = kDashRule;
+  text += "\r\n\r\nPescavo concerning ";
+  text += substance;
+  text += kCrLf;
+  text += kCreditLine;
+  text += "\r\n(Version: ";
+  text += kBuildDate;
+  text += ")\r\n\r\n";
+  text += kDashRule;
+  text += ending;
   return text;
 }
 
@@ -182,10 +185,12 @@ std::string reportFile(const MainWindowModel& model, const char* name) {
   return (std::filesystem::path(model.report.reportFolder) / name).string();
 }
 
+// Report.txt takes the section and its line end in one write.
 void writeScenarioFiles(MainWindowModel& model) {
   ReportState& report = model.report;
+  report.bericht += kCrLf;
   try {
-    txt_AppendLine(reportTxtPath(model), report.bericht);
+    txt_Append(reportTxtPath(model), report.bericht);
   } catch (const ReportFileError& error) {
     reportFileFailure(model, error.what());
   }
@@ -217,7 +222,10 @@ void Berichtschreiben(MainWindowModel& model) {
     report.mainWindowEnabled = false;
     return;
   }
-  report.berichtNeu = titleBlock(values.substance) + report.bericht;
+  // Filled in place: the texts keep their storage from run to run.
+  report.berichtNeu.clear();
+  report.berichtNeu += titleBlock(values.substance);
+  report.berichtNeu += report.bericht;
   report.richText = report.bericht;
   writeScenarioFiles(model);
   report.bericht.clear();

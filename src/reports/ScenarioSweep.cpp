@@ -89,17 +89,22 @@ void tableHead(MainWindowModel& model) {
 void writeHeading(MainWindowModel& model, int k, int run) {
   ReportState& report = model.report;
   const Scenario& scenario = kScenarios[k - 1];
-  const std::string caption = MainWindowModel::kMrbdCaption;
-  report.bericht += kCrLf;
-  report.bericht += kHeadingRule + kCrLf + kCrLf;
-  report.bericht += "Scenario " + number(run, model.decimalSeparator);
+  const char* const caption = MainWindowModel::kMrbdCaption;
+  std::string& text = report.bericht;
+  text += kCrLf;
+  text += kHeadingRule;
+  text += "\r\n\r\nScenario ";
+  text += number(run, model.decimalSeparator);
   if (model.check2) {
-    report.bericht += std::string(scenario.headingOn) + " - " + caption + kCrLf;
+    text += scenario.headingOn;
+    text += " - ";
+    text += caption;
     report.scenarioCells[run][1] = std::string(scenario.cellOn) + " - " + caption;
   } else {
-    report.bericht += std::string(scenario.headingOff) + kCrLf;
+    text += scenario.headingOff;
     report.scenarioCells[run][1] = scenario.cellOff;
   }
+  text += kCrLf;
   report.scenarioAlignment[run][1] = kAlignLeft;
 }
 
@@ -172,14 +177,16 @@ bool Tabellezeichnen(MainWindowModel& model) {
       report.scenarioVerdictTooltips[run - 1] =
           verdictTooltip(model.check, model.criterion(), model.decimalSeparator);
       report.scenarioTrueOptima[run - 1] = trueOptimumCell(model.check, model.decimalSeparator);
-      report.bericht += std::string(kCrLf) + kCrLf;
-      report.bericht += kHeadingRule + kCrLf + kCrLf;
+      report.bericht += "\r\n\r\n";
+      report.bericht += kHeadingRule;
+      report.bericht += "\r\n\r\n";
       if (solved(model)) {
         Berichtschreiben(model);
         report.scenarioCells[run][2] =
             fixedForm(model.result.burden, "0.000", model.decimalSeparator);
       } else {
-        report.bericht += std::string(MainWindowModel::kNotSolvable) + kCrLf + kCrLf;
+        report.bericht += MainWindowModel::kNotSolvable;
+        report.bericht += "\r\n\r\n";
         report.scenarioCells[run][2] = "-";
       }
       report.scenarioAlignment[run][2] = kAlignCentre;
