@@ -1,11 +1,8 @@
 #include "engine/MainWindowModel.h"
 
-#include <cstdint>
-#include <cstring>
-#include <string_view>
-
 #include "engine/Simplex.h"
 #include "tables/NumericText.h"
+#include "tables/TextIndex.h"
 
 namespace pescavo {
 
@@ -16,79 +13,7 @@ const char* const kAllZero =
     "The residue values of substances are possiblibly all zero. Check the pollutants value and "
     "try again.";
 
-// Eight bytes at a time, and a final mix so that every byte reaches the low bits the table
-// uses: the texts are short and many runs hash them all.
-std::uint64_t textHash(std::string_view text) {
-  const char* bytes = text.data();
-  const std::size_t size = text.size();
-  std::uint64_t hash = size * 0x9E3779B97F4A7C15ULL;
-  const auto mix = [&hash](std::uint64_t word) { hash = (hash ^ word) * 0xC2B2AE3D27D4EB4FULL; };
-  const auto final = [&hash] {
-    hash ^= hash >> 33;
-    hash *= 0xFF51AFD7ED558CCDULL;
-    return hash ^ (hash >> 33);
-  };
-  std::uint64_t word = 0;
-  if (size < 8) {
-    for (std::size_t k = 0; k < size; ++k) word = word << 8 | static_cast<unsigned char>(bytes[k]);
-    mix(word);
-    return final();
-  }
-  std::size_t k = 0;
-  for (; k + 8 <= size; k += 8) {
-    std::memcpy(&word, bytes + k, 8);
-    mix(word);
-  }
-  // The last eight bytes, overlapping the words before when the size is not a multiple of 8.
-  if (k < size) {
-    std::memcpy(&word, bytes + size - 8, 8);
-    mix(word);
-  }
-  return final();
-}
-
-// Equality without a library call: most texts are a few words long.
-bool sameText(const std::string& a, const std::string& b) {
-  const std::size_t size = a.size();
-  if (size != b.size()) return false;
-  std::size_t k = 0;
-  for (; k + 8 <= size; k += 8) {
-    std::uint64_t x, y;
-    std::memcpy(&x, a.data() + k, 8);
-    std::memcpy(&y, b.data() + k, 8);
-    if (x != y) return false;
-  }
-  for (; k < size; ++k)
-    if (a[k] != b[k]) return false;
-  return true;
-}
-
 }  // namespace
-
-// Open addressing over positions + 1 (0 is empty), twice as many slots as texts or more.
-void MainWindowModel::indexAvailableTexts() {
-  std::size_t capacity = 16;
-  while (capacity < 2 * fischfutter1.size()) capacity *= 2;
-  m_textSlots.assign(capacity, 0);
-  const std::size_t mask = capacity - 1;
-  for (std::size_t q = 0; q < fischfutter1.size(); ++q) {
-    const std::string& text = fischfutter1[q].text;
-    std::size_t slot = textHash(text) & mask;
-    // Several available entries may share a display text: the last one wins.
-    while (m_textSlots[slot] != 0 && !sameText(fischfutter1[m_textSlots[slot] - 1].text, text))
-      slot = (slot + 1) & mask;
-    m_textSlots[slot] = static_cast<int>(q) + 1;
-  }
-}
-
-int MainWindowModel::availablePosition(const std::string& text) const {
-  const std::size_t mask = m_textSlots.size() - 1;
-  for (std::size_t slot = textHash(text) & mask; m_textSlots[slot] != 0; slot = (slot + 1) & mask) {
-    const int q = m_textSlots[slot] - 1;
-    if (sameText(fischfutter1[q].text, text)) return q;
-  }
-  return -1;
-}
 
 MainWindowModel::MainWindowModel(Dialogs& dialogs, char decimalSeparator)
     : decimalSeparator(decimalSeparator), dialogs(dialogs) {}
@@ -292,9 +217,9 @@ void MainWindowModel::Laden() {
   const auto copy = [](std::string& to, const std::string& from) {
     if (!sameText(to, from)) to = from;
   };
-  indexAvailableTexts();
+  m_available.build(fischfutter1, fischfutter1.size());
   for (int p = 0; p < chosen; ++p) {
-    const int q = availablePosition(fischfutter2[p].text);
+    const int q = m_available.find(fischfutter2[p].text);
     if (q < 0) {  // an entry without a match keeps zeros
       problem.ifnCode[p].clear();
       continue;

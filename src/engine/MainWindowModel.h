@@ -12,6 +12,7 @@
 #include "tables/ComponentTable.h"
 #include "tables/ComponentViews.h"
 #include "tables/FishTables.h"
+#include "tables/TextIndex.h"
 
 namespace pescavo {
 
@@ -76,11 +77,7 @@ class MainWindowModel {
   static int Minimum(int a, int b) { return b < a ? b : a; }
 
  private:
-  // Laden's lookup of a chosen entry's text among the available ones; the storage is kept
-  // from run to run.
-  void indexAvailableTexts();
-  int availablePosition(const std::string& text) const;  // -1 when none has the text
-  std::vector<int> m_textSlots;
+  LastTextPosition m_available;  // Laden's lookup, kept from run to run
   void fillVariableNames(std::vector<std::string>& names) const;
   std::vector<std::string> m_variableNames;  // of the last Rechnen, for its check
 

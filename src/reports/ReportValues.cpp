@@ -1,10 +1,11 @@
 #include "reports/ReportValues.h"
 
 #include <algorithm>
-#include <unordered_map>
+#include <string_view>
 
 #include "engine/MainWindowModel.h"
 #include "tables/NumericText.h"
+#include "tables/TextIndex.h"
 
 namespace pescavo {
 
@@ -21,7 +22,10 @@ void fillVariable(const MainWindowModel& model, int index, ReportVariable& varia
   variable.share = at(model.result.composition, index);
 }
 
-std::string basisLabel(const std::string& code) {
+std::string basisLabel(std::string_view code) {
+  // The codes are "0" and "1" nearly always; anything else is read as a number.
+  if (code == "0") return MainWindowModel::kBasisItems[0];
+  if (code == "1") return MainWindowModel::kBasisItems[1];
   const double value = leadingNumber(code);
   if (value == 0) return MainWindowModel::kBasisItems[0];
   if (value == 1) return MainWindowModel::kBasisItems[1];
@@ -49,10 +53,10 @@ ReportValues ReportValues::from(const MainWindowModel& model) {
 
   // The stored figures of a chosen entry are those of the last available entry with its text,
   // the same match the problem set-up makes.
-  std::unordered_map<std::string, int> lastPosition;
   const int available =
       static_cast<int>(std::min(model.fischfutter1.size(), model.workingSet.size()));
-  for (int q = 0; q < available; ++q) lastPosition[model.fischfutter1[q].text] = q;
+  LastTextPosition lastPosition;
+  lastPosition.build(model.fischfutter1, available);
 
   const int count = static_cast<int>(model.fischfutter2.size());
   values.components.resize(count);
@@ -63,9 +67,9 @@ ReportValues ReportValues::from(const MainWindowModel& model) {
     component.name = entry.text;
     component.category = entry.kategorie;
     component.basisLabel = basisLabel(entry.artSchadstoffwert);
-    auto found = lastPosition.find(entry.text);
-    if (found != lastPosition.end()) {
-      const WorkingSetEntry& stored = model.workingSet[found->second];
+    const int q = lastPosition.find(entry.text);
+    if (q >= 0) {
+      const WorkingSetEntry& stored = model.workingSet[q];
       component.protein = stored.protein;
       component.lipid = stored.lipid;
       component.storedResidue = stored.residue;
