@@ -40,21 +40,6 @@ std::uint64_t textHash(const std::string& text) {
 
 }  // namespace
 
-bool sameText(const std::string& a, const std::string& b) {
-  const std::size_t size = a.size();
-  if (size != b.size()) return false;
-  std::size_t k = 0;
-  for (; k + 8 <= size; k += 8) {
-    std::uint64_t x, y;
-    std::memcpy(&x, a.data() + k, 8);
-    std::memcpy(&y, b.data() + k, 8);
-    if (x != y) return false;
-  }
-  for (; k < size; ++k)
-    if (a[k] != b[k]) return false;
-  return true;
-}
-
 // Open addressing in at least twice as many slots as entries; a later entry with a text
 // already there takes its slot.
 void LastTextPosition::build(const std::vector<ListEntry>& entries, std::size_t count) {

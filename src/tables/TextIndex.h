@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
+#include <cstring>
 #include <string>
 #include <vector>
 
@@ -23,6 +25,19 @@ class LastTextPosition {
 };
 
 // a == b without a library call: list texts are a few words long and compared often.
-bool sameText(const std::string& a, const std::string& b);
+inline bool sameText(const std::string& a, const std::string& b) {
+  const std::size_t size = a.size();
+  if (size != b.size()) return false;
+  std::size_t k = 0;
+  for (; k + 8 <= size; k += 8) {
+    std::uint64_t x, y;
+    std::memcpy(&x, a.data() + k, 8);
+    std::memcpy(&y, b.data() + k, 8);
+    if (x != y) return false;
+  }
+  for (; k < size; ++k)
+    if (a[k] != b[k]) return false;
+  return true;
+}
 
 }  // namespace pescavo
