@@ -5,11 +5,13 @@
 #include <vector>
 
 #include "engine/IndependentCheck.h"
+#include "reports/ReportValues.h"
 
 namespace pescavo {
 
 // What the report windows hold between runs; the windows only show it.
 struct ReportState {
+  ReportValues values;     // what the last report section was written from
   std::string bericht;     // the report text (Bericht)
   std::string richText;    // RichTextBox1: the last sweep run's text
   std::string berichtNeu;  // the shared single-result window's text

@@ -213,7 +213,8 @@ double appendReportSection(const ReportValues& values, char decimalSeparator, st
 
 void Berichtschreiben(MainWindowModel& model) {
   ReportState& report = model.report;
-  const ReportValues values = ReportValues::from(model);
+  ReportValues& values = report.values;
+  values.fill(model);
   if (!model.allScenariosMode) report.bericht += titleBlock(values.substance);
   report.burdenSum = appendReportSection(values, model.decimalSeparator, report.bericht);
 

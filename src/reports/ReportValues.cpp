@@ -36,19 +36,28 @@ std::string basisLabel(std::string_view code) {
 
 ReportValues ReportValues::from(const MainWindowModel& model) {
   ReportValues values;
-  values.substance = model.substanceName();
+  values.fill(model);
+  return values;
+}
+
+// Every field is set, over whatever an earlier fill left; strings are assigned in place.
+void ReportValues::fill(const MainWindowModel& model) {
+  substance = model.substanceName();
+  speciesName.clear();
+  lipidTarget = proteinTarget = 0;
   if (model.fischarten >= 0 && model.fischarten < static_cast<int>(model.species.size())) {
     const FishSpecies& species = model.species[model.fischarten];
-    values.speciesName = species.name;
-    values.lipidTarget = species.lipid;
-    values.proteinTarget = species.protein;
+    speciesName = species.name;
+    lipidTarget = species.lipid;
+    proteinTarget = species.protein;
   }
-  values.maximum = model.minMax != 1;
-  values.criterionText = MainWindowModel::kMinMaxItems[values.maximum ? 0 : 1];
-  values.burden = model.result.burden;
+  maximum = model.minMax != 1;
+  criterionText = MainWindowModel::kMinMaxItems[maximum ? 0 : 1];
+  burden = model.result.burden;
+  fishmealProtein = fishmealLipid = 0;
   if (model.fischmehl >= 0 && model.fischmehl < static_cast<int>(model.fishmeal.size())) {
-    values.fishmealProtein = model.fishmeal[model.fischmehl].protein;
-    values.fishmealLipid = model.fishmeal[model.fischmehl].lipid;
+    fishmealProtein = model.fishmeal[model.fischmehl].protein;
+    fishmealLipid = model.fishmeal[model.fischmehl].lipid;
   }
 
   // The stored figures of a chosen entry are those of the last available entry with its text,
@@ -59,23 +68,23 @@ ReportValues ReportValues::from(const MainWindowModel& model) {
   lastPosition.build(model.fischfutter1, available);
 
   const int count = static_cast<int>(model.fischfutter2.size());
-  values.components.resize(count);
+  const WorkingSetEntry none;  // the figures of an entry without a match
+  components.resize(count);
   for (int p = 0; p < count; ++p) {
     const ListEntry& entry = model.fischfutter2[p];
-    ReportComponent& component = values.components[p];
+    ReportComponent& component = components[p];
     fillVariable(model, p, component);
     component.name = entry.text;
     component.category = entry.kategorie;
     component.basisLabel = basisLabel(entry.artSchadstoffwert);
     const int q = lastPosition.find(entry.text);
-    if (q >= 0) {
-      const WorkingSetEntry& stored = model.workingSet[q];
-      component.protein = stored.protein;
-      component.lipid = stored.lipid;
-      component.storedResidue = stored.residue;
-    }
+    const WorkingSetEntry& stored = q >= 0 ? model.workingSet[q] : none;
+    component.protein = stored.protein;
+    component.lipid = stored.lipid;
+    component.storedResidue = stored.residue;
   }
 
+  pseudos.clear();
   std::vector<PseudoKind> enabled;
   if (model.check1) enabled.push_back(PseudoKind::PC);
   if (model.check4) enabled.push_back(PseudoKind::CC);
@@ -88,9 +97,8 @@ ReportValues ReportValues::from(const MainWindowModel& model) {
     pseudo.kind = enabled[k - 1];
     fillVariable(model, n - m + k - 1, pseudo);
     pseudo.dryMatter = 0;
-    values.pseudos.push_back(pseudo);
+    pseudos.push_back(pseudo);
   }
-  return values;
 }
 
 double loadShare(const ReportVariable& variable, double burdenSum) {

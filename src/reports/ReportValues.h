@@ -46,6 +46,8 @@ struct ReportValues {
   std::vector<ReportPseudo> pseudos;        // the enabled ones, PC, CC, F
 
   static ReportValues from(const MainWindowModel& model);
+  // The same into this object, keeping its storage: the sweep fills one sixteen times.
+  void fill(const MainWindowModel& model);
 };
 
 // share(j) = c(j) x(j) / S x 100; 0 when S is 0 (all residues zero), never a division by 0.

@@ -250,8 +250,9 @@ bool fifteenDigits(double magnitude, std::uint64_t& digits, int& exponent) {
   // A normal double: magnitude = mantissa / 2^shift, 3 <= shift <= 80 in this range.
   const std::uint64_t mantissa = (bits & ((std::uint64_t{1} << 52) - 1)) | std::uint64_t{1} << 52;
   const int shift = 1075 - static_cast<int>(bits >> 52);
-  // floor(log10) of 2^(52 - shift), at most one below the magnitude's own.
-  exponent = static_cast<int>(std::floor((52 - shift) * 0.30102999566398120));
+  // floor(log10) of 2^(52 - shift), at most one below the magnitude's own: 78913 / 2^18 is
+  // log10(2) to six places, and the shift rounds towards minus infinity.
+  exponent = ((52 - shift) * 78913) >> 18;
   for (;;) {
     const int scale = 14 - exponent;
     if (scale < 0 || scale >= static_cast<int>(kWidePowersOf10.size())) return false;
@@ -280,6 +281,28 @@ bool fifteenDigits(double magnitude, std::uint64_t& digits, int& exponent) {
 bool fifteenDigits(double, std::uint64_t&, int&) { return false; }
 #endif
 
+// value / 10^places with a constant divisor for each case, which the compiler turns into a
+// multiplication.
+std::uint64_t roundedDown(std::uint64_t value, int places) {
+  switch (places) {
+    case 1: return value / 10;
+    case 2: return value / 100;
+    case 3: return value / 1000;
+    case 4: return value / 10000;
+    case 5: return value / 100000;
+    case 6: return value / 1000000;
+    case 7: return value / 10000000;
+    case 8: return value / 100000000;
+    case 9: return value / 1000000000;
+    case 10: return value / 10000000000;
+    case 11: return value / 100000000000;
+    case 12: return value / 1000000000000;
+    case 13: return value / 10000000000000;
+    case 14: return value / 100000000000000;
+    default: return value / kPowersOf10[places];
+  }
+}
+
 // The common case without any text in between: up to three decimals and magnitudes below
 // 1e15. The value as a multiple of 10^-decimals, rounded half away from zero; false when the
 // value is outside that range.
@@ -295,7 +318,7 @@ bool scaledFixed(double value, int decimals, std::uint64_t& scaled) {
     if (drop <= 0)
       scaled = digits * kPowersOf10[-drop];
     else if (drop <= 15)
-      scaled = (digits + kPowersOf10[drop] / 2) / kPowersOf10[drop];
+      scaled = roundedDown(digits + kPowersOf10[drop] / 2, drop);
   }
   return true;
 }
