@@ -111,14 +111,14 @@ void sweepFiles(benchmark::State& state, const std::filesystem::path& base) {
   SilentDialogs dialogs;
   auto model = sweepModel(dialogs, static_cast<int>(state.range(0)), base);
   Optimierung2_Click(*model);
-  const std::string sectionLine = model->report.richText + "\r\n";
+  const std::string& section = model->report.richText;
   const std::string rtfText = RtfWriter::document(model->report.richText);
   const std::string txt = reportTxtPath(*model);
   const std::string rtf = reportRtfPath(*model);
   for (auto _ : state) {
     txt_WriteAll(txt, " ");
     for (int run = 0; run < kScenarioRuns; ++run) {
-      txt_Append(txt, sectionLine);
+      txt_AppendLine(txt, section);
       RtfWriter::save(rtf, rtfText);
     }
   }

@@ -9,6 +9,7 @@
 #include "reports/ReportValues.h"
 #include "reports/ResultTables.h"
 #include "reports/RtfWriter.h"
+#include "reports/TextAppender.h"
 #include "reports/TextFiles.h"
 #include "tables/NumericText.h"
 
@@ -185,12 +186,10 @@ std::string reportFile(const MainWindowModel& model, const char* name) {
   return (std::filesystem::path(model.report.reportFolder) / name).string();
 }
 
-// Report.txt takes the section and its line end in one write.
 void writeScenarioFiles(MainWindowModel& model) {
   ReportState& report = model.report;
-  report.bericht += kCrLf;
   try {
-    txt_Append(reportTxtPath(model), report.bericht);
+    txt_AppendLine(reportTxtPath(model), report.bericht);
   } catch (const ReportFileError& error) {
     reportFileFailure(model, error.what());
   }

@@ -8,6 +8,7 @@
 #include <cstdio>
 #include <cstring>
 
+#include "reports/TextAppender.h"
 #include "reports/TextFiles.h"
 #include "tables/TextFile.h"
 

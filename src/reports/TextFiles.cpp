@@ -14,12 +14,12 @@ std::string failure(const char* verb, const std::string& path, int error) {
 }
 
 // The file is unbuffered: each piece goes to the system in one write, without a copy.
-void writeText(const std::string& path, const std::string& text, const char* mode, bool lineEnd) {
+void writeText(const std::string& path, const std::string& text, const char* mode) {
   std::FILE* file = std::fopen(path.c_str(), mode);
   if (!file) throw ReportFileError(path, failure("write", path, errno));
   std::setvbuf(file, nullptr, _IONBF, 0);
   const bool written = std::fwrite(text.data(), 1, text.size(), file) == text.size() &&
-                       (!lineEnd || std::fwrite("\r\n", 1, 2, file) == 2);
+                       std::fwrite("\r\n", 1, 2, file) == 2;
   const int error = errno;
   // A full disk may only show when the file is closed.
   const bool closed = std::fclose(file) == 0;
@@ -33,16 +33,10 @@ ReportFileError::ReportFileError(const std::string& file, const std::string& mes
     : std::runtime_error(message), m_file(file) {}
 
 void txt_AppendLine(const std::string& path, const std::string& text) {
-  writeText(path, text, "ab", true);
+  writeText(path, text, "ab");
 }
 
-void txt_Append(const std::string& path, const std::string& text) {
-  writeText(path, text, "ab", false);
-}
-
-void txt_WriteAll(const std::string& path, const std::string& text) {
-  writeText(path, text, "wb", true);
-}
+void txt_WriteAll(const std::string& path, const std::string& text) { writeText(path, text, "wb"); }
 
 std::string txt_ReadAll(const std::string& path) {
   std::error_code ignored;
