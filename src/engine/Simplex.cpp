@@ -1,5 +1,6 @@
 #include "engine/Simplex.h"
 
+#include <algorithm>
 #include <climits>
 #include <cmath>
 #include <cstdint>
@@ -15,11 +16,17 @@ double entry(const std::vector<double>& values, int j) {
   return j - 1 < static_cast<int>(values.size()) ? values[j - 1] : 0.0;
 }
 
-// row = row + (-f) * pivotRow over columns [first, last), exactly in that form. Each cell is
-// one IEEE multiply and one add whatever the vector width, so every clone gives the same bits.
+constexpr int kLine = 8;  // cells per 64-byte line
+
+// row = row + (-f) * pivotRow over the whole lines [first, last), exactly in that form. Each
+// cell is one IEEE multiply and one add whatever the vector width, so every clone gives the
+// same bits.
 __attribute__((target_clones("avx512f", "avx2", "default"))) void addMultiple(
     double* __restrict row, const double* __restrict pivotRow, double minusF, int first, int last) {
-  for (int k = first; k < last; ++k) row[k] = row[k] + minusF * pivotRow[k];
+  double* to = static_cast<double*>(__builtin_assume_aligned(row, 64));
+  const double* from = static_cast<const double*>(__builtin_assume_aligned(pivotRow, 64));
+  for (int k = first; k < last; k += kLine)
+    for (int l = 0; l < kLine; ++l) to[k + l] = to[k + l] + minusF * from[k + l];
 }
 
 void negate(double* row, int width) {
@@ -62,6 +69,7 @@ void Simplex::ErstelleSimplextableau1() {
   double* sum = t.row(3);
   double* residue = t.row(n + 4);
   double* phase1 = t.row(n + 5);
+  for (double* row : {lipid, protein, sum, residue, phase1}) std::fill(row, row + t.stride(), 0.0);
   for (int j = 1; j <= n; ++j) {
     lipid[j - 1] = entry(m_problem.lipid, j);
     protein[j - 1] = entry(m_problem.protein, j);
@@ -226,18 +234,20 @@ int Simplex::ratioTest(int c) {
 
 namespace {
 
-// pivot = pivot / p over columns [first, last); a zero stays a zero of some sign.
+// pivot = pivot / p over the whole lines [first, last); a zero stays a zero of some sign.
 __attribute__((target_clones("avx512f", "avx2", "default"))) void divideRange(
     double* __restrict pivot, double p, int first, int last) {
-  for (int k = first; k < last; ++k) pivot[k] = pivot[k] / p;
+  double* cells = static_cast<double*>(__builtin_assume_aligned(pivot, 64));
+  for (int k = first; k < last; k += kLine)
+    for (int l = 0; l < kLine; ++l) cells[k + l] = cells[k + l] / p;
 }
 
 }  // namespace
 
-// Rows whose factor is 0 are left alone, and so are the columns outside the span of the pivot
-// row's non-zero cells: there x + (-f) * 0 equals x except for the sign of a zero, and a zero's
+// Rows whose factor is 0 are left alone, and so are the 64-byte lines in which the pivot row
+// holds only zeros: there x + (-f) * 0 equals x except for the sign of a zero, and a zero's
 // sign reaches no comparison, no divisor and no value read out (the right-hand side is always
-// computed).
+// computed). Zeros inside the lines worked on, padding included, stay zeros the same way.
 //
 // The entering column c becomes a unit column and leaves its slot to the leaving column,
 // whose cells are 0 outside the pivot row before the pivot: there 0 + (-f) * y is (-f) * y.
@@ -247,12 +257,14 @@ void Simplex::eliminate(int r, int c, int lastRow) {
   double* rhs = t.rhs.data();
   double* pivot = t.row(r);
   const double p = pivot[slot];
-  // The pivot row's non-zero cells lie in [first, last); the pivot cell itself is one. A row
-  // still as laid out holds just that cell, most others hold few zeros in between.
+  // The pivot row's non-zero cells lie in the lines [first, last); the pivot cell itself is
+  // one. A row still as laid out holds just that cell.
   int first = 0;
   while (pivot[first] == 0) ++first;
+  first -= first % kLine;
   int last = m_n;
   while (pivot[last - 1] == 0) --last;
+  last = (last + kLine - 1) / kLine * kLine;
   // x / 1 is x: a row still as laid out, or the sum row, is left as it is.
   if (p != 1) divideRange(pivot, p, first, last);
   rhs[r] = rhs[r] / p;

@@ -1,15 +1,18 @@
 #include "engine/SimplexTableau.h"
 
 #include <algorithm>
+#include <cstdint>
 
 namespace pescavo {
 
 void SimplexTableau::reset(int n) {
   if (n < 0) n = 0;
   m_n = n;
-  // Rows start on a 64-byte boundary of the vector's storage, so whole rows load in vectors.
+  // Whole 64-byte lines per row, the first on a line boundary, so no vector load or store
+  // straddles two lines.
   m_stride = (n + 7) / 8 * 8;
-  m_cells.resize(static_cast<std::size_t>(n + 5) * m_stride);
+  m_cells.resize(static_cast<std::size_t>(n + 5) * m_stride + 7);
+  m_offset = (64 - reinterpret_cast<std::uintptr_t>(m_cells.data()) % 64) % 64 / sizeof(double);
   m_stored.assign((n + 4 + 63) / 64, 0);
   for (int i = 1; i <= 3; ++i) markStored(i);
   basis.resize(n + 4);

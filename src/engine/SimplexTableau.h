@@ -23,8 +23,13 @@ class SimplexTableau {
   // Cell (i, k) of the whole phase-1 tableau, 1-based, as the stored form implies it.
   double operator()(int i, int k) const;
 
-  double* row(int i) { return &m_cells[static_cast<std::size_t>(i - 1) * m_stride]; }
-  const double* row(int i) const { return &m_cells[static_cast<std::size_t>(i - 1) * m_stride]; }
+  // Row i's slots, from a 64-byte boundary. A row has stride() cells; those past slot n - 1
+  // are kept at 0 so that whole lines can be worked on.
+  double* row(int i) { return &m_cells[m_offset + static_cast<std::size_t>(i - 1) * m_stride]; }
+  const double* row(int i) const {
+    return &m_cells[m_offset + static_cast<std::size_t>(i - 1) * m_stride];
+  }
+  int stride() const { return m_stride; }
   bool stored(int i) const { return i > m_n + 3 || (m_stored[i >> 6] >> (i & 63) & 1); }
   void markStored(int i) { m_stored[i >> 6] |= std::uint64_t{1} << (i & 63); }
   // Writes the slots of upper-bound row i out as they were laid out.
@@ -43,6 +48,7 @@ class SimplexTableau {
  private:
   int m_n = 0;
   int m_stride = 0;
+  std::size_t m_offset = 0;  // cells before the first 64-byte boundary
   std::vector<double> m_cells;
   std::vector<std::uint64_t> m_stored;
 };
