@@ -205,13 +205,16 @@ void MainWindowModel::Laden() {
   // Cleared in place: the vectors keep their storage from run to run.
   problem.n = problem.chosenCount = 0;
   problem.lipidTarget = problem.proteinTarget = problem.residueSum = 0;
-  problem.lipid.assign(capacity, 0.0);
-  problem.protein.assign(capacity, 0.0);
-  problem.residue.assign(capacity, 0.0);
-  problem.maxInclusion.assign(capacity, 0.0);
-  problem.dryMatter.assign(capacity, 0.0);
+  // Every cell below is written before it is read; zeros where nothing is found.
+  for (auto* column : {&problem.lipid, &problem.protein, &problem.residue, &problem.maxInclusion,
+                       &problem.dryMatter})
+    column->resize(capacity);
   problem.ifnCode.resize(capacity);
-  for (int p = chosen; p < capacity; ++p) problem.ifnCode[p].clear();
+  for (int p = chosen; p < capacity; ++p) {
+    problem.residue[p] = problem.dryMatter[p] = 0;
+    problem.ifnCode[p].clear();
+  }
+  m_matched.resize(chosen, -1);
 
   // Runs repeat with the same lists: a text already equal is not copied again.
   const auto copy = [](std::string& to, const std::string& from) {
@@ -219,8 +222,10 @@ void MainWindowModel::Laden() {
   };
   m_available.build(fischfutter1, fischfutter1.size());
   for (int p = 0; p < chosen; ++p) {
-    const int q = m_available.find(fischfutter2[p].text);
+    const int q = m_matched[p] = m_available.find(fischfutter2[p].text, m_matched[p]);
     if (q < 0) {  // an entry without a match keeps zeros
+      problem.lipid[p] = problem.protein[p] = problem.residue[p] = problem.maxInclusion[p] =
+          problem.dryMatter[p] = 0;
       problem.ifnCode[p].clear();
       continue;
     }

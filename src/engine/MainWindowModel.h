@@ -78,6 +78,7 @@ class MainWindowModel {
 
  private:
   LastTextPosition m_available;  // Laden's lookup, kept from run to run
+  std::vector<int> m_matched;    // per chosen entry, the available position the last Laden used
   void fillVariableNames(std::vector<std::string>& names) const;
   std::vector<std::string> m_variableNames;  // of the last Rechnen, for its check
 

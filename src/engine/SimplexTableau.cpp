@@ -21,10 +21,11 @@ void SimplexTableau::reset(int n) {
   for (int j = 1; j <= n; ++j) basis[3 + j] = n + j;
   slotOf.assign(2 * n + 4, -1);
   for (int j = 1; j <= n; ++j) slotOf[j] = j - 1;
-  basicValue.assign(n + 4, 0.0);
-  rhs.assign(n + 6, 0.0);
-  boundUnit.assign(n, 0.0);
-  residueCopy.assign(n, 0.0);
+  // Written in full by the caller, as the stored rows are.
+  basicValue.resize(n + 4);
+  rhs.resize(n + 6);
+  boundUnit.resize(n);
+  residueCopy.resize(n);
 }
 
 void SimplexTableau::store(int i) {

@@ -15,7 +15,8 @@ namespace pescavo {
 class SimplexTableau {
  public:
   // Sizes the tableau for n variables: x(1..n) in slots 0..n - 1, the slacks and artificials
-  // basic, no row stored. Cells are left as they are; the caller writes the stored rows.
+  // basic, no row stored. Cells, right-hand sides, basic values, bound units and the residue
+  // copy are left as they are; the caller writes them.
   void reset(int n);
 
   int rows() const { return m_n + 5; }

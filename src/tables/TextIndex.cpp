@@ -44,9 +44,16 @@ std::uint64_t textHash(const std::string& text) {
 // already there takes its slot.
 void LastTextPosition::build(const std::vector<ListEntry>& entries, std::size_t count) {
   m_entries = &entries;
+  bool same = m_texts.size() == count && !m_slots.empty();
+  for (std::size_t q = 0; q < count && same; ++q) same = sameText(m_texts[q], entries[q].text);
+  if (same) return;
+
+  m_texts.resize(count);
+  for (std::size_t q = 0; q < count; ++q) m_texts[q] = entries[q].text;
   std::size_t capacity = 16;
   while (capacity < 2 * count) capacity *= 2;
   m_slots.assign(capacity, 0);
+  m_last.assign(count, 0);
   const std::size_t mask = capacity - 1;
   for (std::size_t q = 0; q < count; ++q) {
     const std::string& text = entries[q].text;
@@ -55,6 +62,8 @@ void LastTextPosition::build(const std::vector<ListEntry>& entries, std::size_t 
       slot = (slot + 1) & mask;
     m_slots[slot] = static_cast<int>(q) + 1;
   }
+  for (const int position : m_slots)
+    if (position != 0) m_last[position - 1] = 1;
 }
 
 int LastTextPosition::find(const std::string& text) const {

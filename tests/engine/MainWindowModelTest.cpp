@@ -192,7 +192,8 @@ TEST_F(ModelTest, LadenBuildsTheProgrammeFromTheLists) {
 }
 
 // Many available entries, texts alike at both ends and some repeated: each chosen entry takes
-// the values of the last available entry with its text, as a scan from the end finds it.
+// the values of the last available entry with its text, as a scan from the end finds it, also
+// when the lists change between runs (the lookup is kept from run to run).
 TEST_F(ModelTest, LadenTakesTheLastAvailableEntryOfEachText) {
   const auto text = [](int k) { return "Crop " + std::to_string(k % 211) + " (by-product)"; };
   model.fischfutter1.clear(), model.workingSet.clear(), model.fischfutter2.clear();
@@ -203,17 +204,28 @@ TEST_F(ModelTest, LadenTakesTheLastAvailableEntryOfEachText) {
   for (int k : {0, 5, 210, 211, 399, 577}) model.fischfutter2.push_back({text(k), "", "", "0"});
   model.fischfutter2.push_back({"Crop 9999 (by-product)", "", "", "0"});
   model.check1 = model.check4 = model.check5 = false;
-  model.Laden();
-  ASSERT_EQ(model.problem.n, 7);
-  for (int p = 0; p < 7; ++p) {
-    double expected = 0;  // no match keeps zeros
-    for (int q = 599; q >= 0; --q)
-      if (model.fischfutter1[q].text == model.fischfutter2[p].text) {
-        expected = q;
-        break;
-      }
-    EXPECT_EQ(model.problem.lipid[p], expected) << model.fischfutter2[p].text;
-  }
+  const auto expectLastEntries = [&](const std::string& run) {
+    model.Laden();
+    const int chosen = static_cast<int>(model.fischfutter2.size());
+    ASSERT_EQ(model.problem.n, chosen) << run;
+    for (int p = 0; p < chosen; ++p) {
+      double expected = -1;  // no match keeps zeros
+      for (int q = static_cast<int>(model.fischfutter1.size()) - 1; q >= 0 && expected < 0; --q)
+        if (model.fischfutter1[q].text == model.fischfutter2[p].text) expected = q;
+      EXPECT_EQ(model.problem.lipid[p], expected < 0 ? 0 : expected)
+          << run << ": " << model.fischfutter2[p].text;
+      EXPECT_EQ(model.problem.maxInclusion[p], expected < 0 ? 0 : 100) << run;
+    }
+  };
+  expectLastEntries("first run");
+  expectLastEntries("same lists again");
+  model.fischfutter1[590].text = text(5);  // a later entry now shows a chosen text
+  expectLastEntries("later duplicate");
+  model.fischfutter1[577].text[5] = 'X';  // the match of "Crop 155 (...)", edited in place
+  expectLastEntries("edited entry");
+  model.fischfutter1.resize(500), model.workingSet.resize(500);
+  model.fischfutter2[0].text = model.fischfutter1[499].text;
+  expectLastEntries("shorter list");
 }
 
 // A component that meets the carp targets alone; DM 0 keeps its residue unconverted, so the
