@@ -18,17 +18,6 @@ double entry(const std::vector<double>& values, int j) {
 
 constexpr int kLine = 8;  // cells per 64-byte line
 
-// row = row + (-f) * pivotRow over the whole lines [first, last), exactly in that form. Each
-// cell is one IEEE multiply and one add whatever the vector width, so every clone gives the
-// same bits.
-__attribute__((target_clones("avx512f", "avx2", "default"))) void addMultiple(
-    double* __restrict row, const double* __restrict pivotRow, double minusF, int first, int last) {
-  double* to = static_cast<double*>(__builtin_assume_aligned(row, 64));
-  const double* from = static_cast<const double*>(__builtin_assume_aligned(pivotRow, 64));
-  for (int k = first; k < last; k += kLine)
-    for (int l = 0; l < kLine; ++l) to[k + l] = to[k + l] + minusF * from[k + l];
-}
-
 void negate(double* row, int width) {
   for (int k = 0; k < width; ++k) row[k] = -row[k];
 }
@@ -63,7 +52,9 @@ void Simplex::ErstelleSimplextableau1() {
   SimplexTableau& t = m_tableau;
   t.reset(n);
   m_rhsNonNegative = false;
-  m_factorRows.reserve(n + 5);
+  m_factorRows.resize(n + 5);
+  m_rowCells.resize(n + 5);
+  m_minusF.resize(n + 5);
   double* lipid = t.row(1);
   double* protein = t.row(2);
   double* sum = t.row(3);
@@ -205,7 +196,8 @@ int Simplex::ratioTest(int c) {
   double best = kRatioBound;
   m_pivotRow = 1;
   int chosen = 0;
-  m_factorRows.clear();
+  int* factorRows = m_factorRows.data();
+  int factors = 0;
   const std::vector<std::uint64_t>& words = t.storedRows();
   for (std::size_t w = 0; w < words.size(); ++w) {
     std::uint64_t bits = words[w];
@@ -215,10 +207,10 @@ int Simplex::ratioTest(int c) {
       const int i = static_cast<int>(w * 64) + __builtin_ctzll(bits);
       bits &= bits - 1;
       const double a = i == unstored ? t.boundUnit[c - 1] : t.row(i)[slot];
-      const double b = t.rhs[i];
-      if (a != 0) m_factorRows.push_back(i);
+      factorRows[factors] = i;
+      factors += a != 0;
       if (a > 0) {
-        const double q = b / a;
+        const double q = t.rhs[i] / a;
         if (q < best) {
           best = q;
           m_pivotRow = i;
@@ -227,6 +219,7 @@ int Simplex::ratioTest(int c) {
       }
     }
   }
+  m_factorCount = factors;
   // The row takes part from now on, as pivot row or factor row.
   if (unstored != 0 && t.boundUnit[c - 1] != 0) t.store(unstored);
   return chosen;
@@ -234,12 +227,23 @@ int Simplex::ratioTest(int c) {
 
 namespace {
 
-// pivot = pivot / p over the whole lines [first, last); a zero stays a zero of some sign.
-__attribute__((target_clones("avx512f", "avx2", "default"))) void divideRange(
-    double* __restrict pivot, double p, int first, int last) {
+// The pivot row divided by p, and every other row with a factor given row = row + (-f) * pivot,
+// line by line: the divisions of one line overlap the updates of the line before. Each cell is
+// one IEEE division, or one multiply and one add, whatever the vector width, so every clone
+// gives the same bits.
+__attribute__((target_clones("avx2", "default"))) void pivotLines(
+    double* __restrict pivot, double p, double* const* rows, const double* minusF, int count,
+    int first, int last) {
   double* cells = static_cast<double*>(__builtin_assume_aligned(pivot, 64));
-  for (int k = first; k < last; k += kLine)
-    for (int l = 0; l < kLine; ++l) cells[k + l] = cells[k + l] / p;
+  for (int k = first; k < last; k += kLine) {
+    double line[kLine];
+    for (int l = 0; l < kLine; ++l) line[l] = cells[k + l] = cells[k + l] / p;
+    for (int j = 0; j < count; ++j) {
+      double* to = static_cast<double*>(__builtin_assume_aligned(rows[j], 64));
+      const double f = minusF[j];
+      for (int l = 0; l < kLine; ++l) to[k + l] = to[k + l] + f * line[l];
+    }
+  }
 }
 
 }  // namespace
@@ -265,23 +269,29 @@ void Simplex::eliminate(int r, int c, int lastRow) {
   int last = m_n;
   while (pivot[last - 1] == 0) --last;
   last = (last + kLine - 1) / kLine * kLine;
-  // x / 1 is x: a row still as laid out, or the sum row, is left as it is.
-  if (p != 1) divideRange(pivot, p, first, last);
+  // The constraint rows with a factor were noted by the ratio test; the objective rows follow.
+  int factors = m_factorCount;
+  for (int i = m_n + 4; i <= lastRow; ++i) {
+    if (t.row(i)[slot] != 0) m_factorRows[factors++] = i;
+  }
+  int count = 0;
+  for (int k = 0; k < factors; ++k) {
+    const int i = m_factorRows[k];
+    if (i == r) continue;
+    m_rowCells[count] = t.row(i);
+    m_minusF[count] = -t.row(i)[slot];
+    m_factorRows[count++] = i;
+  }
+  pivotLines(pivot, p, m_rowCells.data(), m_minusF.data(), count, first, last);
   rhs[r] = rhs[r] / p;
   const double leaving = t.basicValue[r] / p;
-  // The constraint rows with a factor were noted by the ratio test; the objective rows follow.
-  for (int i = m_n + 4; i <= lastRow; ++i) {
-    if (t.row(i)[slot] != 0) m_factorRows.push_back(i);
-  }
-  for (int i : m_factorRows) {
-    if (i == r) continue;
-    double* row = t.row(i);
-    const double minusF = -row[slot];
-    addMultiple(row, pivot, minusF, first, last);
+  for (int k = 0; k < count; ++k) {
+    const int i = m_factorRows[k];
+    const double minusF = m_minusF[k];
     rhs[i] = rhs[i] + minusF * rhs[r];
-    row[slot] = minusF * leaving;
-    // The sign repair after the pivot, while the row is at hand: with no right-hand side below
-    // 0 before, only the rows just changed can need a turn (the pivot row is divided by p > 0).
+    m_rowCells[k][slot] = minusF * leaving;
+    // The sign repair after the pivot: with no right-hand side below 0 before, only the rows
+    // just changed can need a turn (the pivot row is divided by p > 0).
     if (m_rhsNonNegative && i <= m_n + 3 && rhs[i] < 0) negateRow(i);
   }
   pivot[slot] = leaving;

@@ -82,7 +82,12 @@ class Simplex {
   int m_unitOrder;
   int m_pivotRow = 1;
   bool m_rhsNonNegative = false;    // no constraint row has a right-hand side below 0
-  std::vector<int> m_factorRows;    // rows of the last pivot with a non-zero factor, ascending
+  // Rows of the last ratio test with a non-zero entry: the first m_factorCount, ascending; the
+  // pivot puts the objective rows with one after them.
+  std::vector<int> m_factorRows;
+  int m_factorCount = 0;
+  std::vector<double*> m_rowCells;  // the rows a pivot updates, and their -f
+  std::vector<double> m_minusF;
 };
 
 }  // namespace pescavo
