@@ -227,6 +227,10 @@ int Simplex::ratioTest(int c) {
 
 namespace {
 
+// Four cells at a time, written out so that the code does not depend on what the optimiser
+// makes of a loop: each lane is one IEEE operation, as a plain double would be.
+typedef double Lanes __attribute__((vector_size(32), aligned(32), may_alias));
+
 // The pivot row divided by p, and every other row with a factor given row = row + (-f) * pivot,
 // line by line: the divisions of one line overlap the updates of the line before. Each cell is
 // one IEEE division, or one multiply and one add, whatever the vector width, so every clone
@@ -234,14 +238,18 @@ namespace {
 __attribute__((target_clones("avx2", "default"))) void pivotLines(
     double* __restrict pivot, double p, double* const* rows, const double* minusF, int count,
     int first, int last) {
-  double* cells = static_cast<double*>(__builtin_assume_aligned(pivot, 64));
+  const Lanes divisor = {p, p, p, p};
   for (int k = first; k < last; k += kLine) {
-    double line[kLine];
-    for (int l = 0; l < kLine; ++l) line[l] = cells[k + l] = cells[k + l] / p;
+    Lanes* cells = reinterpret_cast<Lanes*>(pivot + k);
+    const Lanes low = cells[0] / divisor;
+    const Lanes high = cells[1] / divisor;
+    cells[0] = low;
+    cells[1] = high;
     for (int j = 0; j < count; ++j) {
-      double* to = static_cast<double*>(__builtin_assume_aligned(rows[j], 64));
-      const double f = minusF[j];
-      for (int l = 0; l < kLine; ++l) to[k + l] = to[k + l] + f * line[l];
+      Lanes* to = reinterpret_cast<Lanes*>(rows[j] + k);
+      const Lanes f = {minusF[j], minusF[j], minusF[j], minusF[j]};
+      to[0] = to[0] + f * low;
+      to[1] = to[1] + f * high;
     }
   }
 }
