@@ -230,6 +230,7 @@ namespace {
 // Four cells at a time, written out so that the code does not depend on what the optimiser
 // makes of a loop: each lane is one IEEE operation, as a plain double would be.
 typedef double Lanes __attribute__((vector_size(32), aligned(32), may_alias));
+static_assert(kLine * sizeof(double) == 2 * sizeof(Lanes), "a line is two vectors of lanes");
 
 // The pivot row divided by p, and every other row with a factor given row = row + (-f) * pivot,
 // line by line: the divisions of one line overlap the updates of the line before. Each cell is
