@@ -5,7 +5,6 @@
 #include <cmath>
 #include <cstdint>
 #include <cstring>
-#include <utility>
 
 namespace pescavo {
 
@@ -172,8 +171,10 @@ void Simplex::readOut(bool minimum) {
   const int n = m_n;
   const SimplexTableau& t = m_tableau;
   // A basis entry can name any column up to 2n + 3 (slacks, and artificials left basic at 0),
-  // so the working vector covers them all; readers use positions 1..n, kept are 1..n + 3.
-  std::vector<double> composition(2 * n + 3, 0.0);
+  // so the working vector covers them all; readers use positions 1..n, kept are 1..n + 3. It
+  // is the result's own, which keeps its storage from run to run.
+  std::vector<double>& composition = m_result.composition;
+  composition.assign(2 * n + 3, 0.0);
   for (int i = 1; i <= n + 3; ++i) {
     const int column = t.basis[i];
     if (column >= 1 && column <= 2 * n + 3) {
@@ -181,7 +182,6 @@ void Simplex::readOut(bool minimum) {
     }
   }
   composition.resize(n + 3);
-  m_result.composition = std::move(composition);
   const double objective = t.rhs[n + 4];
   m_result.burden = minimum ? objective : -objective;
 }
