@@ -40,7 +40,10 @@ Simplex::Simplex(const OptimisationProblem& problem, Criterion criterion, Simple
       m_tableau(tableau),
       m_result(result),
       m_n(problem.n > 0 ? problem.n : 0),
-      m_unitOrder(INT_MAX) {}
+      m_unitOrder(INT_MAX),
+      m_factorRows(tableau.factorRows),
+      m_rowCells(tableau.rowCells),
+      m_minusF(tableau.minusF) {}
 
 void Simplex::ErstelleEinheitsmatrix() {
   m_unitOrder = m_problem.unitOrder > 0 ? m_problem.unitOrder : INT_MAX;

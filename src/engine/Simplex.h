@@ -84,10 +84,10 @@ class Simplex {
   bool m_rhsNonNegative = false;    // no constraint row has a right-hand side below 0
   // Rows of the last ratio test with a non-zero entry: the first m_factorCount, ascending; the
   // pivot puts the objective rows with one after them.
-  std::vector<int> m_factorRows;
+  std::vector<int>& m_factorRows;
   int m_factorCount = 0;
-  std::vector<double*> m_rowCells;  // the rows a pivot updates, and their -f
-  std::vector<double> m_minusF;
+  std::vector<double*>& m_rowCells;  // the rows a pivot updates, and their -f
+  std::vector<double>& m_minusF;
 };
 
 }  // namespace pescavo

@@ -46,6 +46,12 @@ class SimplexTableau {
   // Upper-bound row of variable j, index j - 1, as laid out: the coefficient of x(j) and s(j).
   std::vector<double> boundUnit;
 
+  // Working lists of the pivots (see Simplex), kept here so that they keep their storage from
+  // run to run.
+  std::vector<int> factorRows;
+  std::vector<double*> rowCells;
+  std::vector<double> minusF;
+
  private:
   int m_n = 0;
   int m_stride = 0;
