@@ -243,17 +243,31 @@ __attribute__((target_clones("avx2", "default"))) void pivotLines(
     double* __restrict pivot, double p, double* const* rows, const double* minusF, int count,
     int first, int last) {
   const Lanes divisor = {p, p, p, p};
-  for (int k = first; k < last; k += kLine) {
+  int k = first;
+  // Two lines at a time where there are two: each row's address and factor are read once.
+  for (; k + 2 * kLine <= last; k += 2 * kLine) {
     Lanes* cells = reinterpret_cast<Lanes*>(pivot + k);
-    const Lanes low = cells[0] / divisor;
-    const Lanes high = cells[1] / divisor;
-    cells[0] = low;
-    cells[1] = high;
+    const Lanes a = cells[0] / divisor, b = cells[1] / divisor;
+    const Lanes c = cells[2] / divisor, d = cells[3] / divisor;
+    cells[0] = a, cells[1] = b, cells[2] = c, cells[3] = d;
     for (int j = 0; j < count; ++j) {
       Lanes* to = reinterpret_cast<Lanes*>(rows[j] + k);
       const Lanes f = {minusF[j], minusF[j], minusF[j], minusF[j]};
-      to[0] = to[0] + f * low;
-      to[1] = to[1] + f * high;
+      to[0] = to[0] + f * a;
+      to[1] = to[1] + f * b;
+      to[2] = to[2] + f * c;
+      to[3] = to[3] + f * d;
+    }
+  }
+  if (k < last) {
+    Lanes* cells = reinterpret_cast<Lanes*>(pivot + k);
+    const Lanes a = cells[0] / divisor, b = cells[1] / divisor;
+    cells[0] = a, cells[1] = b;
+    for (int j = 0; j < count; ++j) {
+      Lanes* to = reinterpret_cast<Lanes*>(rows[j] + k);
+      const Lanes f = {minusF[j], minusF[j], minusF[j], minusF[j]};
+      to[0] = to[0] + f * a;
+      to[1] = to[1] + f * b;
     }
   }
 }
