@@ -62,7 +62,8 @@ void Simplex::ErstelleSimplextableau1() {
   double* sum = t.row(3);
   double* residue = t.row(n + 4);
   double* phase1 = t.row(n + 5);
-  for (double* row : {lipid, protein, sum, residue, phase1}) std::fill(row, row + t.stride(), 0.0);
+  for (double* row : {lipid, protein, sum, residue, phase1})
+    std::fill(row + n, row + t.stride(), 0.0);
   for (int j = 1; j <= n; ++j) {
     lipid[j - 1] = entry(m_problem.lipid, j);
     protein[j - 1] = entry(m_problem.protein, j);
@@ -304,8 +305,9 @@ void Simplex::eliminate(int r, int c, int lastRow) {
   for (int k = 0; k < factors; ++k) {
     const int i = m_factorRows[k];
     if (i == r) continue;
-    m_rowCells[count] = t.row(i);
-    m_minusF[count] = -t.row(i)[slot];
+    double* cells = t.row(i);
+    m_rowCells[count] = cells;
+    m_minusF[count] = -cells[slot];
     m_factorRows[count++] = i;
   }
   pivotLines(pivot, p, m_rowCells.data(), m_minusF.data(), count, first, last);
