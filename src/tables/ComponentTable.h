@@ -1,7 +1,9 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace pescavo {
@@ -49,14 +51,25 @@ class ComponentTable {
   void setEncoding(Encoding encoding) { m_encoding = encoding; }
 
  private:
+  friend class ComponentTableReader;  // fills the rows in place, in file order
+
+  std::size_t at(int s, int i) const;  // checked
+  // A new column of substance values from column `from` (-1: zeros); `erase` removes `from`.
+  void rebuildColumns(int from, bool erase);
+
   std::vector<FeedComponent> m_components;
   std::vector<std::string> m_substances;
-  std::vector<std::vector<double>> m_residues;     // [s - 1][i - 1]
-  std::vector<std::vector<std::int16_t>> m_basis;  // [s - 1][i - 1]
+  // One row per component, one column per substance: a file's line is one row.
+  std::vector<double> m_residues;     // [(i - 1) * substanceCount() + s - 1]
+  std::vector<std::int16_t> m_basis;  // the same layout
   Encoding m_encoding = Encoding::Utf8;
 };
 
-// feedstuff.tab. Reading throws TableError naming file, line and cell.
+// feedstuff.tab. Reading throws TableError naming file, line and cell: besides the layout it
+// refuses numeric cells that are not one number (an empty residue cell reads as 0), values
+// beyond what the editors allow (percentages outside 0..100, CP + CL above 100, residues above
+// 1,000,000 mg/kg), a first line that is a component rather than the header, and files that
+// are not tables (see TableLines, TableFile).
 ComponentTable readComponentTable(const std::string& path);
 // Atomic: a temporary file in the same folder replaces the old one. Throws TableError.
 void writeComponentTable(const ComponentTable& table, const std::string& path,
@@ -67,11 +80,11 @@ void sortComponentFile(const std::string& path);
 ComponentTable resetComponentTable(const std::string& inputFolder);
 
 // The same steps on bytes held in memory; path only names the file in messages.
-ComponentTable parseComponentTable(std::string bytes, const std::string& path);
+ComponentTable parseComponentTable(std::string_view bytes, const std::string& path);
 // The file's bytes as writeComponentTable writes them, in the table's encoding.
 std::string formatComponentTable(const ComponentTable& table, char decimalSeparator,
                                  const std::string& path);
 // The exit sort from a file's bytes to the sorted file's bytes, in the same encoding.
-std::string sortComponentText(std::string bytes, const std::string& path);
+std::string sortComponentText(std::string_view bytes, const std::string& path);
 
 }  // namespace pescavo

@@ -285,21 +285,36 @@ bool fifteenDigits(double, std::uint64_t&, int&) { return false; }
 // multiplication.
 std::uint64_t roundedDown(std::uint64_t value, int places) {
   switch (places) {
-    case 1: return value / 10;
-    case 2: return value / 100;
-    case 3: return value / 1000;
-    case 4: return value / 10000;
-    case 5: return value / 100000;
-    case 6: return value / 1000000;
-    case 7: return value / 10000000;
-    case 8: return value / 100000000;
-    case 9: return value / 1000000000;
-    case 10: return value / 10000000000;
-    case 11: return value / 100000000000;
-    case 12: return value / 1000000000000;
-    case 13: return value / 10000000000000;
-    case 14: return value / 100000000000000;
-    default: return value / kPowersOf10[places];
+    case 1:
+      return value / 10;
+    case 2:
+      return value / 100;
+    case 3:
+      return value / 1000;
+    case 4:
+      return value / 10000;
+    case 5:
+      return value / 100000;
+    case 6:
+      return value / 1000000;
+    case 7:
+      return value / 10000000;
+    case 8:
+      return value / 100000000;
+    case 9:
+      return value / 1000000000;
+    case 10:
+      return value / 10000000000;
+    case 11:
+      return value / 100000000000;
+    case 12:
+      return value / 1000000000000;
+    case 13:
+      return value / 10000000000000;
+    case 14:
+      return value / 100000000000000;
+    default:
+      return value / kPowersOf10[places];
   }
 }
 

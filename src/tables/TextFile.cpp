@@ -88,17 +88,85 @@ char32_t decodeUtf8At(std::string_view text, std::size_t i, std::size_t length) 
   return c;
 }
 
+namespace {
+
+// What a path that is not a regular file names, for the refusal.
+const char* fileKind(mode_t mode) {
+  if (S_ISDIR(mode)) return "a folder";
+  if (S_ISFIFO(mode)) return "a pipe";
+  if (S_ISCHR(mode)) return "a character device";
+  if (S_ISBLK(mode)) return "a block device";
+  if (S_ISSOCK(mode)) return "a socket";
+  return "not a regular file";
+}
+
+[[noreturn]] void refuseKind(const std::string& path, mode_t mode) {
+  throw TableError(path, 0, 0,
+                   std::string("expected a table file, found ") + fileKind(mode) +
+                       " (only regular files are read)");
+}
+
+[[noreturn]] void refuseSize(const std::string& path, std::uint64_t size) {
+  throw TableError(path, 0, 0,
+                   "expected a table of at most 64 MiB (" + std::to_string(TableFile::kMaxBytes) +
+                       " bytes), found " + std::to_string(size) + " bytes");
+}
+
+}  // namespace
+
+TableFile::TableFile(const std::string& path) : m_path(path) {
+  // Looked at before opening: opening a pipe for reading waits for a writer.
+  struct stat info {};
+  if (::stat(path.c_str(), &info) != 0) throwSystemError(path, "cannot be opened", errno);
+  if (!S_ISREG(info.st_mode)) refuseKind(path, info.st_mode);
+  if (static_cast<std::uint64_t>(info.st_size) > kMaxBytes)
+    refuseSize(path, static_cast<std::uint64_t>(info.st_size));
+  // Non-blocking all the same, in case the path was replaced by a pipe since.
+  m_fd = ::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+  if (m_fd < 0) throwSystemError(path, "cannot be opened", errno);
+  if (::fstat(m_fd, &info) != 0) {
+    const int error = errno;
+    ::close(m_fd);
+    throwSystemError(path, "cannot be read", error);
+  }
+  if (!S_ISREG(info.st_mode) || static_cast<std::uint64_t>(info.st_size) > kMaxBytes) {
+    ::close(m_fd);
+    if (!S_ISREG(info.st_mode)) refuseKind(path, info.st_mode);
+    refuseSize(path, static_cast<std::uint64_t>(info.st_size));
+  }
+  m_size = static_cast<std::uint64_t>(info.st_size);
+}
+
+TableFile::~TableFile() {
+  if (m_fd >= 0) ::close(m_fd);
+}
+
+std::size_t TableFile::read(char* into, std::size_t room) {
+  for (;;) {
+    const ssize_t got = ::read(m_fd, into, room);
+    if (got < 0) {
+      if (errno == EINTR) continue;
+      throwSystemError(m_path, "cannot be read", errno);
+    }
+    m_done += static_cast<std::uint64_t>(got);
+    if (m_done > kMaxBytes) refuseSize(m_path, m_done);
+    return static_cast<std::size_t>(got);
+  }
+}
+
 std::string readFileBytes(const std::string& path) {
-  std::FILE* file = std::fopen(path.c_str(), "rb");
-  if (!file) throwSystemError(path, "cannot be opened", errno);
+  TableFile file(path);
   std::string bytes;
-  std::array<char, 65536> buffer;
-  std::size_t got = 0;
-  while ((got = std::fread(buffer.data(), 1, buffer.size(), file)) > 0)
-    bytes.append(buffer.data(), got);
-  const int error = std::ferror(file) ? errno : 0;
-  std::fclose(file);
-  if (error != 0) throwSystemError(path, "cannot be read", error);
+  // One read when the file keeps its length; a file that grows meanwhile is read on.
+  bytes.resize(static_cast<std::size_t>(file.size()) + 1);
+  std::size_t have = 0;
+  for (;;) {
+    if (have == bytes.size()) bytes.resize(bytes.size() * 2);
+    const std::size_t got = file.read(bytes.data() + have, bytes.size() - have);
+    if (got == 0) break;
+    have += got;
+  }
+  bytes.resize(have);
   return bytes;
 }
 
@@ -138,12 +206,35 @@ void writeFileAtomic(const std::string& path, std::string_view bytes) {
 }
 
 bool isValidUtf8(std::string_view bytes) {
+  // Tables are mostly ASCII: eight bytes at a time while none has its top bit set.
   for (std::size_t i = 0; i < bytes.size();) {
+    if (i + 8 <= bytes.size()) {
+      std::uint64_t word;
+      std::memcpy(&word, bytes.data() + i, sizeof word);
+      if ((word & 0x8080808080808080u) == 0) {
+        i += 8;
+        continue;
+      }
+    }
+    if (static_cast<unsigned char>(bytes[i]) < 0x80) {
+      ++i;
+      continue;
+    }
     const std::size_t length = utf8SequenceLength(bytes, i);
     if (length == 0) return false;
     i += length;
   }
   return true;
+}
+
+std::string windows1252ToUtf8(std::string_view bytes) {
+  std::string text;
+  text.reserve(bytes.size() + bytes.size() / 8);
+  for (const char ch : bytes) {
+    const auto byte = static_cast<unsigned char>(ch);
+    appendUtf8(text, byte >= 0x80 && byte < 0xA0 ? kCp1252High[byte - 0x80] : byte);
+  }
+  return text;
 }
 
 DecodedText decodeText(std::string bytes) {
@@ -155,11 +246,7 @@ DecodedText decodeText(std::string bytes) {
     return decoded;
   }
   decoded.encoding = Encoding::Windows1252;
-  decoded.text.reserve(bytes.size() + bytes.size() / 8);
-  for (const char ch : bytes) {
-    const auto byte = static_cast<unsigned char>(ch);
-    appendUtf8(decoded.text, byte >= 0x80 && byte < 0xA0 ? kCp1252High[byte - 0x80] : byte);
-  }
+  decoded.text = windows1252ToUtf8(bytes);
   return decoded;
 }
 

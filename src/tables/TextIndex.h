@@ -46,8 +46,8 @@ class LastTextPosition {
 
  private:
   const std::vector<ListEntry>* m_entries = nullptr;
-  std::vector<int> m_slots;       // positions + 1; 0 is an empty slot
-  std::vector<char> m_last;       // per position: no later entry shows the same text
+  std::vector<int> m_slots;          // positions + 1; 0 is an empty slot
+  std::vector<char> m_last;          // per position: no later entry shows the same text
   std::vector<std::string> m_texts;  // the texts the index was made from
 };
 

@@ -12,33 +12,13 @@
 #include "tables/FishTables.h"
 #include "tables/NumericText.h"
 #include "tables/TableError.h"
+#include "tables/TableTestSupport.h"
 #include "tables/TextFile.h"
 
 namespace pescavo {
 namespace {
 
 const std::string kData = PESCAVO_TEST_DATA "/tables/";
-
-struct TempFolder {
-  std::string path = std::filesystem::temp_directory_path() / "pescavo-XXXXXX";
-  std::error_code ignored;
-  TempFolder() { EXPECT_NE(::mkdtemp(path.data()), nullptr); }
-  ~TempFolder() { std::filesystem::remove_all(path, ignored); }
-  std::string write(const std::string& name, const std::string& bytes) const {
-    std::ofstream(path + "/" + name, std::ios::binary) << bytes;
-    return path + "/" + name;
-  }
-};
-
-template <typename Action>
-std::string errorOf(Action action) {
-  try {
-    action();
-  } catch (const TableError& error) {
-    return error.what();
-  }
-  return "no error";
-}
 
 const std::string kFixedHeader =
     "Category\tCrop\tCommodity\tIFN Code\tCP (%)\tCL (%)\tDM(%)\tmax carp(%)\tmax trout (%)";
@@ -96,12 +76,12 @@ TEST(ComponentTable, ValuesMoveWithTheirSubstancesAndComponents) {
 }
 
 TEST(ReadComponentTable, CellsLineEndsCodePagesAndErrorsNamingFileLineAndCell) {
-  // Cells are trimmed; basis codes round half to even.
+  // Cells are trimmed; basis codes round half to even; an empty one is STMR, as a new record.
   const std::string five = header({"A", "B", "C", "D", "E"});
   const std::string cells =
       " Fat \t Soy\toil \t4-07\t0\t99.5\t99.8\t10\t15\t0.5\t0.35\t0,6\t 0 . 02 \t-0.4";
   EXPECT_EQ(
-      formatComponentTable(readText(five + cells + "\t1\t1,4\t1\tSTMR\t1\r\n"), '.', "f"),
+      formatComponentTable(readText(five + cells + "\t1\t1,4\t1\t \t1\r\n"), '.', "f"),
       five + "Fat\tSoy\toil\t4-07\t0\t99.5\t99.8\t10\t15\t0\t0.35\t1\t0.02\t0\t1\t1\t1\t0\t1\r\n");
   std::vector<std::string> names(998, "S");
   names.back() = "";
@@ -131,7 +111,7 @@ TEST(ReadComponentTable, CellsLineEndsCodePagesAndErrorsNamingFileLineAndCell) {
        "line 3, cell 10: expected the residue input value (0 STMR or 1 STMR-P) of substance 1 "
        "\"Alpha\", found \"1.5\""},
       {kHead + "Fat\tRape\toil\t\t0\t1E999\t99\t5\t5\t0\t1\t0\t1\r\n",
-       "line 2, cell 6: expected the crude lipid CL (%) as a number within range, found "
+       "line 2, cell 6: expected the crude lipid CL (%) as a number from 0 to 100, found "
        "\"1E999\""},
       {kHead + kGood + "\r\n" + kGood, "line 3: expected a component, found an empty line"},
       {kHead + kGood + kGood + "\r\n", "line 4: expected a component, found an empty line"},
@@ -223,10 +203,10 @@ TEST(FishTables, SpeciesAndFishmealReadingRulesAndErrors) {
   const auto both = [](double a, double b) {
     return generalForm(a, '.') + "/" + generalForm(b, '.');
   };
-  std::string read;  // a missing number repeats the last one; a label alone gives 0
+  std::string read;  // a missing number repeats the last one; blank lines may follow
   for (const char* text :
-       {"Species\t Common carp \tRainbow trout\r\nlipid\t8\t15\r\nprotein\t35\t42\r\nx",
-        "S\tCarp\tTrout\nlipid\t7,5\nprotein"}) {
+       {"Species\t Common carp \tRainbow trout\r\nlipid\t8\t15\r\nprotein\t35\t42\r\n \t\r\n",
+        "S\tCarp\tTrout\nlipid\t7,5\nprotein\t3e1"}) {
     for (const FishSpecies& s : parseSpeciesTable(text, "S"))
       read += s.name + " " + both(s.lipid, s.protein) + "; ";
   }
@@ -234,7 +214,7 @@ TEST(FishTables, SpeciesAndFishmealReadingRulesAndErrors) {
            "protein\tlipid\r\n60\t12\r\n62 11\r\n65,10\r\n 68 , 9 \r\n70,5\t8\t\r\n72.5, 7.5", "F"))
     read += both(grade.protein, grade.lipid) + " ";
   EXPECT_EQ(read,
-            "Common carp 8/35; Rainbow trout 15/42; Carp 7.5/0; Trout 7.5/0; 60/12 62/11 65/10 "
+            "Common carp 8/35; Rainbow trout 15/42; Carp 7.5/30; Trout 7.5/30; 60/12 62/11 65/10 "
             "68/9 70.5/8 72.5/7.5 ");
   EXPECT_EQ(fishmealItemText({62.5, 11.25}, ','), "62,5 % protein, 11,25% lipid");
   const std::string three = "h\r\n60\t12\r\n62\t11\r\n65\t10\r\n";
@@ -244,7 +224,9 @@ TEST(FishTables, SpeciesAndFishmealReadingRulesAndErrors) {
       {"S\tC\tT\tPike", "line 1, cell 4: " + two + ", found a third name \"Pike\""},
       {"S\tC", "line 1, cell 3: " + two},
       {"S\tC\tT\n1\t2\t3", "line 3: expected the crude protein targets, found the end of the file"},
-      {"S\tC\tT\n1\t2\t3e999", "line 2, cell 3: expected a target content in percent within range"},
+      {"S\tC\tT\nl\t2\t3e999",
+       "line 2, cell 3: expected the crude lipid target (%) of \"T\" as a number from 0 to 100, "
+       "found \"3e999\""},
       {"", "line 1: expected the species names, found an empty file"}};
   for (const auto& [text, message] : species)
     EXPECT_EQ(errorOf([&t = text] { parseSpeciesTable(t, "S"); }), "S: " + message);
@@ -254,11 +236,14 @@ TEST(FishTables, SpeciesAndFishmealReadingRulesAndErrors) {
       {"h\r\n60\t12\r\n62\t11\r\n",
        "expected at least three fish-meal grades (the third is the default), found 2"},
       {"h\r\n" + times(12, "60\t10\r\n"), "line 13: expected at most 11 fish-meal grades"},
-      {three + "6", "line 5, cell 2: expected the crude lipid content (%) as a number, found \"\""},
+      {three + "6",
+       "line 5, cell 2: expected the crude lipid content (%) as a number from 0 to 100, found "
+       "\"\""},
       {three + "6,5 1,2\r\n",
        "line 5, cell 3: expected the end of the line after the protein and lipid contents"},
       {three + "protein\t9\r\n",
-       "line 5, cell 1: expected the crude protein content (%) as a number, found \"protein\""}};
+       "line 5, cell 1: expected the crude protein content (%) as a number from 0 to 100, found "
+       "\"protein\""}};
   for (const auto& [text, message] : fishmeal)
     EXPECT_EQ(errorOf([&t = text] { parseFishmealTable(t, "F"); }), "F: " + message);
 }

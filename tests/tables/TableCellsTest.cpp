@@ -1,0 +1,154 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdint>
+#include <cstring>
+#include <optional>
+#include <random>
+#include <string>
+
+#include "tables/NumericText.h"
+#include "tables/TableCells.h"
+
+namespace pescavo {
+namespace {
+
+std::uint64_t bitsOf(double value) {
+  std::uint64_t bits;
+  std::memcpy(&bits, &value, sizeof bits);
+  return bits;
+}
+
+// A numeric cell holds one number or is refused; what it holds reads exactly as zahl reads it,
+// so no table that loaded before changes a single bit.
+TEST(NumberCell, OneNumberReadsAsZahlReadsItAnythingElseIsRefused) {
+  const char* const numbers[] = {"0",
+                                 "12.5",
+                                 "12,5",
+                                 " 0 . 02 ",
+                                 "- 5",
+                                 "+.5",
+                                 "5.",
+                                 "1 000",
+                                 "1E5",
+                                 "1e-5",
+                                 "1d2",
+                                 "1D-2",
+                                 "2.5E+01",
+                                 "0.3",
+                                 "2.675",
+                                 "-0.0001",
+                                 "1e22",
+                                 "1e23",
+                                 "9007199254740993",
+                                 "123456789012345678901234",
+                                 "0.1000000000000000000001",
+                                 "0000000000000000000000001.5",
+                                 "4.9e-324",
+                                 "1e-400",
+                                 "1.7976931348623157e308"};
+  for (const char* text : numbers) {
+    const std::optional<double> value = numberCell(text);
+    ASSERT_TRUE(value) << text;
+    EXPECT_EQ(bitsOf(*value), bitsOf(zahl(text))) << text;
+  }
+  for (const char* zero : {"-0", "-0.000", "-0e5", "0e999"}) {
+    EXPECT_EQ(bitsOf(numberCell(zero).value_or(1)), bitsOf(0.0)) << zero;  // no negative zero
+  }
+  const char* const refused[] = {"",
+                                 "   ",
+                                 "high",
+                                 "NaN",
+                                 "nan",
+                                 "Inf",
+                                 "-Infinity",
+                                 "abc",
+                                 "0.21 mg/kg",
+                                 "1,234.5",
+                                 "1.2.3",
+                                 "1,5,0",
+                                 "&H10",
+                                 "&O17",
+                                 "0x10",
+                                 "1e400",
+                                 "-1e400",
+                                 "1E",
+                                 "1e+",
+                                 "E5",
+                                 "--1",
+                                 "+-1",
+                                 "12.5%",
+                                 ".",
+                                 "-",
+                                 "1 2e",
+                                 "5 % protein",
+                                 "1e5.5",
+                                 "1\xC2\xA0"
+                                 "000",
+                                 "1\r",
+                                 "\xEF\xBC\x91"};
+  for (const char* text : refused) EXPECT_FALSE(numberCell(text)) << text;
+}
+
+// Random cells of every form the grammar takes: numberCell matches zahl bit for bit, and the
+// short reading of plain cells matches numberCell.
+TEST(NumberCell, FastReadingsGiveZahlsBitsOnRandomCells) {
+  std::mt19937_64 random(20240611);
+  const auto below = [&](int n) { return static_cast<int>(random() % static_cast<unsigned>(n)); };
+  const auto digits = [&](int count) {
+    std::string text;
+    for (int d = 0; d < count; ++d)
+      text += static_cast<char>('0' + (below(3) == 0 ? 0 : below(10)));
+    return text;
+  };
+  int accepted = 0, plain = 0;
+  for (int k = 0; k < 300000; ++k) {
+    std::string text;
+    if (below(4) == 0) text += "-+"[below(2)];
+    text += digits(below(4) == 0 ? below(25) : below(6));
+    if (below(3) != 0) text += ".,"[below(4) == 0];
+    text += digits(below(4) == 0 ? below(25) : below(8));
+    if (below(5) == 0) {
+      text += "EeDd"[below(4)];
+      if (below(2)) text += "+-"[below(2)];
+      text += std::to_string(below(4) == 0 ? below(400) : below(30));
+    }
+    if (below(10) == 0) text.insert(static_cast<std::size_t>(below(int(text.size()) + 1)), " ");
+    const std::optional<double> value = numberCell(text);
+    if (value) {
+      ++accepted;
+      ASSERT_EQ(bitsOf(*value), bitsOf(zahl(text))) << text;
+    }
+    const std::string cell = text + "\t";
+    double fast = 0;
+    if (const char* end = plainNumberCell(cell.data(), cell.data() + cell.size(), fast)) {
+      ++plain;
+      ASSERT_TRUE(value) << text;
+      ASSERT_EQ(bitsOf(fast), bitsOf(*value)) << text;
+      ASSERT_EQ(end, cell.data() + text.size()) << text;
+    }
+  }
+  EXPECT_GT(plain, 50000);  // both readings were exercised
+  EXPECT_GT(accepted, plain + 50000);
+}
+
+TEST(TableCells, CuttingAndQuoting) {
+  std::string_view rest = "a\tb c\t", cell;
+  ASSERT_TRUE(takeCell(rest, cell));
+  EXPECT_EQ(cell, "a");
+  dropCell(rest);
+  EXPECT_EQ(rest, "");
+  EXPECT_FALSE(takeCell(rest, cell));
+  EXPECT_EQ(splitCells("x\t\ty").size(), 3u);
+  EXPECT_EQ(cellAt("a\tb\tc", 2), 2);
+  EXPECT_EQ(cellAt("a\tb\tc", 4), 3);
+  EXPECT_TRUE(onlyBlanks(" \t "));
+  EXPECT_FALSE(onlyBlanks(" x"));
+  // 39 ASCII bytes and a two-byte character across the cut: the character goes whole.
+  EXPECT_EQ(quotedText(std::string(39, 'a') + "\xC3\xA4" + "bc"),
+            "\"" + std::string(39, 'a') + "...\"");
+  EXPECT_EQ(quotedText("short"), "\"short\"");
+}
+
+}  // namespace
+}  // namespace pescavo

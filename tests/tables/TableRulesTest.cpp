@@ -1,0 +1,369 @@
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <cstdint>
+#include <cstring>
+#include <filesystem>
+#include <functional>
+#include <future>
+#include <string>
+#include <vector>
+
+#include "tables/ComponentTable.h"
+#include "tables/ComponentViews.h"
+#include "tables/FishTables.h"
+#include "tables/TableTestSupport.h"
+#include "tables/TextFile.h"
+#include "tables/TextIndex.h"
+
+namespace pescavo {
+namespace {
+
+enum class Kind { Components, Species, Fishmeal };
+
+const char* fileName(Kind kind) {
+  return kind == Kind::Components ? "feedstuff.tab"
+         : kind == Kind::Species  ? "Species.tab"
+                                  : "Fishmeal.tab";
+}
+
+void parse(Kind kind, const std::string& bytes, const std::string& name) {
+  if (kind == Kind::Components) parseComponentTable(bytes, name);
+  if (kind == Kind::Species) parseSpeciesTable(bytes, name);
+  if (kind == Kind::Fishmeal) parseFishmealTable(bytes, name);
+}
+
+void read(Kind kind, const std::string& path) {
+  if (kind == Kind::Components) readComponentTable(path);
+  if (kind == Kind::Species) readSpeciesTable(path);
+  if (kind == Kind::Fishmeal) readFishmealTable(path);
+}
+
+const std::string kHeader =
+    "Category\tCrop\tCommodity\tIFN Code\tCP (%)\tCL (%)\tDM(%)\tmax carp(%)\tmax trout (%)\t"
+    "ResidueInputValue\tAlpha\tResidueInputValue\tBeta\r\n";
+const std::string kNutrients = "9.4\t4.3\t88\t40\t15";
+
+std::string component(const std::string& values, const std::string& crop = "Maize") {
+  return "Cereal Grains/ Crop Seeds\t" + crop + "\tgrain\t4-02-935\t" + values + "\r\n";
+}
+// The table with one component whose residue of Alpha (cell 11) is the text given.
+std::string withResidue(const std::string& residue) {
+  return kHeader + component(kNutrients + "\t0\t" + residue + "\t0\t0.01");
+}
+std::string withNutrients(const std::string& nutrients) {
+  return kHeader + component(nutrients + "\t0\t0.02\t0\t0.01");
+}
+
+const std::string kSpecies =
+    "Species\tCommon carp\tRainbow trout\r\nCrude lipid (%)\t8\t15\r\nCrude protein "
+    "(%)\t35\t42\r\n";
+const std::string kGrades = "60\t12\r\n62\t11\r\n65\t10\r\n";
+const std::string kFishmeal = "Crude protein (%)\tCrude lipid (%)\r\n" + kGrades;
+
+std::string utf16(const std::string& ascii, bool bigEndian) {
+  std::string out;
+  for (const char c : ascii) {
+    out += bigEndian ? std::string{'\0', c} : std::string{c, '\0'};
+  }
+  return out;
+}
+
+std::string residueExpected(int cell, const std::string& substance, const std::string& found) {
+  return "line 2, cell " + std::to_string(cell) + ": expected the residue value of " + substance +
+         " as a number up to 1000000 (mg/kg; empty reads as 0, a negative value means none), "
+         "found \"" +
+         found + "\"";
+}
+
+struct Refusal {
+  Kind kind;
+  std::string bytes;
+  std::string message;  // after "<file>: "
+};
+
+// Each refusal names the file, the line and the cell and says what was expected, whether the
+// table comes from its file or from bytes in memory.
+TEST(TableRules, RefusalsNameFileLineCellAndWhatWasExpected) {
+  std::vector<Refusal> cases;
+  for (const char* text : {"high", "NaN", "Inf", "abc", "0.21 mg/kg", "1,234.5", "&H10", "1e400",
+                           "1.7e308", "1e300", "1000000.5", "0x1p3"}) {
+    cases.push_back(
+        {Kind::Components, withResidue(text), residueExpected(11, "substance 1 \"Alpha\"", text)});
+  }
+  const auto percent = [](int cell, const std::string& what, const std::string& found) {
+    return "line 2, cell " + std::to_string(cell) + ": expected the " + what +
+           " as a number from 0 to 100, found \"" + found + "\"";
+  };
+  const std::string header =
+      "line 1, cell 5: expected the header line, with \"CP (%)\" in cell 5, "
+      "found \"9.4\" (line 1 reads as a component: is the header missing?)";
+  const std::string crOnly =
+      "line 1: expected lines ending in CR LF or LF, found CR-only line ends (a CR alone, as old "
+      "Mac programs wrote them): save the file with Windows or Unix line ends";
+  std::string crLines = withResidue("0.5");
+  for (std::size_t p = crLines.find("\r\n"); p != std::string::npos; p = crLines.find("\r\n", p))
+    crLines.erase(p + 1, 1);
+  const std::string utf16Text = ": save the file as UTF-8 or Windows-1252 text";
+  cases.insert(
+      cases.end(),
+      {
+          {Kind::Components, kHeader + component(kNutrients + "\t0\t0\t0\tNaN"),
+           residueExpected(13, "substance 2 \"Beta\"", "NaN")},
+          {Kind::Components, kHeader + component(kNutrients + "\tSTMR\t0\t0\t0"),
+           "line 2, cell 10: expected the residue input value (0 STMR or 1 STMR-P) of substance "
+           "1 \"Alpha\", found \"STMR\""},
+          {Kind::Components, kHeader + component(kNutrients + "\t0\t0\t2\t0"),
+           "line 2, cell 12: expected the residue input value (0 STMR or 1 STMR-P) of substance "
+           "2 \"Beta\", found \"2\""},
+          {Kind::Components, withNutrients("500\t4.3\t88\t40\t15"),
+           percent(5, "crude protein CP (%)", "500")},
+          {Kind::Components, withNutrients("\t4.3\t88\t40\t15"),
+           percent(5, "crude protein CP (%)", "")},
+          {Kind::Components, withNutrients("9.4\t-1\t88\t40\t15"),
+           percent(6, "crude lipid CL (%)", "-1")},
+          {Kind::Components, withNutrients("9.4\t4.3\t-88\t40\t15"),
+           percent(7, "dry matter DM(%)", "-88")},
+          {Kind::Components, withNutrients("9.4\t4.3\t88\t-5\t15"),
+           percent(8, "maximum inclusion for carp", "-5")},
+          {Kind::Components, withNutrients("9.4\t4.3\t88\t40\t100.5"),
+           percent(9, "maximum inclusion for trout", "100.5")},
+          {Kind::Components, withNutrients("60\t50\t88\t40\t15"),
+           "line 2, cell 6: expected the crude protein CP (%) and the crude lipid CL (%) to add "
+           "up to at most 100, found \"60\" + \"50\""},
+          {Kind::Components,
+           component(kNutrients + "\t0\t0.02\t0\t0.01") +
+               component(kNutrients + "\t0\t0.03\t0\t0.01", "Oat"),
+           header},
+          {Kind::Components, utf16(withResidue("0.5"), false),
+           "expected UTF-8 or Windows-1252 text, found UTF-16 (little-endian)" + utf16Text},
+          {Kind::Components, utf16(withResidue("0.5"), true),
+           "expected UTF-8 or Windows-1252 text, found UTF-16 (big-endian)" + utf16Text},
+          {Kind::Components, crLines, crOnly},
+          {Kind::Components,
+           kHeader + "Cereal Grains/ Crop Seeds\tMa" + std::string(1, '\0') + "ize\tgrain\t\t" +
+               kNutrients + "\t0\t0\t0\t0\r\n",
+           "line 2, cell 2: expected text, found a NUL byte (is the file a table?)"},
+          {Kind::Components, withResidue("0\r5"),
+           "line 2, cell 11: expected the line to end in CR LF or LF, found a CR alone inside it"},
+          {Kind::Species, "Crude lipid (%)\t8\t15\r\nCrude protein (%)\t35\t42\r\n",
+           "line 1, cell 2: expected the header line with the species names, found \"8\" (line 1 "
+           "reads as targets: is the header missing?)"},
+          {Kind::Species, "\xFF\xFE" + utf16(kSpecies, false),
+           "expected UTF-8 or Windows-1252 text, found UTF-16 (little-endian, with a byte-order "
+           "mark)" +
+               utf16Text},
+          {Kind::Species, "\xFE\xFF" + utf16(kSpecies, true),
+           "expected UTF-8 or Windows-1252 text, found UTF-16 (big-endian, with a byte-order "
+           "mark)" +
+               utf16Text},
+          {Kind::Species, kSpecies + "Crude fibre (%)\t3\t4\r\n",
+           "line 4, cell 1: expected the end of the file after the crude protein targets of line "
+           "3, found \"Crude fibre (%)\""},
+          {Kind::Species, kSpecies + "\r\n \t\r\n\t\tx\r\n",
+           "line 6, cell 3: expected the end of the file after the crude protein targets of line "
+           "3, found \"x\""},
+          {Kind::Species, "S\tCommon carp\tRainbow trout\r\nlipid\thigh\t15\r\nprotein\t35\t42",
+           "line 2, cell 2: expected the crude lipid target (%) of \"Common carp\" as a number "
+           "from 0 to 100, found \"high\""},
+          {Kind::Species, "S\tCommon carp\tRainbow trout\r\nlipid\t8\t15\r\nprotein\t35\t150",
+           "line 3, cell 3: expected the crude protein target (%) of \"Rainbow trout\" as a "
+           "number from 0 to 100, found \"150\""},
+          {Kind::Species, "S\tCommon carp\tRainbow trout\r\nlipid\t8\t15\t\t20\r\nprotein\t3\t4",
+           "line 2, cell 5: expected the end of the line after the targets of the two species, "
+           "found \"20\""},
+          {Kind::Species, "S\tCommon carp\tRainbow trout\r\nlipid\r\nprotein\t35\t42",
+           "line 2, cell 2: expected the crude lipid target (%) of \"Common carp\" after the "
+           "label, found the end of the line"},
+          {Kind::Species, "S\tCarp\tTrout\rlipid\t8\t15\rprotein\t35\t42\r", crOnly},
+          {Kind::Fishmeal, kGrades + "68\t9\r\n",
+           "line 1, cell 1: expected the header line (the column names, such as \"Crude protein "
+           "(%)\"), found the numbers \"60\" and \"12\" (line 1 reads as a fish-meal grade: is "
+           "the header missing?)"},
+          {Kind::Fishmeal, kFishmeal + "101\t8\r\n",
+           "line 5, cell 1: expected the crude protein content (%) as a number from 0 to 100, "
+           "found \"101\""},
+          {Kind::Fishmeal, kFishmeal + "70 8%\r\n",
+           "line 5, cell 2: expected the crude lipid content (%) as a number from 0 to 100, "
+           "found \"8%\""},
+          {Kind::Fishmeal, kFishmeal + "70\t-1\r\n",
+           "line 5, cell 2: expected the crude lipid content (%) as a number from 0 to 100, "
+           "found \"-1\""},
+          {Kind::Fishmeal, "\xFF\xFE" + utf16(kFishmeal, false),
+           "expected UTF-8 or Windows-1252 text, found UTF-16 (little-endian, with a byte-order "
+           "mark)" +
+               utf16Text},
+      });
+  TempFolder folder;
+  for (const Refusal& c : cases) {
+    EXPECT_EQ(errorOf([&] { parse(c.kind, c.bytes, "X"); }), "X: " + c.message) << c.bytes;
+    const std::string path = folder.write(fileName(c.kind), c.bytes);
+    EXPECT_EQ(errorOf([&] { read(c.kind, path); }), path + ": " + c.message) << c.bytes;
+  }
+}
+
+// Tables at the edges of the rules load, with the values the cells say.
+TEST(TableRules, TablesWithinTheRulesLoad) {
+  const std::string header =  // other capitalisation and spacing than the program writes
+      "category\tcrop\tcommodity\tifn code\tCP(%)\tcl (%)\tDM (%)\tMax Carp (%)\tMAX TROUT(%)\t"
+      "ResidueInputValue\tAlpha\tresidue input value\tBeta\r\n";
+  const ComponentTable table =
+      parseComponentTable(header + component("60.1\t39.9\t0\t100\t0\t1.0\t1000000\t\t") +
+                              component("0\t0\t1 00\t0,5\t1E1\t0\t-1\t1\t 2 , 5 \t \t"),
+                          "f");
+  ASSERT_EQ(table.componentCount(), 2);
+  const FeedComponent& first = table.component(1);
+  EXPECT_EQ(std::vector<double>({first.cp, first.cl, first.dm, first.maxCarp, first.maxTrout}),
+            std::vector<double>({60.1, 39.9, 0, 100, 0}));
+  const FeedComponent& second = table.component(2);
+  EXPECT_EQ(std::vector<double>({second.dm, second.maxCarp, second.maxTrout}),
+            std::vector<double>({100, 0.5, 10}));
+  EXPECT_EQ(std::vector<double>({table.residue(1, 1), table.residue(2, 1), table.residue(1, 2),
+                                 table.residue(2, 2)}),
+            std::vector<double>({1000000, 0, -1, 2.5}));
+  EXPECT_EQ(std::vector<int>({table.basis(1, 1), table.basis(2, 1), table.basis(2, 2)}),
+            std::vector<int>({1, 0, 1}));
+  const std::vector<FishSpecies> species = parseSpeciesTable(
+      "Species\tCommon carp\tRainbow trout\r\nlipid\t0\t100\r\nprotein\t35\t42\t\r\n\r\n \t", "s");
+  EXPECT_EQ(species[1].lipid, 100);
+  for (const std::string header : {"", "protein lipid", "Grade 1\t2", "60 % protein, 12 % lipid"}) {
+    EXPECT_EQ(parseFishmealTable(header + "\r\n" + kGrades, "m").size(), 3u) << header;
+  }
+}
+
+// What is not a regular file is refused without reading from it: a pipe would block the
+// reader, /dev/zero would never end. The pipe is opened for writing after a while, so a reader
+// that blocks on it fails this test instead of hanging it.
+TEST(TableFiles, OnlyRegularFilesOfAtMost64MiBAreRead) {
+  TempFolder folder;
+  const std::string pipe = folder.path + "/pipe";
+  ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+  const std::string zero = folder.path + "/zero";
+  std::filesystem::create_symlink("/dev/zero", zero);
+  const std::string large = folder.path + "/large";
+  folder.write("large", "");
+  std::filesystem::resize_file(large, TableFile::kMaxBytes + 1);  // sparse: costs nothing
+  const std::string folderPath = folder.path + "/inside";
+  std::filesystem::create_directory(folderPath);
+
+  const std::string kinds[][2] = {
+      {pipe, "expected a table file, found a pipe (only regular files are read)"},
+      {zero, "expected a table file, found a character device (only regular files are read)"},
+      {folderPath, "expected a table file, found a folder (only regular files are read)"},
+      {large, "expected a table of at most 64 MiB (67108864 bytes), found 67108865 bytes"},
+      {folder.path + "/missing", "cannot be opened (No such file or directory)"}};
+  const std::vector<std::function<void(const std::string&)>> readers = {
+      [](const std::string& path) { readComponentTable(path); },
+      [](const std::string& path) { readSpeciesTable(path); },
+      [](const std::string& path) { readFishmealTable(path); },
+      [](const std::string& path) { readFileBytes(path); },
+      [](const std::string& path) { sortComponentFile(path); }};
+  for (const auto& kind : kinds) {
+    const std::string& path = kind[0];
+    for (const auto& reader : readers) {
+      auto refusal = std::async(std::launch::async, [&] { return errorOf([&] { reader(path); }); });
+      if (refusal.wait_for(std::chrono::seconds(5)) != std::future_status::ready) {
+        const int writer = ::open(pipe.c_str(), O_WRONLY | O_NONBLOCK);  // lets it go on
+        if (writer >= 0) ::close(writer);
+        ADD_FAILURE() << path << " blocked the reader";
+      }
+      EXPECT_EQ(refusal.get(), path + ": " + kind[1]);
+    }
+  }
+}
+
+// Equal components and equal substance names are read, with one warning each naming both
+// places; the warning's claim that a run takes the last component's figures is what the
+// list lookup of a run does.
+TEST(DuplicateWarnings, NameBothLinesOrCells) {
+  const std::string header =
+      "Category\tCrop\tCommodity\tIFN Code\tCP (%)\tCL (%)\tDM(%)\tmax carp(%)\tmax trout (%)\t"
+      "ResidueInputValue\tAlpha\tResidueInputValue\tBeta\tResidueInputValue\tAlpha\r\n";
+  const auto row = [](const std::string& crop, const std::string& commodity, double residue) {
+    return "Fat\t" + crop + "\t" + commodity + "\t\t0\t99\t99\t5\t5\t0\t" +
+           std::to_string(residue) + "\t0\t0\t0\t0\r\n";
+  };
+  const ComponentTable table = parseComponentTable(
+      header + row("Maize", "grain", 1) + row("Rye", "grain", 2) + row(" Maize ", "grain ", 3) +
+          row("Maize", "grain meal", 4) + row("Rye", "grain", 5) + row("Rye", "grain", 6),
+      "feedstuff.tab");
+  EXPECT_EQ(duplicateWarnings(table, "feedstuff.tab"),
+            std::vector<std::string>(
+                {"feedstuff.tab: line 1, cells 11 and 15 both name the substance \"Alpha\" "
+                 "(substances 1 and 3); only their place in the list tells them apart",
+                 "feedstuff.tab: lines 2 and 4 both hold the component \"Maize (grain)\"; where "
+                 "both are offered, a run takes the figures of line 4 only",
+                 "feedstuff.tab: lines 3, 6 and 7 all hold the component \"Rye (grain)\"; where "
+                 "several are offered, a run takes the figures of line 7 only"}));
+  const AvailableComponents available = Futterliste_aktualisieren(table, 1);
+  LastTextPosition lookup;
+  lookup.build(available.entries, available.entries.size());
+  EXPECT_EQ(available.working[lookup.find("Maize (grain)")].residue, 3);  // line 4
+  EXPECT_EQ(available.working[lookup.find("Rye (grain)")].residue, 6);    // line 7
+  EXPECT_TRUE(
+      duplicateWarnings(readComponentTable(PESCAVO_SAMPLE_INPUT "/feedstuff.tab"), "feedstuff.tab")
+          .empty());
+}
+
+std::vector<std::uint64_t> valueBits(const ComponentTable& table) {
+  std::vector<std::uint64_t> bits;
+  const auto add = [&bits](double value) {
+    std::uint64_t b;
+    std::memcpy(&b, &value, sizeof b);
+    bits.push_back(b);
+  };
+  for (int i = 1; i <= table.componentCount(); ++i) {
+    const FeedComponent& c = table.component(i);
+    for (const double value : {c.cp, c.cl, c.dm, c.maxCarp, c.maxTrout}) add(value);
+    for (int s = 1; s <= table.substanceCount(); ++s) {
+      add(table.residue(s, i));
+      bits.push_back(static_cast<std::uint64_t>(table.basis(s, i)));
+    }
+  }
+  return bits;
+}
+
+// The file is read a block at a time: a header longer than a block, lines across block ends,
+// and a Windows-1252 byte only in the last line give what the same bytes give in memory.
+TEST(TableLines, AFileReadInBlocksGivesWhatItsBytesGive) {
+  ComponentTable written;
+  for (int s = 1; s <= ComponentTable::kMaxSubstances; ++s)
+    written.addSubstance("Substance " + std::to_string(s) + " " + std::string(150, 'x'));
+  for (int i = 1; i <= 120; ++i) {
+    written.addComponent({"Fat", "Crop " + std::to_string(i), "oil", "", i % 50 * 0.37,
+                          i % 40 * 1.3, i % 90 * 1.1, i % 100 * 1.0, 12.5});
+    for (int s = 1; s <= ComponentTable::kMaxSubstances; ++s) {
+      written.setResidue(s, i, (s * 7 + i) % 13 == 0 ? (s + i) * 0.0173 - 3 : 0);
+      written.setBasis(s, i, static_cast<std::int16_t>((s + i) % 2));
+    }
+  }
+  written.component(120).crop = "R\u00FCbe";
+  written.setEncoding(Encoding::Windows1252);
+  const std::string bytes = formatComponentTable(written, ',', "f");
+  ASSERT_GT(bytes.size(), std::size_t{512} << 10);  // several blocks of 128 KiB
+  TempFolder folder;
+  const std::string path = folder.write("feedstuff.tab", bytes);
+  const ComponentTable fromFile = readComponentTable(path);
+  const ComponentTable fromBytes = parseComponentTable(bytes, "f");
+  EXPECT_EQ(fromFile.encoding(), Encoding::Windows1252);
+  EXPECT_EQ(fromFile.component(120).crop, "R\u00FCbe");
+  EXPECT_EQ(fromFile.substanceName(998), written.substanceName(998));
+  EXPECT_EQ(valueBits(fromFile), valueBits(fromBytes));
+  EXPECT_EQ(formatComponentTable(fromFile, ',', "f"), bytes);
+
+  // A message quoting a text decodes it as the whole file decides: these bytes are UTF-8 for
+  // "\u00C4", but a later byte makes the file Windows-1252.
+  const std::string header =
+      "Category\tCrop\tCommodity\tIFN Code\tCP (%)\tCL (%)\tDM(%)\tmax carp(%)\tmax trout (%)\t"
+      "ResidueInputValue\t\xC3\x84\r\n";
+  const std::string refused = header + "Fat\tRape\toil\t\t0\t99\t99\t5\t5\t0\tx\r\n" +
+                              "Fat\tR\xFC" + "be\toil\t\t0\t99\t99\t5\t5\t0\t1\r\n";
+  EXPECT_EQ(errorOf([&] { readComponentTable(folder.write("feedstuff.tab", refused)); }),
+            path + ": " + residueExpected(11, "substance 1 \"\u00C3\u201E\"", "x"));
+}
+
+}  // namespace
+}  // namespace pescavo
