@@ -217,18 +217,6 @@ std::string RtfWriter::document(const std::string& plainText) {
   return rtf;
 }
 
-void RtfWriter::save(const std::string& path, const std::string& rtf) {
-  std::FILE* file = std::fopen(path.c_str(), "wb");
-  const auto fail = [&](int error) {
-    throw ReportFileError(path,
-                          "Could not write the file " + path + ": " + std::strerror(error) + ".");
-  };
-  if (!file) fail(errno);
-  std::setvbuf(file, nullptr, _IONBF, 0);  // one write, without a copy into a buffer
-  const bool written = std::fwrite(rtf.data(), 1, rtf.size(), file) == rtf.size();
-  const int error = errno;
-  if (std::fclose(file) != 0) fail(errno);
-  if (!written) fail(error);
-}
+void RtfWriter::save(const std::string& path, const std::string& rtf) { replaceFile(path, {rtf}); }
 
 }  // namespace pescavo

@@ -1,0 +1,265 @@
+#include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <iterator>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "reports/RtfWriter.h"
+#include "reports/TextFiles.h"
+
+namespace pescavo::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+// Every byte that could be mangled on the way: NUL, a lone CR and LF, TAB, UTF-8.
+const std::string kAwkwardText = std::string("A\0B", 3) + "\r\n\t\xC3\xA9 line\rend\n";
+
+// Read back with the standard library, not with the code under test.
+std::string bytes(const std::string& path) {
+  std::ifstream in(path, std::ios::binary);
+  return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
+}
+
+// Large files compared without printing them: the sizes and the first differing byte.
+::testing::AssertionResult holds(const std::string& path, const std::string& expected) {
+  const std::string found = bytes(path);
+  if (found == expected) return ::testing::AssertionSuccess();
+  const auto differ = std::mismatch(found.begin(), found.end(), expected.begin(), expected.end());
+  return ::testing::AssertionFailure()
+         << path << " has " << found.size() << " bytes, expected " << expected.size()
+         << "; they differ from byte " << (differ.first - found.begin());
+}
+
+class TextFilesTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    std::string pattern = (fs::temp_directory_path() / "pescavo-textfiles-XXXXXX").string();
+    ASSERT_NE(::mkdtemp(pattern.data()), nullptr) << std::strerror(errno);
+    m_folder = pattern;
+  }
+  void TearDown() override {
+    std::error_code ignored;
+    fs::permissions(m_folder, fs::perms::owner_all, fs::perm_options::add, ignored);
+    fs::remove_all(m_folder, ignored);
+  }
+
+  std::string file(const std::string& name) const { return (m_folder / name).string(); }
+  std::vector<std::string> names() const {
+    std::vector<std::string> found;
+    for (const auto& entry : fs::directory_iterator(m_folder))
+      found.push_back(entry.path().filename().string());
+    std::sort(found.begin(), found.end());
+    return found;
+  }
+
+  // Fixtures are written with the standard library, not with the code under test.
+  static void put(const std::string& path, const std::string& bytes) {
+    std::ofstream(path, std::ios::binary) << bytes;
+  }
+  static mode_t modeOf(const std::string& path) {
+    struct stat info {};
+    ::stat(path.c_str(), &info);
+    return info.st_mode & 07777;
+  }
+
+  fs::path m_folder;
+};
+
+std::optional<ReportFileError> errorOf(const std::function<void()>& write) {
+  try {
+    write();
+  } catch (const ReportFileError& e) {
+    return e;
+  }
+  return std::nullopt;
+}
+
+std::string message(const std::string& path, int error) {
+  return "Could not write the file " + path + ": " + std::strerror(error) + ".";
+}
+
+// Each report writer with the bytes it puts into a fresh file.
+struct Writer {
+  const char* name;
+  const char* file;
+  std::function<void(const std::string&, const std::string&)> write;
+  std::function<std::string(const std::string&)> expected;
+};
+
+std::vector<Writer> writers() {
+  const auto crLf = [](const std::string& text) { return text + "\r\n"; };
+  return {{"txt_WriteAll", "Report.txt", txt_WriteAll, crLf},
+          {"txt_AppendLine", "Report.txt", txt_AppendLine, crLf},
+          {"RtfWriter::save", "Report.rtf", RtfWriter::save,
+           [](const std::string& text) { return text; }}};
+}
+
+TEST_F(TextFilesTest, WriteAllReplacesEveryByteOfTheOldFile) {
+  const std::string path = file("Report.txt");
+  put(path, std::string(5000, 'o') + "\r\n");
+  txt_WriteAll(path, kAwkwardText);
+  EXPECT_EQ(bytes(path), kAwkwardText + "\r\n");
+  txt_WriteAll(path, "");
+  EXPECT_EQ(bytes(path), "\r\n");
+  EXPECT_EQ(names(), std::vector<std::string>{"Report.txt"});
+}
+
+TEST_F(TextFilesTest, AppendLineWritesTheOldBytesThenTheTextAndCrLf) {
+  const std::string path = file("Report.txt");
+  txt_AppendLine(path, "first");
+  EXPECT_EQ(bytes(path), "first\r\n");
+  txt_AppendLine(path, kAwkwardText);
+  EXPECT_EQ(bytes(path), "first\r\n" + kAwkwardText + "\r\n");
+
+  // An old file without a final line end, larger than any one read buffer.
+  std::string old;
+  for (int i = 0; i < 300000; ++i) old += static_cast<char>(i * 7 % 251);
+  put(path, old);
+  txt_AppendLine(path, "x");
+  EXPECT_TRUE(holds(path, old + "x\r\n"));
+  EXPECT_EQ(names(), std::vector<std::string>{"Report.txt"});
+}
+
+TEST_F(TextFilesTest, RtfSaveWritesTheDocumentAsItIs) {
+  const std::string path = file("Report.rtf");
+  const std::string longer = RtfWriter::document(std::string(3000, 'a'));
+  RtfWriter::save(path, longer);
+  EXPECT_TRUE(holds(path, longer));
+  const std::string shorter = RtfWriter::document("b");
+  RtfWriter::save(path, shorter);
+  EXPECT_EQ(bytes(path), shorter);
+  EXPECT_EQ(names(), std::vector<std::string>{"Report.rtf"});
+}
+
+// A temporary file is created private; the report must stay as readable as it was.
+TEST_F(TextFilesTest, AReplacedFileKeepsItsModeAndANewOneFollowsTheUmask) {
+  mode_t mode = 0604;
+  for (const Writer& w : writers()) {
+    SCOPED_TRACE(w.name);
+    const std::string path = file(w.file);
+    put(path, "old\r\n");
+    ASSERT_EQ(::chmod(path.c_str(), mode), 0);
+    w.write(path, "new");
+    EXPECT_EQ(modeOf(path), mode);
+    mode ^= 0060;
+  }
+
+  const mode_t previous = ::umask(026);
+  for (const Writer& w : writers()) {
+    SCOPED_TRACE(w.name);
+    const std::string path = file(std::string("New-") + w.name + ".out");
+    w.write(path, "new");
+    EXPECT_EQ(bytes(path), w.expected("new"));
+    EXPECT_EQ(modeOf(path), 0640u);
+  }
+  ::umask(previous);
+}
+
+TEST_F(TextFilesTest, AMissingFolderIsNamedByTheReportFile) {
+  for (const Writer& w : writers()) {
+    SCOPED_TRACE(w.name);
+    const std::string path = file(std::string("missing/") + w.file);
+    const auto error = errorOf([&] { w.write(path, "text"); });
+    ASSERT_TRUE(error.has_value());
+    EXPECT_EQ(error->file(), path);
+    EXPECT_EQ(std::string(error->what()), message(path, ENOENT));
+  }
+  EXPECT_TRUE(names().empty());
+}
+
+// The temporary file is made before the rename fails: it must be gone again.
+TEST_F(TextFilesTest, AFolderInThePlaceOfTheReportIsLeftAloneWithNoTemporaryFile) {
+  for (const Writer& w : writers()) {
+    if (std::string(w.name) == "txt_AppendLine") continue;  // fails reading, before any write
+    SCOPED_TRACE(w.name);
+    const std::string path = file(w.file);
+    fs::create_directory(path);
+    const auto error = errorOf([&] { w.write(path, "text"); });
+    ASSERT_TRUE(error.has_value());
+    EXPECT_EQ(error->file(), path);
+    EXPECT_EQ(std::string(error->what()), message(path, EISDIR));
+    EXPECT_TRUE(fs::is_empty(path));
+  }
+  EXPECT_EQ(names(), (std::vector<std::string>{"Report.rtf", "Report.txt"}));
+}
+
+TEST_F(TextFilesTest, AReadOnlyFolderKeepsTheOldReports) {
+  const std::string txt = file("Report.txt");
+  const std::string rtf = file("Report.rtf");
+  put(txt, "old text\r\n");
+  put(rtf, "{\\rtf1 old}");
+  ASSERT_EQ(::chmod(m_folder.c_str(), 0555), 0);
+  const std::string probe = file("probe");
+  if (std::ofstream(probe)) {
+    fs::remove(probe);
+    GTEST_SKIP() << "folder permissions are not enforced for this user";
+  }
+
+  for (const Writer& w : writers()) {
+    SCOPED_TRACE(w.name);
+    const std::string path = file(w.file);
+    const auto error = errorOf([&] { w.write(path, "new text"); });
+    ASSERT_TRUE(error.has_value());
+    EXPECT_EQ(error->file(), path);
+    EXPECT_EQ(std::string(error->what()), message(path, EACCES));
+  }
+  EXPECT_EQ(bytes(txt), "old text\r\n");
+  EXPECT_EQ(bytes(rtf), "{\\rtf1 old}");
+  EXPECT_EQ(names(), (std::vector<std::string>{"Report.rtf", "Report.txt"}));
+}
+
+// A full disk, made with a file size limit in a child process: each write stops part way with
+// EFBIG. The child reports through its exit code which writers misbehaved.
+TEST_F(TextFilesTest, AFullDiskKeepsTheOldReportsAndLeavesNoTemporaryFile) {
+  std::string oldText;
+  for (int i = 0; i < 500; ++i) oldText += "old line " + std::to_string(i) + "\r\n";
+  const std::string oldRtf = RtfWriter::document(oldText);
+  put(file("Report.txt"), oldText);
+  put(file("Report.rtf"), oldRtf);
+  const rlim_t limit = 64 * 1024;
+  ASSERT_LT(oldRtf.size(), limit);
+  const std::string big(4 * limit, 'n');
+
+  const pid_t child = ::fork();
+  ASSERT_GE(child, 0) << std::strerror(errno);
+  if (child == 0) {
+    ::signal(SIGXFSZ, SIG_IGN);
+    const rlimit small{limit, limit};
+    if (::setrlimit(RLIMIT_FSIZE, &small) != 0) ::_exit(100);
+    int misbehaved = 0;
+    const std::vector<Writer> all = writers();
+    for (std::size_t i = 0; i < all.size(); ++i) {
+      const std::string path = file(all[i].file);
+      const auto error = errorOf([&] { all[i].write(path, big); });
+      if (!error || error->file() != path || error->what() != message(path, EFBIG))
+        misbehaved |= 1 << i;
+    }
+    ::_exit(misbehaved);
+  }
+
+  int status = 0;
+  ASSERT_EQ(::waitpid(child, &status, 0), child);
+  ASSERT_TRUE(WIFEXITED(status)) << "status " << status;
+  EXPECT_EQ(WEXITSTATUS(status), 0) << "bit i set: writer i did not fail with EFBIG naming the "
+                                       "report (0 txt_WriteAll, 1 txt_AppendLine, 2 RtfWriter)";
+  EXPECT_TRUE(holds(file("Report.txt"), oldText));
+  EXPECT_TRUE(holds(file("Report.rtf"), oldRtf));
+  EXPECT_EQ(names(), (std::vector<std::string>{"Report.rtf", "Report.txt"}));
+}
+
+}  // namespace
+}  // namespace pescavo::test
