@@ -12,12 +12,13 @@
 #include <memory>
 #include <string>
 
-#include "engine/Dialogs.h"
-#include "engine/MainWindowModel.h"
+#include "model/Dialogs.h"
+#include "model/MainWindowModel.h"
+#include "model/ReportRun.h"
+#include "model/ScenarioSweep.h"
 #include "reports/ReportText.h"
 #include "reports/ReportValues.h"
 #include "reports/RtfWriter.h"
-#include "reports/ScenarioSweep.h"
 #include "reports/TextFiles.h"
 
 namespace {
@@ -62,30 +63,30 @@ std::unique_ptr<MainWindowModel> sweepModel(
     const std::filesystem::path& base = std::filesystem::temp_directory_path()) {
   auto model = std::make_unique<MainWindowModel>(dialogs, '.');
   const int chosen = variables - 3;
-  model->table.addSubstance("Substance A");
-  for (int i = 0; i < chosen + 20; ++i) model->table.addComponent(FeedComponent());
-  model->schadstoff = 0;
-  model->species = {{"Common carp", 8, 35}, {"Rainbow trout", 20, 42}};
-  model->fishmeal = {{60, 8}, {62, 9}, {65, 10}};
-  model->fischmehl = 2;
-  model->report.reportFolder = reportFolder(base);
+  ComponentTable table;
+  table.addSubstance("Substance A");
   Sequence random;
   for (int i = 0; i < chosen; ++i) {
-    ListEntry entry;
-    entry.text = "Crop " + std::to_string(i + 1) + " (commodity)";
-    entry.kategorie = "Forages/Fodders";
-    entry.artSchadstoffwert = i % 3 == 0 ? "1" : "0";
-    WorkingSetEntry stored;
-    stored.lipid = random.between(1, 20);
-    stored.protein = random.between(5, 60);
-    stored.residue = random.between(0.01, 2);
-    stored.dm = random.between(85, 95);
-    stored.maxCarp = random.between(10, 60);
-    stored.maxTrout = random.between(10, 60);
-    model->fischfutter1.push_back(entry);
-    model->workingSet.push_back(stored);
+    FeedComponent component;
+    component.category = "Forages/Fodders";
+    component.crop = "Crop " + std::to_string(i + 1);
+    component.commodity = "commodity";
+    component.cl = random.between(1, 20);
+    component.cp = random.between(5, 60);
+    const double residue = random.between(0.01, 2);
+    component.dm = random.between(85, 95);
+    component.maxCarp = random.between(10, 60);
+    component.maxTrout = random.between(10, 60);
+    const int i1 = table.addComponent(component);
+    table.setResidue(1, i1, residue);
+    table.setBasis(1, i1, i % 3 == 0 ? 1 : 0);
   }
-  model->fischfutter2 = model->fischfutter1;
+  // Components without a residue only make the table as large as before.
+  for (int i = 0; i < 20; ++i) table.addComponent(FeedComponent());
+  model->load(std::move(table), {{"Common carp", 8, 35}, {"Rainbow trout", 20, 42}},
+              {{60, 8}, {62, 9}, {65, 10}});
+  model->report().reportFolder = reportFolder(base);
+  model->alle_rein();
   return model;
 }
 
@@ -97,7 +98,7 @@ void sweep(benchmark::State& state, const std::filesystem::path& base) {
     benchmark::DoNotOptimize(shown);
   }
   int solvable = 0;
-  for (int r = 1; r <= kScenarioRuns; ++r) solvable += model->report.scenarioCells[r][2] != "-";
+  for (int r = 1; r <= kScenarioRuns; ++r) solvable += model->report().scenarioCells[r][2] != "-";
   state.counters["solvable_runs"] = solvable;
   state.counters["report_bytes"] = static_cast<double>(txt_ReadAll(reportTxtPath(*model)).size());
   if (dialogs.messages != 0) state.SkipWithError("the sweep showed a message");
@@ -111,8 +112,8 @@ void sweepFiles(benchmark::State& state, const std::filesystem::path& base) {
   SilentDialogs dialogs;
   auto model = sweepModel(dialogs, static_cast<int>(state.range(0)), base);
   Optimierung2_Click(*model);
-  const std::string& section = model->report.richText;
-  const std::string rtfText = RtfWriter::document(model->report.richText);
+  const std::string& section = model->report().richText;
+  const std::string rtfText = RtfWriter::document(model->report().richText);
   const std::string txt = reportTxtPath(*model);
   const std::string rtf = reportRtfPath(*model);
   for (auto _ : state) {
@@ -135,13 +136,11 @@ void BM_SweepRuns(benchmark::State& state) {
   for (auto _ : state) {
     for (int k = 0; k < 8; ++k) {
       for (int m = 0; m <= 1; ++m) {
-        model->check1 = kScenarios[k].pc;
-        model->check4 = kScenarios[k].cc;
-        model->check5 = kScenarios[k].f;
-        model->check2 = m == 1;
+        model->setPseudoComponents({kScenarios[k].pc, kScenarios[k].cc, kScenarios[k].f});
+        model->setMrbdLimits(m == 1);
         model->Laden();
         model->Rechnen();
-        benchmark::DoNotOptimize(model->result.burden);
+        benchmark::DoNotOptimize(model->result().burden);
       }
     }
   }
@@ -152,7 +151,8 @@ void BM_SweepText(benchmark::State& state) {
   SilentDialogs dialogs;
   auto model = sweepModel(dialogs, static_cast<int>(state.range(0)));
   Optimierung2_Click(*model);
-  const ReportValues values = ReportValues::from(*model);
+  ReportValues values;
+  model->fillReportValues(values);
   for (auto _ : state) {
     for (int run = 0; run < kScenarioRuns; ++run) {
       std::string text;
@@ -167,7 +167,7 @@ void BM_SweepRtf(benchmark::State& state) {
   SilentDialogs dialogs;
   auto model = sweepModel(dialogs, static_cast<int>(state.range(0)));
   Optimierung2_Click(*model);
-  const std::string section = model->report.richText;
+  const std::string section = model->report().richText;
   for (auto _ : state) {
     for (int run = 0; run < kScenarioRuns; ++run) {
       std::string rtf = RtfWriter::document(section);

@@ -1,10 +1,11 @@
 #include "cli/Cli.h"
 
+#include <algorithm>
 #include <ostream>
 #include <sstream>
 
 #include "cli/CliCommands.h"
-#include "engine/MainWindowModel.h"
+#include "model/MainWindowModel.h"
 #include "tables/NumericText.h"
 #include "tables/TableError.h"
 
@@ -16,8 +17,9 @@ const char* const kUsage =
     "usage: pescavo-cli [--input DIR] [--decimal SEP] [--report-folder DIR] COMMAND [RUN OPTIONS]\n"
     "commands: check, substances, components --substance NAME, optimize, report, sweep, lp,\n"
     "          verify [--scenarios]\n"
-    "run options: --substance NAME --species carp|trout --criterion max|min --component TEXT\n"
-    "             --all --no-pc --no-cc --no-f --no-mrbd --fishmeal N --simple";
+    "run options: --substance NAME | --substance-number N, --species carp|trout,\n"
+    "             --criterion max|min, --component TEXT, --all, --no-pc, --no-cc, --no-f,\n"
+    "             --no-mrbd, --fishmeal N, --simple";
 
 // Messages of the core go to stderr; nobody can answer a question, so every question is No.
 class StreamDialogs : public Dialogs {
@@ -38,10 +40,105 @@ class UsageError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-bool takeValue(const std::vector<std::string>& args, size_t& i, std::string& value) {
+// The options each command takes besides --input, --decimal and --report-folder. The sweep
+// sets the pseudo-components and the MRBD switch itself, so it takes neither.
+const std::vector<std::string>& optionsOf(const std::string& command, bool scenarios) {
+  static const std::vector<std::string> none;
+  static const std::vector<std::string> substance = {"--substance", "--substance-number"};
+  static const std::vector<std::string> sweep = {"--substance", "--substance-number", "--species",
+                                                 "--criterion", "--component",        "--all",
+                                                 "--fishmeal"};
+  static const std::vector<std::string> run = {"--substance", "--substance-number",
+                                               "--species",   "--criterion",
+                                               "--component", "--all",
+                                               "--no-pc",     "--no-cc",
+                                               "--no-f",      "--no-mrbd",
+                                               "--fishmeal",  "--simple"};
+  static const std::vector<std::string> verify = [] {
+    std::vector<std::string> options = run;
+    options.push_back("--scenarios");
+    return options;
+  }();
+  static const std::vector<std::string> verifyScenarios = [] {
+    std::vector<std::string> options = sweep;
+    options.push_back("--scenarios");
+    return options;
+  }();
+  if (command == "check" || command == "substances") return none;
+  if (command == "components") return substance;
+  if (command == "sweep") return sweep;
+  if (command == "verify") return scenarios ? verifyScenarios : verify;
+  if (command == "optimize" || command == "report" || command == "lp") return run;
+  throw UsageError("unknown command " + command);
+}
+
+bool isGlobal(const std::string& option) {
+  return option == "--input" || option == "--decimal" || option == "--report-folder";
+}
+
+bool isRepeatable(const std::string& option) {
+  return option == "--component" || option == "--all";
+}
+
+int parseCount(const std::string& option, const std::string& value, int lowest) {
+  std::istringstream in(value);
+  int number = 0;
+  if (!(in >> number) || !in.eof() || number < lowest)
+    throw UsageError(option + " takes a whole number from " + std::to_string(lowest) + " up");
+  return number;
+}
+
+std::string takeValue(const std::vector<std::string>& args, size_t& i) {
   if (i + 1 >= args.size()) throw UsageError(args[i] + " needs a value");
-  value = args[++i];
-  return true;
+  return args[++i];
+}
+
+void readOption(const std::vector<std::string>& args, size_t& i, CliOptions& options) {
+  const std::string& arg = args[i];
+  if (arg == "--input") {
+    options.inputFolder = takeValue(args, i);
+    if (options.inputFolder.empty()) throw UsageError("--input needs a folder");
+  } else if (arg == "--decimal") {
+    const std::string value = takeValue(args, i);
+    if (value != "." && value != ",") throw UsageError("--decimal takes \".\" or \",\"");
+    options.decimal = value[0];
+  } else if (arg == "--report-folder") {
+    options.reportFolder = takeValue(args, i);
+    if (options.reportFolder.empty()) throw UsageError("--report-folder needs a folder");
+  } else if (arg == "--substance") {
+    options.substance = takeValue(args, i);
+    options.hasSubstance = true;
+  } else if (arg == "--substance-number") {
+    options.substanceNumber = parseCount(arg, takeValue(args, i), 1);
+  } else if (arg == "--species") {
+    const std::string value = takeValue(args, i);
+    if (value != "carp" && value != "trout") throw UsageError("--species takes carp or trout");
+    options.carp = value == "carp";
+  } else if (arg == "--criterion") {
+    const std::string value = takeValue(args, i);
+    if (value != "max" && value != "min") throw UsageError("--criterion takes max or min");
+    options.minimum = value == "min";
+  } else if (arg == "--component") {
+    options.moves.push_back({false, takeValue(args, i)});
+  } else if (arg == "--all") {
+    options.moves.push_back({true, std::string()});
+  } else if (arg == "--no-pc") {
+    options.pc = false;
+  } else if (arg == "--no-cc") {
+    options.cc = false;
+  } else if (arg == "--no-f") {
+    options.f = false;
+  } else if (arg == "--no-mrbd") {
+    options.mrbd = false;
+  } else if (arg == "--fishmeal") {
+    options.fishmeal = parseCount(arg, takeValue(args, i), 0);
+  } else if (arg == "--simple") {
+    options.simple = true;
+  } else if (arg == "--scenarios") {
+    options.scenarios = true;
+  } else {
+    throw UsageError("unknown option " + arg);
+  }
 }
 
 CliOptions parse(const std::vector<std::string>& args, char defaultDecimal) {
@@ -49,123 +146,120 @@ CliOptions parse(const std::vector<std::string>& args, char defaultDecimal) {
   options.decimal = defaultDecimal;
   for (size_t i = 0; i < args.size(); ++i) {
     const std::string& arg = args[i];
-    std::string value;
-    if (arg == "--input") {
-      takeValue(args, i, options.inputFolder);
-    } else if (arg == "--decimal") {
-      takeValue(args, i, value);
-      if (value != "." && value != ",") throw UsageError("--decimal takes \".\" or \",\"");
-      options.decimal = value[0];
-    } else if (arg == "--report-folder") {
-      takeValue(args, i, options.reportFolder);
-    } else if (arg == "--substance") {
-      takeValue(args, i, options.substance);
-      options.hasSubstance = true;
-    } else if (arg == "--species") {
-      takeValue(args, i, value);
-      if (value != "carp" && value != "trout") throw UsageError("--species takes carp or trout");
-      options.carp = value == "carp";
-    } else if (arg == "--criterion") {
-      takeValue(args, i, value);
-      if (value != "max" && value != "min") throw UsageError("--criterion takes max or min");
-      options.minimum = value == "min";
-    } else if (arg == "--component") {
-      takeValue(args, i, value);
-      options.moves.push_back({false, value});
-    } else if (arg == "--all") {
-      options.moves.push_back({true, std::string()});
-    } else if (arg == "--no-pc") {
-      options.pc = false;
-    } else if (arg == "--no-cc") {
-      options.cc = false;
-    } else if (arg == "--no-f") {
-      options.f = false;
-    } else if (arg == "--no-mrbd") {
-      options.mrbd = false;
-    } else if (arg == "--fishmeal") {
-      takeValue(args, i, value);
-      std::istringstream in(value);
-      int position = -1;
-      if (!(in >> position) || !in.eof() || position < 0)
-        throw UsageError("--fishmeal takes a chooser position 0, 1, 2, ...");
-      options.fishmeal = position;
-    } else if (arg == "--simple") {
-      options.simple = true;
-    } else if (arg == "--scenarios") {
-      options.scenarios = true;
-    } else if (!arg.empty() && arg[0] == '-') {
-      throw UsageError("unknown option " + arg);
-    } else if (options.command.empty()) {
+    if (arg.empty() || arg[0] != '-') {
+      if (!options.command.empty()) throw UsageError("unexpected argument \"" + arg + "\"");
       options.command = arg;
-    } else {
-      throw UsageError("unexpected argument " + arg);
+      continue;
     }
+    const bool seen =
+        std::find(options.given.begin(), options.given.end(), arg) != options.given.end();
+    if (seen && !isRepeatable(arg)) throw UsageError(arg + " is given more than once");
+    readOption(args, i, options);
+    if (!seen) options.given.push_back(arg);
   }
   if (options.command.empty()) throw UsageError("no command given");
+  const std::vector<std::string>& taken = optionsOf(options.command, options.scenarios);
+  for (const std::string& option : options.given) {
+    if (!isGlobal(option) && std::find(taken.begin(), taken.end(), option) == taken.end())
+      throw UsageError(options.command + " does not take " + option);
+  }
+  if (options.simple && !options.pc)
+    throw UsageError("--simple always uses fish meal (PC); it cannot be given with --no-pc");
   return options;
+}
+
+// The substance named by --substance or --substance-number, as a 0-based list position.
+int substancePosition(const CliOptions& options, const ComponentTable& table) {
+  const int count = table.substanceCount();
+  if (options.substanceNumber > 0) {
+    if (options.substanceNumber > count)
+      throw UsageError("--substance-number " + std::to_string(options.substanceNumber) +
+                       ": there are only " + std::to_string(count) + " substances");
+    const std::string& name = table.substanceName(options.substanceNumber);
+    if (options.hasSubstance && name != options.substance)
+      throw UsageError("substance " + std::to_string(options.substanceNumber) + " is \"" + name +
+                       "\", not \"" + options.substance + "\"");
+    return options.substanceNumber - 1;
+  }
+  if (!options.hasSubstance) throw UsageError("--substance NAME is required");
+  std::vector<int> holders;
+  for (int s = 1; s <= count; ++s)
+    if (table.substanceName(s) == options.substance) holders.push_back(s);
+  if (holders.empty()) throw UsageError("unknown substance \"" + options.substance + "\"");
+  if (holders.size() > 1) {
+    std::string numbers;
+    for (size_t k = 0; k < holders.size(); ++k)
+      numbers += (k == 0                    ? ""
+                  : k + 1 == holders.size() ? " and "
+                                            : ", ") +
+                 std::to_string(holders[k]);
+    throw UsageError("substances " + numbers + " are all named \"" + options.substance +
+                     "\"; choose one with --substance-number " + std::to_string(holders[0]));
+  }
+  return holders[0] - 1;
 }
 
 // Sets the controls as a user would: substance, then the moves, then the options.
 void applyRunOptions(const CliOptions& options, MainWindowModel& model) {
-  if (!options.hasSubstance) throw UsageError("--substance NAME is required");
-  int position = -1;
-  for (int s = 1; s <= model.table.substanceCount(); ++s) {
-    if (model.table.substanceName(s) == options.substance) {
-      position = s - 1;
-      break;
-    }
-  }
-  if (position < 0) throw UsageError("unknown substance \"" + options.substance + "\"");
-  model.selectSubstance(position);
+  model.selectSubstance(substancePosition(options, model.table()));
   for (const CliOptions::Move& move : options.moves) {
     if (move.all) {
       model.alle_rein();
       continue;
     }
-    int found = -1;
-    for (size_t p = 0; p < model.fischfutter1.size(); ++p) {
-      if (model.fischfutter1[p].text == move.component) {
-        found = static_cast<int>(p);
-        break;
-      }
-    }
-    if (found < 0)
+    const std::vector<ListEntry>& available = model.available();
+    const auto found =
+        std::find_if(available.begin(), available.end(),
+                     [&](const ListEntry& entry) { return entry.text == move.component; });
+    if (found == available.end())
       throw UsageError("component \"" + move.component + "\" is not available for \"" +
-                       options.substance + "\"");
-    model.selected1.assign(model.fischfutter1.size(), false);
-    model.setSelected1(found, true);
+                       model.substanceName() + "\"");
+    model.clearSelection();
+    model.setSelected(static_cast<int>(found - available.begin()), true);
     model.Rein();
   }
-  model.setOption3(options.carp);
-  model.setOption1(options.minimum);
-  model.setCheck1(options.pc || options.simple);
-  model.setCheck4(options.cc);
-  model.setCheck5(options.f);
-  model.setCheck2(options.mrbd);
+  model.setSpeciesOption(options.carp ? Species::CommonCarp : Species::RainbowTrout);
+  model.setCriterionOption(options.minimum ? Criterion::Minimum : Criterion::Maximum);
+  model.setPseudoComponents({options.pc || options.simple, options.cc, options.f});
+  model.setMrbdLimits(options.mrbd);
   if (options.fishmeal >= 0) {
-    if (options.fishmeal >= static_cast<int>(model.fishmeal.size()))
+    const int grades = static_cast<int>(model.fishmealTable().size());
+    if (options.fishmeal >= grades)
       throw UsageError("--fishmeal " + std::to_string(options.fishmeal) + ": there are only " +
-                       std::to_string(model.fishmeal.size()) + " fish-meal grades");
-    model.setFischmehl(options.fishmeal);
+                       std::to_string(grades) + " fish-meal grades");
+    model.setFishmealGrade(options.fishmeal);
   }
 }
 
-int runCheck(const MainWindowModel& model, std::ostream& out) {
-  out << model.table.componentCount() << " components, " << model.table.substanceCount()
-      << " substances, " << model.species.size() << " species, " << model.fishmeal.size()
-      << " fish-meal grades\n";
+int runCheck(const MainWindowModel& model, std::ostream& out, std::ostream& err) {
+  for (const std::string& warning : model.duplicateWarnings()) err << warning << '\n';
+  out << model.table().componentCount() << " components, " << model.table().substanceCount()
+      << " substances, " << model.speciesTable().size() << " species, "
+      << model.fishmealTable().size() << " fish-meal grades\n";
   return kExitOk;
 }
 
 int runSubstances(const MainWindowModel& model, std::ostream& out) {
-  for (int s = 1; s <= model.table.substanceCount(); ++s)
-    out << model.table.substanceName(s) << '\n';
+  for (int s = 1; s <= model.table().substanceCount(); ++s)
+    out << model.table().substanceName(s) << '\n';
   return kExitOk;
 }
 
 int runComponents(const MainWindowModel& model, std::ostream& out) {
-  for (const ListEntry& entry : model.fischfutter1) out << entry.text << '\n';
+  for (const ListEntry& entry : model.available()) out << entry.text << '\n';
   return kExitOk;
+}
+
+using Runner = int (*)(MainWindowModel&, const CliOptions&, std::ostream&, std::ostream&);
+
+Runner runnerOf(const CliOptions& options) {
+  const std::string& command = options.command;
+  if (command == "optimize") return runOptimize;
+  if (command == "report") return runReport;
+  if (command == "sweep") return runSweep;
+  if (command == "lp") return runLp;
+  if (command == "verify") return options.scenarios ? runVerifyScenarios : runVerify;
+  return nullptr;
 }
 
 }  // namespace
@@ -181,7 +275,7 @@ int runCli(const std::vector<std::string>& args, char defaultDecimal, std::ostre
   }
   StreamDialogs dialogs(err);
   MainWindowModel model(dialogs, options.decimal);
-  model.report.reportFolder = options.reportFolder;
+  model.report().reportFolder = options.reportFolder;
   try {
     model.startUp(options.inputFolder, options.simple);
   } catch (const TableError& error) {
@@ -189,23 +283,12 @@ int runCli(const std::vector<std::string>& args, char defaultDecimal, std::ostre
     return kExitBadInput;
   }
   const std::string& command = options.command;
-  if (command == "check") return runCheck(model, out);
+  if (command == "check") return runCheck(model, out, err);
   if (command == "substances") return runSubstances(model, out);
   try {
-    if (command == "components") {
-      applyRunOptions(options, model);
-      return runComponents(model, out);
-    }
-    using Runner = int (*)(MainWindowModel&, const CliOptions&, std::ostream&, std::ostream&);
-    Runner runner = nullptr;
-    if (command == "optimize") runner = runOptimize;
-    if (command == "report") runner = runReport;
-    if (command == "sweep") runner = runSweep;
-    if (command == "lp") runner = runLp;
-    if (command == "verify") runner = options.scenarios ? runVerifyScenarios : runVerify;
-    if (!runner) throw UsageError("unknown command " + command);
     applyRunOptions(options, model);
-    return runner(model, options, out, err);
+    if (command == "components") return runComponents(model, out);
+    return runnerOf(options)(model, options, out, err);
   } catch (const UsageError& error) {
     err << "pescavo-cli: " << error.what() << '\n';
     return kExitBadInput;

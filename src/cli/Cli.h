@@ -7,13 +7,15 @@
 namespace pescavo {
 
 // Exit codes of the command-line runner.
-// 4: the independent check itself could not run (GLPK gave no answer).
+// 4: the independent check itself could not run (GLPK gave no answer); 5: a report file
+// could not be written (the old one is kept).
 enum CliExit {
   kExitOk = 0,
   kExitRefused = 1,
   kExitBadInput = 2,
   kExitDiffers = 3,
-  kExitUnchecked = 4
+  kExitUnchecked = 4,
+  kExitReportFile = 5
 };
 
 // pescavo-cli [--input DIR] [--decimal SEP] [--report-folder DIR] COMMAND [RUN OPTIONS]

@@ -5,14 +5,14 @@
 #include "cli/Cli.h"
 #include "engine/IndependentCheck.h"
 #include "engine/LpWriter.h"
-#include "engine/MainWindowModel.h"
+#include "model/MainWindowModel.h"
 
 namespace pescavo {
 
 int runOptimize(MainWindowModel& model, const CliOptions&, std::ostream& out, std::ostream&) {
   model.Optimierung_Click();
-  if (!model.ergebnisVisible) return kExitRefused;
-  out << model.ergebnisText << '\n';
+  if (!model.resultVisible()) return kExitRefused;
+  out << model.resultText() << '\n';
   return kExitOk;
 }
 
@@ -21,19 +21,26 @@ int runLp(MainWindowModel& model, const CliOptions&, std::ostream& out, std::ost
   model.prepareSingleRun();
   if (model.pleaseAddComponents()) return kExitRefused;
   model.Laden();
-  out << writeLp(model.problem, model.criterion(), model.variableNames());
+  if (const std::string why = model.unusableFigures(); !why.empty()) {
+    model.dialogs().information(why);
+    return kExitRefused;
+  }
+  out << writeLp(model.problem(), model.criterion());
   return kExitOk;
 }
 
 int runVerify(MainWindowModel& model, const CliOptions& options, std::ostream& out,
               std::ostream& err) {
-  // The run counts as refused when it never reached the solver.
-  model.problem = OptimisationProblem();
   const int status = runOptimize(model, options, out, err);
-  const bool solved = status == kExitOk || (model.problem.n > 0 && model.problem.residueSum != 0);
+  // The check is of the programme solved: a run refused before the solver has none, and
+  // neither has one whose figures could not be shown.
+  const OptimisationProblem& problem = model.problem();
+  const bool solved =
+      status == kExitOk || (problem.n > 0 && problem.residueSum != 0 &&
+                            model.unusableFigures().empty() && model.unusableBurden().empty());
   if (!solved) return kExitRefused;
-  const CheckResult& check = model.check;
-  out << cliLine(check, model.criterion(), model.decimalSeparator) << '\n';
+  const CheckResult& check = model.check();
+  out << cliLine(check, model.criterion(), model.decimalSeparator()) << '\n';
   if (check.verdict == CheckVerdict::Agrees) return kExitOk;
   if (check.verdict == CheckVerdict::Differs) return kExitDiffers;
   return kExitUnchecked;

@@ -19,6 +19,7 @@ struct CliOptions {
   char decimal = '.';
   std::string substance;
   bool hasSubstance = false;
+  int substanceNumber = 0;  // 1-based list position; 0 when not given
   bool carp = true;
   bool minimum = false;
   std::vector<Move> moves;
@@ -29,6 +30,7 @@ struct CliOptions {
   int fishmeal = -1;  // chooser position; -1 leaves the default
   bool simple = false;
   bool scenarios = false;
+  std::vector<std::string> given;  // the options on the command line, each once
 };
 
 // The commands that run the engine; the model's controls are already set.

@@ -3,17 +3,17 @@
 #include "cli/Cli.h"
 #include "cli/CliCommands.h"
 #include "engine/IndependentCheck.h"
-#include "engine/MainWindowModel.h"
-#include "reports/ReportText.h"
-#include "reports/ScenarioSweep.h"
+#include "model/MainWindowModel.h"
+#include "model/ReportRun.h"
+#include "model/ScenarioSweep.h"
 
 namespace pescavo {
 
 int runReport(MainWindowModel& model, const CliOptions&, std::ostream& out, std::ostream&) {
   model.Optimierung_Click();
-  if (!model.reportButtonVisible) return kExitRefused;
+  if (!model.reportButtonVisible()) return kExitRefused;
   Berichtschreiben(model);
-  out << model.report.bericht;
+  out << model.report().bericht;
   return kExitOk;
 }
 
@@ -30,25 +30,26 @@ bool sweep(MainWindowModel& model) {
 
 int runSweep(MainWindowModel& model, const CliOptions&, std::ostream& out, std::ostream&) {
   if (!sweep(model)) return kExitRefused;
-  const auto& cells = model.report.scenarioCells;
+  const auto& cells = model.report().scenarioCells;
   for (int run = 1; run <= kScenarioRuns; ++run)
     out << cells[run][0] << '\t' << cells[run][1] << '\t' << cells[run][2] << '\n';
-  return kExitOk;
+  return model.report().fileWriteFailed ? kExitReportFile : kExitOk;
 }
 
 int runVerifyScenarios(MainWindowModel& model, const CliOptions&, std::ostream& out,
                        std::ostream&) {
   if (!sweep(model)) return kExitRefused;
+  const ReportState& report = model.report();
   bool differs = false;
   bool unchecked = false;
   for (int run = 1; run <= kScenarioRuns; ++run) {
-    const CheckResult& check = model.report.scenarioChecks[run - 1];
+    const CheckResult& check = report.scenarioChecks[run - 1];
     differs = differs || check.verdict == CheckVerdict::Differs;
     unchecked = unchecked || check.verdict == CheckVerdict::CouldNotRun;
-    out << run << '\t' << model.report.scenarioVerdicts[run - 1] << '\t'
-        << model.report.scenarioCells[run][2] << '\t' << model.report.scenarioTrueOptima[run - 1]
-        << '\n';
+    out << run << '\t' << report.scenarioVerdicts[run - 1] << '\t' << report.scenarioCells[run][2]
+        << '\t' << report.scenarioTrueOptima[run - 1] << '\n';
   }
+  if (report.fileWriteFailed) return kExitReportFile;
   if (differs) return kExitDiffers;
   return unchecked ? kExitUnchecked : kExitOk;
 }

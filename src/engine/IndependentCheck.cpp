@@ -123,16 +123,9 @@ class GlpkProgramme {
   bool m_warm = false;  // the next solve starts from a basis of our making
 };
 
-std::string variableName(const OptimisationProblem& problem, const std::vector<std::string>& names,
-                         int j) {
-  if (j <= static_cast<int>(names.size()) && !names[j - 1].empty()) return names[j - 1];
-  if (j > problem.chosenCount) {
-    int k = problem.chosenCount;
-    if (problem.pc && ++k == j) return "PC";
-    if (problem.cc && ++k == j) return "CC";
-    if (problem.f && ++k == j) return "F";
-  }
-  return "variable " + std::to_string(j);
+std::string variableName(const OptimisationProblem& problem, int j) {
+  const std::string name = problem.variableName(j);
+  return name.empty() ? "variable " + std::to_string(j) : name;
 }
 
 // GLPK stops the process on values it cannot take, so they never reach it.
@@ -185,7 +178,7 @@ std::string missClause(const ConstraintViolation& v, char separator) {
     case ConstraintKind::MaxInclusion:
       return "its feed exceeds the " + v.constraint + " by " + by;
     case ConstraintKind::NonNegative:
-      return "its feed has a negative share of " + v.constraint.substr(9) + " (" + by + " below 0)";
+      return "its feed has a negative share of " + v.variableName + " (" + by + " below 0)";
     case ConstraintKind::None:
       break;
   }
@@ -227,8 +220,7 @@ GlpkSolution solveWithGlpk(const OptimisationProblem& problem, Criterion criteri
 }
 
 ConstraintViolation largestViolation(const OptimisationProblem& problem,
-                                     const std::vector<double>& compositionPercent,
-                                     const std::vector<std::string>& variableNames) {
+                                     const std::vector<double>& compositionPercent) {
   const int n = problem.n;
   std::vector<double> x(n, 0.0);
   for (int j = 0; j < n && j < static_cast<int>(compositionPercent.size()); ++j)
@@ -261,24 +253,31 @@ ConstraintViolation largestViolation(const OptimisationProblem& problem,
   }
   worst.percent = worst.amount * percentFactor;
   switch (worst.kind) {
-    case ConstraintKind::None: break;
-    case ConstraintKind::Lipid: worst.constraint = "crude lipid"; break;
-    case ConstraintKind::Protein: worst.constraint = "crude protein"; break;
-    case ConstraintKind::Sum: worst.constraint = "sum of shares"; break;
+    case ConstraintKind::None:
+      break;
+    case ConstraintKind::Lipid:
+      worst.constraint = "crude lipid";
+      break;
+    case ConstraintKind::Protein:
+      worst.constraint = "crude protein";
+      break;
+    case ConstraintKind::Sum:
+      worst.constraint = "sum of shares";
+      break;
     case ConstraintKind::MaxInclusion:
-      worst.constraint =
-          "maximum inclusion of " + variableName(problem, variableNames, worst.variable);
+      worst.variableName = variableName(problem, worst.variable);
+      worst.constraint = "maximum inclusion of " + worst.variableName;
       break;
     case ConstraintKind::NonNegative:
-      worst.constraint = "share of " + variableName(problem, variableNames, worst.variable);
+      worst.variableName = variableName(problem, worst.variable);
+      worst.constraint = "share of " + worst.variableName;
       break;
   }
   return worst;
 }
 
 CheckResult checkOptimum(const OptimisationProblem& problem, Criterion criterion,
-                         const OptimisationResult& result,
-                         const std::vector<std::string>& variableNames) {
+                         const OptimisationResult& result) {
   CheckResult check;
   check.reportedSolvable = result.solvable;
   check.reportedBurden = result.burden;
@@ -288,8 +287,7 @@ CheckResult checkOptimum(const OptimisationProblem& problem, Criterion criterion
     return check;
   }
   // A run that is not solvable leaves the composition of an earlier run behind.
-  if (result.solvable)
-    check.largestViolation = largestViolation(problem, result.composition, variableNames);
+  if (result.solvable) check.largestViolation = largestViolation(problem, result.composition);
   GlpkProgramme programme(problem, criterion);
   if (result.solvable) programme.startFrom(problem, result.composition);
   const GlpkSolution fast = programme.solve(false);

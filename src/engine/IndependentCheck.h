@@ -29,10 +29,11 @@ enum class ConstraintKind { None, Lipid, Protein, Sum, MaxInclusion, NonNegative
 
 struct ConstraintViolation {
   ConstraintKind kind = ConstraintKind::None;
-  int variable = 0;        // 1-based, for MaxInclusion and NonNegative
-  std::string constraint;  // "crude lipid", "sum of shares", "maximum inclusion of F", ...
-  double amount = 0;       // in the row's own units, as the tolerance sees it
-  double percent = 0;      // the same in percent (of DM or of the feed)
+  int variable = 0;          // 1-based, for MaxInclusion and NonNegative
+  std::string variableName;  // what that variable stands for
+  std::string constraint;    // "crude lipid", "sum of shares", "maximum inclusion of F", ...
+  double amount = 0;         // in the row's own units, as the tolerance sees it
+  double percent = 0;        // the same in percent (of DM or of the feed)
 };
 
 // What GLPK finds for a programme.
@@ -64,15 +65,12 @@ GlpkSolution solveWithGlpk(const OptimisationProblem& problem, Criterion criteri
                            bool exact = false);
 
 // The largest violation of the programme's constraints by a composition in percent.
-// variableNames (index j - 1) name the bounds; missing names fall back to PC, CC, F or
-// "variable j".
+// Bounds are named after their variable, or "variable j" in a problem that names none.
 ConstraintViolation largestViolation(const OptimisationProblem& problem,
-                                     const std::vector<double>& compositionPercent,
-                                     const std::vector<std::string>& variableNames = {});
+                                     const std::vector<double>& compositionPercent);
 
 CheckResult checkOptimum(const OptimisationProblem& problem, Criterion criterion,
-                         const OptimisationResult& result,
-                         const std::vector<std::string>& variableNames = {});
+                         const OptimisationResult& result);
 
 // Texts for the windows and the command line; numbers in the form "0.000".
 // "Independent check: agrees." or what differs, as one sentence for the main window.

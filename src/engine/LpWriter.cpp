@@ -16,16 +16,6 @@ std::string roundTrip(double value) {
   return buffer;
 }
 
-std::string displayName(const OptimisationProblem& problem, const std::vector<std::string>& names,
-                        int j) {
-  if (j <= static_cast<int>(names.size()) && !names[j - 1].empty()) return names[j - 1];
-  int k = problem.chosenCount;
-  if (problem.pc && ++k == j) return "PC";
-  if (problem.cc && ++k == j) return "CC";
-  if (problem.f && ++k == j) return "F";
-  return "";
-}
-
 // One linear form; every variable is written, zeros included, so that readers number the
 // columns in our order.
 std::string linearForm(const std::vector<double>& coefficients,
@@ -63,12 +53,10 @@ std::string lpVariableName(int j, const std::string& name) {
   return result;
 }
 
-std::string writeLp(const OptimisationProblem& problem, Criterion criterion,
-                    const std::vector<std::string>& variableNames) {
+std::string writeLp(const OptimisationProblem& problem, Criterion criterion) {
   const int n = problem.n;
   std::vector<std::string> names;
-  for (int j = 1; j <= n; ++j)
-    names.push_back(lpVariableName(j, displayName(problem, variableNames, j)));
+  for (int j = 1; j <= n; ++j) names.push_back(lpVariableName(j, problem.variableName(j)));
 
   std::string lp = "\\ Dietary burden of the feed, mg/kg of dry matter; shares are fractions\n";
   lp += criterion == Criterion::Maximum ? "Maximize\n" : "Minimize\n";

@@ -9,10 +9,9 @@ namespace pescavo {
 
 // The programme of one run in CPLEX LP format, as glpsol --lp reads it: objective "burden",
 // rows "lipid", "protein" and "sum", and the bounds 0 <= x <= max inclusion / 100 as the
-// tableau's upper-bound rows state them. variableNames (index j - 1) say which component
-// each variable is; missing names fall back to PC, CC and F. Numbers round-trip (%.17g).
-std::string writeLp(const OptimisationProblem& problem, Criterion criterion,
-                    const std::vector<std::string>& variableNames);
+// tableau's upper-bound rows state them. Variables are named after what they stand for.
+// Numbers round-trip (%.17g).
+std::string writeLp(const OptimisationProblem& problem, Criterion criterion);
 
 // "x<j>_<name>" reduced to letters, digits and underscores: legal in LP files and unique
 // through its number.

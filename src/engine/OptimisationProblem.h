@@ -17,13 +17,19 @@ namespace pescavo {
 
 enum class Criterion { Maximum, Minimum };
 
+// What a variable stands for: a chosen component or one of the uncontaminated
+// pseudo-components, fish meal (PC), starch (CC) and oil (F).
+enum class VariableKind { Component, PC, CC, F };
+
+// "PC", "CC" or "F"; empty for a component.
+const char* pseudoComponentName(VariableKind kind);
+
 struct OptimisationProblem {
   int n = 0;            // variable count
   int chosenCount = 0;  // variables 1..chosenCount are chosen components
-  bool pc = false;
-  bool cc = false;
-  bool f = false;
   // Per variable j at index j - 1.
+  std::vector<VariableKind> kind;
+  std::vector<std::string> name;  // the chosen entry's text, or PC, CC, F
   std::vector<double> lipid;
   std::vector<double> protein;
   std::vector<double> residue;       // dry-matter basis after Laden
@@ -36,6 +42,12 @@ struct OptimisationProblem {
   // Order of the unit matrix: component count of the table + 2. Only matters when n
   // exceeds it (every component chosen together with PC, CC and F).
   int unitOrder = 0;
+
+  // Some variable is of that kind.
+  bool has(VariableKind k) const;
+  // The name of variable j (1-based): the one recorded, or its pseudo-component name; empty
+  // when the problem (one made by hand) says neither.
+  std::string variableName(int j) const;
 };
 
 struct OptimisationResult {

@@ -1,4 +1,7 @@
-#include "engine/MainWindowModel.h"
+#include "model/MainWindowModel.h"
+
+#include <algorithm>
+#include <cmath>
 
 #include "engine/Simplex.h"
 #include "tables/NumericText.h"
@@ -13,158 +16,188 @@ const char* const kAllZero =
     "The residue values of substances are possiblibly all zero. Check the pollutants value and "
     "try again.";
 
+// Beyond this the fixed forms of a report stop being figures anyone can read or check.
+constexpr double kLargestFigure = 1e15;
+
+bool usable(double value) { return std::isfinite(value) && std::fabs(value) < kLargestFigure; }
+
+double at(const std::vector<double>& values, int index) {
+  return index >= 0 && index < static_cast<int>(values.size()) ? values[index] : 0.0;
+}
+
+std::string basisLabel(std::string_view code) {
+  // The codes are "0" and "1" nearly always; anything else is read as a number.
+  if (code == "0") return kBasisItems[0];
+  if (code == "1") return kBasisItems[1];
+  const double value = leadingNumber(code);
+  if (value == 0) return kBasisItems[0];
+  if (value == 1) return kBasisItems[1];
+  return std::string();
+}
+
+// Runs repeat with the same lists: a text already equal is not copied again.
+void copyText(std::string& to, const std::string& from) {
+  if (!sameText(to, from)) to = from;
+}
+
 }  // namespace
 
 MainWindowModel::MainWindowModel(Dialogs& dialogs, char decimalSeparator)
-    : decimalSeparator(decimalSeparator), dialogs(dialogs) {}
+    : m_decimalSeparator(decimalSeparator), m_dialogs(dialogs) {}
 
 void MainWindowModel::startUp(const std::string& folder, bool simple) {
-  inputFolder = folder;
-  simpleMode = simple;
-  species = readSpeciesTable(inputFolder + "/Species.tab");
-  fischarten = 0;
-  table = readComponentTable(inputFolder + "/feedstuff.tab");
-  schadstoff = 0;
-  loeschenEnabled = table.substanceCount() > 1;
-  minMax = 0;
-  rausEnabled = false;
-  alleRausEnabled = false;
-  residueGrid = lade_Schadstoffwerte(table, schadstoff + 1);
-  fishmeal = readFishmealTable(inputFolder + "/Fishmeal.tab");
-  fischmehl = 2;
-  databaseModified = false;
+  m_inputFolder = folder;
+  std::vector<FishSpecies> species = readSpeciesTable(folder + "/Species.tab");
+  ComponentTable table = readComponentTable(folder + "/feedstuff.tab");
+  m_duplicateWarnings = pescavo::duplicateWarnings(table, "feedstuff.tab");
+  std::vector<FishMealGrade> fishmeal = readFishmealTable(folder + "/Fishmeal.tab");
+  load(std::move(table), std::move(species), std::move(fishmeal), simple);
+}
+
+void MainWindowModel::load(ComponentTable table, std::vector<FishSpecies> species,
+                           std::vector<FishMealGrade> fishmeal, bool simple) {
+  m_simpleMode = simple;
+  m_speciesTable = std::move(species);
+  m_species = 0;
+  m_table = std::move(table);
+  m_substance = 0;
+  m_deleteSubstanceEnabled = m_table.substanceCount() > 1;
+  m_criterion = Criterion::Maximum;
+  m_removeEnabled = false;
+  m_removeAllEnabled = false;
+  m_residueGrid = lade_Schadstoffwerte(m_table, m_substance + 1);
+  m_fishmealTable = std::move(fishmeal);
+  m_fishmealGrade = 2;
+  m_databaseModified = false;
   Futterliste_aktualisieren();
-  if (simpleMode) check1 = true;
+  if (m_simpleMode) m_pseudo.pc = true;
+}
+
+std::string MainWindowModel::substanceName() const {
+  return m_substance >= 0 ? m_table.substanceName(m_substance + 1) : std::string();
 }
 
 void MainWindowModel::selectSubstance(int position) {
-  schadstoff = position;
+  m_substance = position;
   Futterliste_aktualisieren();
   Ergebnis_ausblenden();
 }
 
-std::string MainWindowModel::substanceName() const {
-  return schadstoff >= 0 ? table.substanceName(schadstoff + 1) : std::string();
-}
-
 void MainWindowModel::Futterliste_aktualisieren() {
-  AvailableComponents available = pescavo::Futterliste_aktualisieren(table, schadstoff + 1);
-  fischfutter1 = std::move(available.entries);
-  workingSet = std::move(available.working);
-  selected1.assign(fischfutter1.size(), false);
-  current1 = -1;
-  fischfutter2.clear();
-  current2 = -1;
+  AvailableComponents available = pescavo::Futterliste_aktualisieren(m_table, m_substance + 1);
+  m_available = std::move(available.entries);
+  m_workingSet = std::move(available.working);
+  m_selected.assign(m_available.size(), false);
+  m_chosen.clear();
+  m_currentChosen = -1;
 }
 
-void MainWindowModel::setSelected1(int position, bool selected) {
-  selected1.at(position) = selected;
-  current1 = position;
+void MainWindowModel::setSelected(int position, bool selected) {
+  m_selected.at(position) = selected;
 }
 
-void MainWindowModel::setCurrent2(int position) { current2 = position; }
+void MainWindowModel::clearSelection() { m_selected.assign(m_available.size(), false); }
+
+void MainWindowModel::setCurrentChosen(int position) { m_currentChosen = position; }
 
 void MainWindowModel::Rein() {
-  for (size_t p = 0; p < fischfutter1.size(); ++p) {
-    if (!selected1[p]) continue;
-    bool present = false;
-    for (const ListEntry& chosen : fischfutter2) {
-      if (chosen.text == fischfutter1[p].text) {
-        present = true;
-        break;
-      }
-    }
-    if (!present) fischfutter2.push_back(fischfutter1[p]);
+  for (size_t p = 0; p < m_available.size(); ++p) {
+    if (!m_selected[p]) continue;
+    const bool present =
+        std::any_of(m_chosen.begin(), m_chosen.end(),
+                    [&](const ListEntry& chosen) { return chosen.text == m_available[p].text; });
+    if (!present) m_chosen.push_back(m_available[p]);
   }
-  if (!fischfutter2.empty()) {
-    rausEnabled = true;
-    alleRausEnabled = true;
+  if (!m_chosen.empty()) {
+    m_removeEnabled = true;
+    m_removeAllEnabled = true;
   }
   Ergebnis_ausblenden();
 }
 
 void MainWindowModel::alle_rein() {
-  selected1.assign(fischfutter1.size(), true);
+  m_selected.assign(m_available.size(), true);
   Ergebnis_ausblenden();
   Rein();
 }
 
 void MainWindowModel::raus() {
-  if (current2 < 0 || current2 >= static_cast<int>(fischfutter2.size())) return;
-  const int p = current2;
-  fischfutter2.erase(fischfutter2.begin() + p);
-  const int count = static_cast<int>(fischfutter2.size());
-  current2 = count > 0 ? Minimum(p, count - 1) : -1;
+  if (m_currentChosen < 0 || m_currentChosen >= static_cast<int>(m_chosen.size())) return;
+  const int p = m_currentChosen;
+  m_chosen.erase(m_chosen.begin() + p);
+  const int count = static_cast<int>(m_chosen.size());
+  m_currentChosen = count > 0 ? Minimum(p, count - 1) : -1;
   if (count == 0) {
-    reinEnabled = true;
-    rausEnabled = false;
-    alleRausEnabled = false;
+    m_addEnabled = true;
+    m_removeEnabled = false;
+    m_removeAllEnabled = false;
   }
   Ergebnis_ausblenden();
 }
 
 void MainWindowModel::alle_raus() {
-  fischfutter2.clear();
-  current2 = -1;
+  m_chosen.clear();
+  m_currentChosen = -1;
   Ergebnis_ausblenden();
-  rausEnabled = false;
-  alleRausEnabled = false;
+  m_removeEnabled = false;
+  m_removeAllEnabled = false;
 }
 
 std::string MainWindowModel::tooltipText(int position) const {
-  if (position < 0 || position >= static_cast<int>(workingSet.size())) return std::string();
-  const WorkingSetEntry& entry = workingSet[position];
-  const char sep = decimalSeparator;
-  const double maxInclusion = fischarten == 0 ? entry.maxCarp : entry.maxTrout;
+  if (position < 0 || position >= static_cast<int>(m_workingSet.size())) return std::string();
+  const WorkingSetEntry& entry = m_workingSet[position];
+  const char sep = m_decimalSeparator;
+  const double maxInclusion = m_species == 0 ? entry.maxCarp : entry.maxTrout;
   return "Protein content: " + generalForm(entry.protein, sep) +
          " %, Lipid content: " + generalForm(entry.lipid, sep) + " %" +
          "  Testicide content: " + generalForm(entry.residue, sep) + " mg/kg." +
          " Max. content in food: " + generalForm(maxInclusion, sep) + " %";
 }
 
-void MainWindowModel::Ergebnis_ausblenden() {
-  ergebnisVisible = false;
-  reportButtonVisible = false;
+void MainWindowModel::setCriterionOption(Criterion criterion) {
+  change(m_criterionOption, criterion);
 }
 
-void MainWindowModel::setOption1(bool minimumChosen) { change(option1, minimumChosen); }
+void MainWindowModel::setSpeciesOption(Species species) { change(m_speciesOption, species); }
 
-void MainWindowModel::setOption3(bool carpChosen) { change(option3, carpChosen); }
+void MainWindowModel::setPseudoComponents(PseudoComponents pseudo) {
+  m_pseudo = pseudo;
+  Ergebnis_ausblenden();
+}
 
-void MainWindowModel::setCheck1(bool on) { change(check1, on); }
+void MainWindowModel::setMrbdLimits(bool on) { change(m_mrbd, on); }
 
-void MainWindowModel::setCheck2(bool on) { change(check2, on); }
+void MainWindowModel::setCriterion(Criterion criterion) { change(m_criterion, criterion); }
 
-void MainWindowModel::setCheck4(bool on) { change(check4, on); }
+void MainWindowModel::setSpecies(int position) { change(m_species, position); }
 
-void MainWindowModel::setCheck5(bool on) { change(check5, on); }
+void MainWindowModel::setFishmealGrade(int position) { change(m_fishmealGrade, position); }
 
-void MainWindowModel::setFischmehl(int position) { change(fischmehl, position); }
-
-void MainWindowModel::setFischarten(int position) { change(fischarten, position); }
-
-void MainWindowModel::setMinMax(int position) { change(minMax, position); }
+void MainWindowModel::Ergebnis_ausblenden() {
+  m_resultVisible = false;
+  m_reportButtonVisible = false;
+}
 
 void MainWindowModel::Optimierung_Click() {
-  allScenariosMode = false;
+  m_allScenariosMode = false;
   EinfacheOptimierung();
 }
 
 void MainWindowModel::prepareSingleRun() {
-  if (simpleMode) {
-    if (fischfutter2.size() < fischfutter1.size()) fischfutter2.resize(fischfutter1.size());
-    for (size_t p = 0; p < fischfutter1.size(); ++p) fischfutter2[p] = fischfutter1[p];
+  if (m_simpleMode) {
+    if (m_chosen.size() < m_available.size()) m_chosen.resize(m_available.size());
+    for (size_t p = 0; p < m_available.size(); ++p) m_chosen[p] = m_available[p];
   }
-  minMax = option1 ? 1 : 0;
-  fischarten = option3 ? 0 : 1;
-  fischmehl = 2;
+  m_criterion = m_criterionOption;
+  m_species = static_cast<int>(m_speciesOption);
+  m_fishmealGrade = 2;
 }
 
 bool MainWindowModel::pleaseAddComponents() {
-  if (!fischfutter2.empty()) return false;
-  label1Red = true;
-  dialogs.information(kPleaseAdd);
-  label1Red = false;
+  if (!m_chosen.empty()) return false;
+  m_chosenCaptionRed = true;
+  m_dialogs.information(kPleaseAdd);
+  m_chosenCaptionRed = false;
   return true;
 }
 
@@ -174,141 +207,231 @@ void MainWindowModel::EinfacheOptimierung() {
     Ergebnis_ausblenden();
     return;
   }
-  ergebnisText.clear();
-  report.bericht.clear();
+  m_resultText.clear();
+  m_report.bericht.clear();
   Laden();
-  if (problem.residueSum == 0) {
-    dialogs.information(kAllZero);
+  if (m_problem.residueSum == 0) {
+    m_dialogs.information(kAllZero);
+    Ergebnis_ausblenden();
+    return;
+  }
+  if (const std::string why = unusableFigures(); !why.empty()) {
+    m_dialogs.information(why);
     Ergebnis_ausblenden();
     return;
   }
   Rechnen();
-  if (!result.pivotFailure.empty()) dialogs.information(result.pivotFailure);
-  if (!result.solvable) {
-    dialogs.information(kNotSolvable);
+  if (!m_result.pivotFailure.empty()) m_dialogs.information(m_result.pivotFailure);
+  if (!m_result.solvable) {
+    m_dialogs.information(kNotSolvable);
     Ergebnis_ausblenden();
     return;
   }
-  if (allScenariosMode) {
+  if (const std::string why = unusableBurden(); !why.empty()) {
+    m_dialogs.information(why);
     Ergebnis_ausblenden();
     return;
   }
-  ergebnisVisible = true;
-  ergebnisText = resultStatement();
-  ergebnisRed = result.burden > 0.1;
-  reportButtonVisible = true;
+  if (m_allScenariosMode) {
+    Ergebnis_ausblenden();
+    return;
+  }
+  m_resultVisible = true;
+  m_resultText = resultStatement();
+  m_resultRed = m_result.burden > 0.1;
+  m_reportButtonVisible = true;
 }
 
 void MainWindowModel::Laden() {
-  const int chosen = static_cast<int>(fischfutter2.size());
-  const int capacity = chosen + 3;
-  // Cleared in place: the vectors keep their storage from run to run.
-  problem.n = problem.chosenCount = 0;
-  problem.lipidTarget = problem.proteinTarget = problem.residueSum = 0;
-  // Every cell below is written before it is read; zeros where nothing is found.
-  for (auto* column : {&problem.lipid, &problem.protein, &problem.residue, &problem.maxInclusion,
-                       &problem.dryMatter})
-    column->resize(capacity);
-  problem.ifnCode.resize(capacity);
-  for (int p = chosen; p < capacity; ++p) {
-    problem.residue[p] = problem.dryMatter[p] = 0;
-    problem.ifnCode[p].clear();
-  }
-  m_matched.resize(chosen, -1);
-
-  // Runs repeat with the same lists: a text already equal is not copied again.
-  const auto copy = [](std::string& to, const std::string& from) {
-    if (!sameText(to, from)) to = from;
-  };
-  m_available.build(fischfutter1, fischfutter1.size());
-  for (int p = 0; p < chosen; ++p) {
-    const int q = m_matched[p] = m_available.find(fischfutter2[p].text, m_matched[p]);
-    if (q < 0) {  // an entry without a match keeps zeros
-      problem.lipid[p] = problem.protein[p] = problem.residue[p] = problem.maxInclusion[p] =
-          problem.dryMatter[p] = 0;
-      problem.ifnCode[p].clear();
-      continue;
-    }
-    copy(fischfutter2[p].commodity, fischfutter1[q].commodity);
-    copy(fischfutter2[p].kategorie, fischfutter1[q].kategorie);
-    copy(fischfutter2[p].artSchadstoffwert, fischfutter1[q].artSchadstoffwert);
-    const WorkingSetEntry& entry = workingSet[q];
-    problem.lipid[p] = entry.lipid;
-    problem.protein[p] = entry.protein;
-    problem.residue[p] = entry.residue;
-    problem.maxInclusion[p] = fischarten == 0 ? entry.maxCarp : entry.maxTrout;
-    problem.dryMatter[p] = entry.dm;
-    copy(problem.ifnCode[p], entry.ifnCode);
-  }
-
-  const FishSpecies& target = species.at(fischarten);
-  problem.lipidTarget = target.lipid;
-  problem.proteinTarget = target.protein;
-
-  int n = chosen;
-  problem.chosenCount = chosen;
-  auto addPseudo = [&](double lipid, double protein) {
-    problem.lipid[n] = lipid;
-    problem.protein[n] = protein;
-    problem.maxInclusion[n] = 100;
-    ++n;
-  };
-  problem.pc = check1;
-  problem.cc = check4;
-  problem.f = check5;
-  if (check1) addPseudo(fishmeal.at(fischmehl).lipid, fishmeal.at(fischmehl).protein);
-  if (check4) addPseudo(0.1, 0.1);
-  if (check5) addPseudo(100, 0);
-  problem.n = n;
-  for (auto* column : {&problem.lipid, &problem.protein, &problem.residue, &problem.maxInclusion,
-                       &problem.dryMatter})
-    column->resize(n);
-  problem.ifnCode.resize(n);
-
-  if (!check2) problem.maxInclusion.assign(n, 100.0);
-
-  double sum = 0;
-  for (int j = 0; j < n; ++j) sum = sum + problem.residue[j];
-  problem.residueSum = sum;
-
-  for (int j = 0; j < n; ++j) {
-    if (problem.dryMatter[j] != 0)
-      problem.residue[j] = problem.residue[j] / problem.dryMatter[j] * 100;
-  }
-  problem.unitOrder = table.componentCount() + 2;
+  sizeProblem(static_cast<int>(m_chosen.size()));
+  matchChosenEntries();
+  setTargets();
+  addPseudoComponents();
+  applyMrbdLimits();
+  convertToDryMatter();
+  m_problem.unitOrder = m_table.componentCount() + 2;
   // The tableau is laid out from zeros by Rechnen, sized to this problem.
 }
 
+// Room for every chosen entry and the three pseudo-components; the vectors keep their storage
+// from run to run, and every cell is written before it is read.
+void MainWindowModel::sizeProblem(int chosen) {
+  OptimisationProblem& p = m_problem;
+  p.n = p.chosenCount = chosen;
+  p.lipidTarget = p.proteinTarget = p.residueSum = 0;
+  const int capacity = chosen + 3;
+  for (auto* column : {&p.lipid, &p.protein, &p.residue, &p.maxInclusion, &p.dryMatter})
+    column->resize(capacity);
+  p.ifnCode.resize(capacity);
+  p.name.resize(capacity);
+  p.kind.assign(chosen, VariableKind::Component);
+  for (int j = chosen; j < capacity; ++j) {
+    p.residue[j] = p.dryMatter[j] = 0;
+    p.ifnCode[j].clear();
+  }
+  m_matched.resize(chosen, -1);
+}
+
+// Each chosen entry takes the figures of the last available entry with its text, and its
+// companions are brought up to date from that entry.
+void MainWindowModel::matchChosenEntries() {
+  OptimisationProblem& p = m_problem;
+  m_lookup.build(m_available, m_available.size());
+  for (int j = 0; j < p.chosenCount; ++j) {
+    ListEntry& entry = m_chosen[j];
+    copyText(p.name[j], entry.text);
+    const int q = m_matched[j] = m_lookup.find(entry.text, m_matched[j]);
+    if (q < 0) {  // an entry without a match keeps zeros
+      p.lipid[j] = p.protein[j] = p.residue[j] = p.maxInclusion[j] = p.dryMatter[j] = 0;
+      p.ifnCode[j].clear();
+      continue;
+    }
+    copyText(entry.commodity, m_available[q].commodity);
+    copyText(entry.kategorie, m_available[q].kategorie);
+    copyText(entry.artSchadstoffwert, m_available[q].artSchadstoffwert);
+    const WorkingSetEntry& stored = m_workingSet[q];
+    p.lipid[j] = stored.lipid;
+    p.protein[j] = stored.protein;
+    p.residue[j] = stored.residue;
+    p.maxInclusion[j] = m_species == 0 ? stored.maxCarp : stored.maxTrout;
+    p.dryMatter[j] = stored.dm;
+    copyText(p.ifnCode[j], stored.ifnCode);
+  }
+}
+
+void MainWindowModel::setTargets() {
+  const FishSpecies& target = m_speciesTable.at(m_species);
+  m_problem.lipidTarget = target.lipid;
+  m_problem.proteinTarget = target.protein;
+}
+
+// PC, CC and F follow the components in that order, uncontaminated and without a limit.
+void MainWindowModel::addPseudoComponents() {
+  OptimisationProblem& p = m_problem;
+  int& n = p.n;
+  const auto add = [&](VariableKind kind, double lipid, double protein) {
+    p.kind.push_back(kind);
+    copyText(p.name[n], pseudoComponentName(kind));
+    p.lipid[n] = lipid;
+    p.protein[n] = protein;
+    p.maxInclusion[n] = 100;
+    ++n;
+  };
+  if (m_pseudo.pc) {
+    const FishMealGrade& grade = m_fishmealTable.at(m_fishmealGrade);
+    add(VariableKind::PC, grade.lipid, grade.protein);
+  }
+  if (m_pseudo.cc) add(VariableKind::CC, 0.1, 0.1);
+  if (m_pseudo.f) add(VariableKind::F, 100, 0);
+  for (auto* column : {&p.lipid, &p.protein, &p.residue, &p.maxInclusion, &p.dryMatter})
+    column->resize(n);
+  p.ifnCode.resize(n);
+  p.name.resize(n);
+}
+
+// Check2 off lifts every limit, the pseudo-components' included.
+void MainWindowModel::applyMrbdLimits() {
+  if (!m_mrbd) m_problem.maxInclusion.assign(m_problem.n, 100.0);
+}
+
+// The sum is taken as read, so that an all-zero substance is recognised before converting.
+void MainWindowModel::convertToDryMatter() {
+  OptimisationProblem& p = m_problem;
+  double sum = 0;
+  for (int j = 0; j < p.n; ++j) sum = sum + p.residue[j];
+  p.residueSum = sum;
+  for (int j = 0; j < p.n; ++j) {
+    if (p.dryMatter[j] != 0) p.residue[j] = p.residue[j] / p.dryMatter[j] * 100;
+  }
+}
+
+std::string MainWindowModel::unusableFigures() const {
+  const OptimisationProblem& p = m_problem;
+  for (int j = 0; j < p.chosenCount; ++j) {
+    if (usable(p.residue[j])) continue;
+    return "The residue value of " + p.name[j] +
+           " is too large to compute with on the dry-matter basis (dry matter " +
+           generalForm(p.dryMatter[j], m_decimalSeparator) +
+           " %). Check its residue value and its dry matter.";
+  }
+  return std::string();
+}
+
+std::string MainWindowModel::unusableBurden() const {
+  if (!m_result.solvable || usable(m_result.burden)) return std::string();
+  return "The optimisation gave a dietary burden too large to show. Check the residue values "
+         "and the dry matter of the chosen components.";
+}
+
 void MainWindowModel::Rechnen() {
-  result.pivotFailure.clear();
-  result.pivots = 0;
-  pescavo::Rechnen(problem, criterion(), tableau, result);
-  fillVariableNames(m_variableNames);
-  check = checkOptimum(problem, criterion(), result, m_variableNames);
-  checkSentence = mainWindowSentence(check, criterion(), decimalSeparator);
+  m_result.pivotFailure.clear();
+  m_result.pivots = 0;
+  pescavo::Rechnen(m_problem, m_criterion, m_tableau, m_result);
+  m_check = checkOptimum(m_problem, m_criterion, m_result);
+  m_checkSentence = mainWindowSentence(m_check, m_criterion, m_decimalSeparator);
+}
+
+// Every field is set, over whatever an earlier fill left; strings are assigned in place.
+void MainWindowModel::fillReportValues(ReportValues& values) const {
+  values.substance = substanceName();
+  values.speciesName.clear();
+  values.lipidTarget = values.proteinTarget = 0;
+  if (m_species >= 0 && m_species < static_cast<int>(m_speciesTable.size())) {
+    const FishSpecies& species = m_speciesTable[m_species];
+    values.speciesName = species.name;
+    values.lipidTarget = species.lipid;
+    values.proteinTarget = species.protein;
+  }
+  values.maximum = m_criterion != Criterion::Minimum;
+  values.criterionText = kMinMaxItems[values.maximum ? 0 : 1];
+  values.burden = m_result.burden;
+  values.fishmealProtein = values.fishmealLipid = 0;
+  if (m_fishmealGrade >= 0 && m_fishmealGrade < static_cast<int>(m_fishmealTable.size())) {
+    values.fishmealProtein = m_fishmealTable[m_fishmealGrade].protein;
+    values.fishmealLipid = m_fishmealTable[m_fishmealGrade].lipid;
+  }
+  const auto fillVariable = [&](int j, ReportVariable& variable) {
+    variable.maxInclusion = at(m_problem.maxInclusion, j);
+    variable.dryMatter = at(m_problem.dryMatter, j);
+    variable.residue = at(m_problem.residue, j);
+    variable.share = at(m_result.composition, j);
+  };
+
+  // The stored figures of a chosen entry are those of the last available entry with its text,
+  // the same match Laden makes.
+  LastTextPosition lastPosition;
+  lastPosition.build(m_available, std::min(m_available.size(), m_workingSet.size()));
+  const WorkingSetEntry none;  // the figures of an entry without a match
+  const int count = static_cast<int>(m_chosen.size());
+  values.components.resize(count);
+  for (int j = 0; j < count; ++j) {
+    const ListEntry& entry = m_chosen[j];
+    ReportComponent& component = values.components[j];
+    fillVariable(j, component);
+    component.name = entry.text;
+    component.category = entry.kategorie;
+    component.basisLabel = basisLabel(entry.artSchadstoffwert);
+    const int q = lastPosition.find(entry.text);
+    const WorkingSetEntry& stored = q >= 0 ? m_workingSet[q] : none;
+    component.protein = stored.protein;
+    component.lipid = stored.lipid;
+    component.storedResidue = stored.residue;
+  }
+
+  values.pseudos.clear();
+  for (int j = m_problem.chosenCount; j < m_problem.n; ++j) {
+    ReportPseudo pseudo;
+    pseudo.kind = m_problem.kind[j];
+    fillVariable(j, pseudo);
+    pseudo.dryMatter = 0;
+    values.pseudos.push_back(pseudo);
+  }
 }
 
 std::string MainWindowModel::resultStatement() const {
-  return std::string(kMinMaxItems[minMax == 1 ? 1 : 0]) + " " + "dietary burden based on " +
-         substanceName() + " is " + fixedForm(result.burden, "0.000", decimalSeparator) + " mg/kg.";
-}
-
-std::vector<std::string> MainWindowModel::variableNames() const {
-  std::vector<std::string> names;
-  fillVariableNames(names);
-  return names;
-}
-
-// Assigned in place, so that a vector kept from run to run reuses its strings' storage.
-void MainWindowModel::fillVariableNames(std::vector<std::string>& names) const {
-  const int chosen = problem.chosenCount;
-  names.resize(chosen + problem.pc + problem.cc + problem.f);
-  for (int j = 0; j < chosen; ++j)
-    names[j] = j < static_cast<int>(fischfutter2.size()) ? fischfutter2[j].text : std::string();
-  int k = chosen;
-  if (problem.pc) names[k++] = "PC";
-  if (problem.cc) names[k++] = "CC";
-  if (problem.f) names[k++] = "F";
+  return std::string(kMinMaxItems[m_criterion == Criterion::Minimum ? 1 : 0]) + " " +
+         "dietary burden based on " + substanceName() + " is " +
+         fixedForm(m_result.burden, "0.000", m_decimalSeparator) + " mg/kg.";
 }
 
 }  // namespace pescavo

@@ -4,11 +4,11 @@
 #include <string>
 #include <vector>
 
-#include "engine/Dialogs.h"
 #include "engine/IndependentCheck.h"
 #include "engine/OptimisationProblem.h"
 #include "engine/SimplexTableau.h"
-#include "reports/ReportState.h"
+#include "model/Dialogs.h"
+#include "model/ReportState.h"
 #include "tables/ComponentTable.h"
 #include "tables/ComponentViews.h"
 #include "tables/FishTables.h"
@@ -16,48 +16,108 @@
 
 namespace pescavo {
 
-// The main window's state as a plain model. The desktop window shows it and forwards
-// clicks to the operations below; the engine and the reports read it, never a widget.
+enum class Species { CommonCarp = 0, RainbowTrout = 1 };  // row of Species.tab
+
+// The main window's state as a plain model. A window shows it through the read accessors and
+// forwards the user's actions to the operations; the reports get values, never the model.
 // List positions are 0-based as in the list controls; -1 means no current item.
+//
+// The window's controls and what the model calls them:
+//   Schadstoffliste        substancePosition()          Fischfutter1   available()
+//   Fischfutter2           chosen()                     Label1 red     chosenCaptionRed()
+//   Option1 / Option2      criterionOption()            Option3 / 4    speciesOption()
+//   MinMax                 criterion()                  Fischarten     species()
+//   Fischmehl              fishmealGrade()              Check1         pseudoComponents().pc
+//   Check4                 pseudoComponents().cc        Check5         pseudoComponents().f
+//   Check2                 mrbdLimits()                 Ergebnis       resultVisible(),
+//   resultText() ReportButton           reportButtonVisible()        Rein, raus     addEnabled(),
+//   removeEnabled() alle_raus              removeAllEnabled()           Loeschen
+//   deleteSubstanceEnabled()
 class MainWindowModel {
  public:
   static constexpr const char* kMinMaxItems[2] = {"Maximum content", "Minimum content"};
-  static constexpr const char* kBasisItems[2] = {"STMR", "STMR-P"};
-  static constexpr const char* kMrbdCaption = "\"maximum reasonable balanced diet (MRBD)\"";
   static constexpr const char* kNotSolvable =
       "The problem is not solvable. Add more or try different components.";
+
+  // Check1, Check4 and Check5: which pseudo-components join the feed.
+  struct PseudoComponents {
+    bool pc = true;
+    bool cc = true;
+    bool f = true;
+  };
 
   MainWindowModel(Dialogs& dialogs, char decimalSeparator);
 
   // Reads Species.tab, feedstuff.tab and Fishmeal.tab from inputFolder in that order and
   // sets every control to its state after loading. Throws TableError.
   void startUp(const std::string& inputFolder, bool simpleMode = false);
+  // Equal components or substance names in feedstuff.tab as start-up found them: a face shows
+  // each once, since only the last of equal components takes part in a run.
+  const std::vector<std::string>& duplicateWarnings() const { return m_duplicateWarnings; }
+  // The same with tables already read.
+  void load(ComponentTable table, std::vector<FishSpecies> species,
+            std::vector<FishMealGrade> fishmeal, bool simpleMode = false);
+
+  // Tables.
+  const std::string& inputFolder() const { return m_inputFolder; }
+  const ComponentTable& table() const { return m_table; }
+  const std::vector<FishSpecies>& speciesTable() const { return m_speciesTable; }
+  const std::vector<FishMealGrade>& fishmealTable() const { return m_fishmealTable; }
 
   // Substance list.
-  void selectSubstance(int position);
+  int substancePosition() const { return m_substance; }
   std::string substanceName() const;
+  void selectSubstance(int position);
   void Futterliste_aktualisieren();
+  const std::vector<std::array<std::string, 6>>& residueGrid() const { return m_residueGrid; }
+  bool deleteSubstanceEnabled() const { return m_deleteSubstanceEnabled; }
 
   // Component lists and their buttons.
-  void setSelected1(int position, bool selected);
-  void setCurrent2(int position);
+  const std::vector<ListEntry>& available() const { return m_available; }
+  const std::vector<WorkingSetEntry>& workingSet() const { return m_workingSet; }
+  bool isSelected(int position) const { return m_selected.at(position); }
+  const std::vector<ListEntry>& chosen() const { return m_chosen; }
+  int currentChosen() const { return m_currentChosen; }
+  void setSelected(int position, bool selected);
+  void clearSelection();
+  void setCurrentChosen(int position);
   void Rein();
   void alle_rein();
   void raus();
   void alle_raus();
-  std::string tooltipText(int position) const;  // for Fischfutter1 entry at position
-  void Ergebnis_ausblenden();
+  bool addEnabled() const { return m_addEnabled; }
+  bool removeEnabled() const { return m_removeEnabled; }
+  bool removeAllEnabled() const { return m_removeAllEnabled; }
+  bool chosenCaptionRed() const { return m_chosenCaptionRed; }
+  std::string tooltipText(int position) const;  // for the available entry at position
 
-  // Option controls: each change withdraws the result.
-  void setOption1(bool minimumChosen);  // Option1 "Minimum" / Option2 "Maximum"
-  void setOption3(bool carpChosen);     // Option3 "Common carp" / Option4 "Rainbow trout"
-  void setCheck1(bool on);
-  void setCheck2(bool on);
-  void setCheck4(bool on);
-  void setCheck5(bool on);
-  void setFischmehl(int position);
-  void setFischarten(int position);
-  void setMinMax(int position);
+  // Options; each change withdraws the result shown.
+  Criterion criterionOption() const { return m_criterionOption; }
+  Species speciesOption() const { return m_speciesOption; }
+  PseudoComponents pseudoComponents() const { return m_pseudo; }
+  bool mrbdLimits() const { return m_mrbd; }
+  void setCriterionOption(Criterion criterion);
+  void setSpeciesOption(Species species);
+  void setPseudoComponents(PseudoComponents pseudo);
+  void setMrbdLimits(bool on);
+  // The hidden choosers that a run sets from the options.
+  Criterion criterion() const { return m_criterion; }
+  int species() const { return m_species; }
+  int fishmealGrade() const { return m_fishmealGrade; }
+  void setCriterion(Criterion criterion);
+  void setSpecies(int position);
+  void setFishmealGrade(int position);
+
+  // Flags and the result box.
+  bool simpleMode() const { return m_simpleMode; }
+  bool allScenariosMode() const { return m_allScenariosMode; }
+  void setAllScenariosMode(bool on) { m_allScenariosMode = on; }
+  bool databaseModified() const { return m_databaseModified; }
+  bool resultVisible() const { return m_resultVisible; }
+  bool reportButtonVisible() const { return m_reportButtonVisible; }
+  const std::string& resultText() const { return m_resultText; }
+  bool resultRed() const { return m_resultRed; }
+  void Ergebnis_ausblenden();
 
   // Runs.
   void Optimierung_Click();
@@ -65,22 +125,48 @@ class MainWindowModel {
   // The first steps of a single run: in SimpleMode every available component takes part;
   // criterion and species follow the option buttons; PC is the third fish-meal grade.
   void prepareSingleRun();
-  // With nothing in Fischfutter2: "Please add components." while Label1 is red; true then.
+  // With nothing chosen: "Please add components." while Label1 is red; true then.
   bool pleaseAddComponents();
   void Laden();
   void Rechnen();
-  Criterion criterion() const { return minMax == 1 ? Criterion::Minimum : Criterion::Maximum; }
+  // Why the last problem cannot be solved in figures that can be shown, or empty: a value
+  // that is not finite, or one so large that its results would not be.
+  std::string unusableFigures() const;
+  // The same for the burden of the last solvable run.
+  std::string unusableBurden() const;
   std::string resultStatement() const;
-  // What each variable of the last problem is: the chosen entries' texts, then PC, CC, F.
-  std::vector<std::string> variableNames() const;
 
-  static int Minimum(int a, int b) { return b < a ? b : a; }
+  // The last run.
+  const OptimisationProblem& problem() const { return m_problem; }
+  const SimplexTableau& tableau() const { return m_tableau; }
+  const OptimisationResult& result() const { return m_result; }
+  const CheckResult& check() const { return m_check; }
+  const std::string& checkSentence() const { return m_checkSentence; }
+  // What the report text, the composition table and the charts are written from.
+  void fillReportValues(ReportValues& values) const;
+
+  // The report windows' state, which they change themselves.
+  ReportState& report() { return m_report; }
+  const ReportState& report() const { return m_report; }
+
+  char decimalSeparator() const { return m_decimalSeparator; }
+  void setDecimalSeparator(char separator) { m_decimalSeparator = separator; }
+  Dialogs& dialogs() { return m_dialogs; }
+
+  // The smaller of two values; the first of a tie.
+  template <typename T>
+  static const T& Minimum(const T& a, const T& b) {
+    return b < a ? b : a;
+  }
 
  private:
-  LastTextPosition m_available;  // Laden's lookup, kept from run to run
-  std::vector<int> m_matched;    // per chosen entry, the available position the last Laden used
-  void fillVariableNames(std::vector<std::string>& names) const;
-  std::vector<std::string> m_variableNames;  // of the last Rechnen, for its check
+  // Laden's steps.
+  void sizeProblem(int chosen);
+  void matchChosenEntries();
+  void setTargets();
+  void addPseudoComponents();
+  void applyMrbdLimits();
+  void convertToDryMatter();
 
   // Any change of selection or option withdraws the result shown.
   template <typename T>
@@ -89,59 +175,52 @@ class MainWindowModel {
     Ergebnis_ausblenden();
   }
 
- public:
-  // Tables.
-  std::string inputFolder;
-  ComponentTable table;
-  std::vector<FishSpecies> species;
-  std::vector<FishMealGrade> fishmeal;
+  std::string m_inputFolder;
+  std::vector<std::string> m_duplicateWarnings;
+  ComponentTable m_table;
+  std::vector<FishSpecies> m_speciesTable;
+  std::vector<FishMealGrade> m_fishmealTable;
 
-  // Controls.
-  int schadstoff = -1;  // Schadstoffliste position
-  std::vector<ListEntry> fischfutter1;
-  std::vector<bool> selected1;
-  int current1 = -1;
-  std::vector<ListEntry> fischfutter2;
-  int current2 = -1;
-  std::vector<WorkingSetEntry> workingSet;              // positions of fischfutter1
-  std::vector<std::array<std::string, 6>> residueGrid;  // lade_Schadstoffwerte
-  bool option1 = false;                                 // Minimum chosen
-  bool option1Enabled = false;
-  bool option3 = true;  // common carp chosen
-  int minMax = 0;
-  int fischarten = 0;
-  int fischmehl = 2;
-  bool check1 = true;
-  bool check2 = true;
-  bool check4 = true;
-  bool check5 = true;
-  bool reinEnabled = true;
-  bool alleReinEnabled = true;
-  bool rausEnabled = false;
-  bool alleRausEnabled = false;
-  bool loeschenEnabled = false;
-  bool label1Red = false;
-  bool ergebnisVisible = false;
-  bool reportButtonVisible = false;
-  std::string ergebnisText;
-  bool ergebnisRed = false;
+  int m_substance = -1;
+  std::vector<std::array<std::string, 6>> m_residueGrid;
+  bool m_deleteSubstanceEnabled = false;
+  std::vector<ListEntry> m_available;
+  std::vector<WorkingSetEntry> m_workingSet;  // by position in m_available
+  std::vector<bool> m_selected;
+  std::vector<ListEntry> m_chosen;
+  int m_currentChosen = -1;
+  bool m_addEnabled = true;
+  bool m_removeEnabled = false;
+  bool m_removeAllEnabled = false;
+  bool m_chosenCaptionRed = false;
 
-  // Flags.
-  bool allScenariosMode = false;
-  bool simpleMode = false;
-  bool databaseModified = false;
+  Criterion m_criterionOption = Criterion::Maximum;
+  Species m_speciesOption = Species::CommonCarp;
+  PseudoComponents m_pseudo;
+  bool m_mrbd = true;
+  Criterion m_criterion = Criterion::Maximum;
+  int m_species = 0;
+  int m_fishmealGrade = 2;
 
-  // The last run.
-  OptimisationProblem problem;
-  SimplexTableau tableau;
-  OptimisationResult result;
-  // The independent check of the last Rechnen, and its sentence for the main window.
-  CheckResult check;
-  std::string checkSentence;
-  ReportState report;
+  bool m_simpleMode = false;
+  bool m_allScenariosMode = false;
+  bool m_databaseModified = false;
+  bool m_resultVisible = false;
+  bool m_reportButtonVisible = false;
+  std::string m_resultText;
+  bool m_resultRed = false;
 
-  char decimalSeparator;
-  Dialogs& dialogs;
+  OptimisationProblem m_problem;
+  SimplexTableau m_tableau;
+  OptimisationResult m_result;
+  CheckResult m_check;
+  std::string m_checkSentence;
+  LastTextPosition m_lookup;   // Laden's, kept from run to run
+  std::vector<int> m_matched;  // per chosen entry, the available position the last Laden used
+
+  ReportState m_report;
+  char m_decimalSeparator;
+  Dialogs& m_dialogs;
 };
 
 }  // namespace pescavo

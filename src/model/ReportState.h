@@ -6,6 +6,8 @@
 
 #include "engine/IndependentCheck.h"
 #include "reports/ReportValues.h"
+#include "reports/ResultTables.h"
+#include "reports/Scenarios.h"
 
 namespace pescavo {
 
@@ -20,21 +22,22 @@ struct ReportState {
   double burdenSum = 0;            // S of the last Berichtschreiben
   std::string reportFolder = ".";  // where Report.txt and Report.rtf go
   bool mainWindowEnabled = true;
-  // Scenario table AllScnErgebnis: 17 rows x 4 columns, alignment 1 left, 4 centred,
-  // 0 the grid's default.
-  std::array<std::array<std::string, 4>, 17> scenarioCells{};
-  std::array<std::array<int, 4>, 17> scenarioAlignment{};
+  // Scenario table AllScnErgebnis; alignment 1 left, 4 centred, 0 the grid's default.
+  ScenarioCells scenarioCells{};
+  std::array<std::array<int, 4>, kScenarioRuns + 1> scenarioAlignment{};
   bool scenarioTableFilled = false;
   // The independent check of each sweep run (run N at N - 1) and what the scenario table shows
   // of it: "agrees" or "differs", its tooltip, and the true optimum ("0.000" or "not solvable").
-  std::array<CheckResult, 16> scenarioChecks{};
-  std::array<std::string, 16> scenarioVerdicts{};
-  std::array<std::string, 16> scenarioVerdictTooltips{};
-  std::array<std::string, 16> scenarioTrueOptima{};
+  std::array<CheckResult, kScenarioRuns> scenarioChecks{};
+  std::array<std::string, kScenarioRuns> scenarioVerdicts{};
+  std::array<std::string, kScenarioRuns> scenarioVerdictTooltips{};
+  std::array<std::string, kScenarioRuns> scenarioTrueOptima{};
   // Composition table ErgebnisGrid of the last single-mode report; row 0 is the header.
-  std::vector<std::array<std::string, 9>> ergebnisGrid;
+  std::vector<CompositionRow> ergebnisGrid;
   // Report file failures already shown during the current sweep or Details run.
   std::vector<std::string> fileFailuresShown;
+  // A report file could not be written since the last sweep or Details run began.
+  bool fileWriteFailed = false;
 };
 
 }  // namespace pescavo

@@ -1,46 +1,24 @@
 #pragma once
 
-#include <array>
 #include <string>
 #include <vector>
 
 #include "reports/ResultTables.h"
+#include "reports/Scenarios.h"
 
 namespace pescavo {
 
 class MainWindowModel;
-
-// One of the eight combinations of PC, CC and F, with its texts as the sweep writes them.
-struct Scenario {
-  bool pc;
-  bool cc;
-  bool f;
-  const char* headingOff;  // report heading after "Scenario N", MRBD off
-  const char* headingOn;   // MRBD on; followed by " - " and the MRBD caption
-  const char* cellOff;     // scenario table, MRBD off
-  const char* cellOn;      // MRBD on; followed by " - " and the MRBD caption
-};
-
-extern const std::array<Scenario, 8> kScenarios;
-
-constexpr int kScenarioRuns = 16;
-constexpr int kAlignLeft = 1;
-constexpr int kAlignCentre = 4;
-
-// Run N of scenario k (1..8) with MRBD off (m = 0) or on (m = 1).
-constexpr int scenarioRun(int k, int m) { return 2 * k - 1 + m; }
 
 // "Optimize all Scenarios": all-scenario mode, criterion and species from the option buttons,
 // then the sweep. True when the report window is to be shown.
 bool Optimierung2_Click(MainWindowModel& model);
 
 // The sweep: sixteen runs, the scenario table, Report.txt and Report.rtf, ScenarioSummary.
-// The check boxes and the fish-meal grade are as before afterwards; the problem and result
-// are those of the last run made. True when the report window is to be shown.
+// The pseudo-components, the MRBD switch and the fish-meal grade are as before afterwards;
+// the problem and result are those of the last run made. True when the report window is to
+// be shown.
 bool Tabellezeichnen(MainWindowModel& model);
-
-// Column widths of the scenario table for a grid of the given width.
-std::array<int, 4> scenarioColumnWidths(int gridWidth);
 
 // "Open Full Report File" (the text side): one more header block, the report text becomes the
 // header blocks and the summary, Report.txt is prefixed with them. Returns the path of

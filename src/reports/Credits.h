@@ -5,8 +5,6 @@ namespace pescavo {
 // Shown by the start screen and the About window and repeated in every report title block;
 // change the wording here only.
 constexpr const char* kCreditLine = "Developed by the Pescavo maintainers";
-constexpr const char* kSecondCreditLine = "Dietary burden of fish feed by linear programming";
 constexpr const char* kBuildDate = "08-Mar-2018";
-constexpr const char* kVersion = "1.0.20";
 
 }  // namespace pescavo

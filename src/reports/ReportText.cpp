@@ -4,13 +4,10 @@
 #include <cstring>
 #include <filesystem>
 
-#include "engine/MainWindowModel.h"
 #include "reports/Credits.h"
+#include "reports/PseudoLabels.h"
 #include "reports/ReportValues.h"
-#include "reports/ResultTables.h"
-#include "reports/RtfWriter.h"
 #include "reports/TextAppender.h"
-#include "reports/TextFiles.h"
 #include "tables/NumericText.h"
 
 namespace pescavo {
@@ -18,9 +15,6 @@ namespace pescavo {
 namespace {
 
 const std::string kDashRule(70, '-');
-
-// The four places a pseudo-component is named; the label spellings differ on purpose.
-enum class PseudoLine { MaxContent, DryMatterResidue, Composition, Load };
 
 // A figure written in place with the report's decimal separator.
 struct Figure {
@@ -74,7 +68,7 @@ class SectionWriter {
     line("Maximum principal content of components in the diet:");
     for (const ReportComponent& c : v.components)
       line(" ", c.name, "\t", Figure{c.maxInclusion, "0.00"}, "%");
-    pseudoLines(PseudoLine::MaxContent);
+    pseudoLines(LabelPlace::MaxContent);
     line();
     line("Percent dry matter of components:");
     for (const ReportComponent& c : v.components) {
@@ -95,7 +89,7 @@ class SectionWriter {
     for (const ReportComponent& c : v.components)
       line(" ", c.name, "\t", Figure{c.residue, "0.000"}, " mg/kg (", c.basisLabel,
            " \\dry matter)");
-    pseudoLines(PseudoLine::DryMatterResidue);
+    pseudoLines(LabelPlace::DryMatterResidue);
     line();
     line();
   }
@@ -111,55 +105,54 @@ class SectionWriter {
     line("The respective composition of the feed is:");
     for (const ReportComponent& c : v.components)
       line(" ", c.name, "\t", Figure{c.share, "0.00"}, "%");
-    pseudoLines(PseudoLine::Composition);
+    pseudoLines(LabelPlace::Composition);
     m_burdenSum = burdenSum(v);
     line();
     line();
     line("The dietary load of ", v.substance, " caused by the individual components is:");
     for (const ReportComponent& c : v.components)
       line(" ", c.name, "\t", Figure{loadShare(c, m_burdenSum), "0.00"}, "%");
-    pseudoLines(PseudoLine::Load);
+    pseudoLines(LabelPlace::Load);
     return m_burdenSum;
   }
 
-  void pseudoLines(PseudoLine kind) {
+  void pseudoLines(LabelPlace place) {
     for (const ReportPseudo& pseudo : m_values.pseudos) {
       put(" ");
-      pseudoLabel(pseudo.kind, kind);
-      switch (kind) {
-        case PseudoLine::MaxContent:
+      pseudoLabel(pseudo.kind, place);
+      switch (place) {
+        case LabelPlace::MaxContent:
           line(Figure{100, "0.00"}, "%");
           break;
-        case PseudoLine::DryMatterResidue:
+        case LabelPlace::DryMatterResidue:
           line(Figure{0, "0.000"}, " mg/kg.");
           break;
-        case PseudoLine::Composition:
+        case LabelPlace::Composition:
           line(Figure{pseudo.share, "0.00"}, "%");
           break;
-        case PseudoLine::Load:
+        case LabelPlace::Load:
           line(Figure{loadShare(pseudo, m_burdenSum), "0.00"}, "%");
+          break;
+        case LabelPlace::TableCategory:
+        case LabelPlace::Chart:
           break;
       }
     }
   }
 
   // The name and what separates it from the figure.
-  void pseudoLabel(PseudoKind pseudo, PseudoLine kind) {
-    // By pseudo-component (CC, F) and list, in PseudoLine's order.
-    static const char* const kLabels[2][4] = {
-        {"CC (0.1% protein,0.1 % lipid) ", "CC (0.1% protein, 0.1% lipid )\t",
-         "CC (0.1% protein, 0.1% lipid)\t", "CC (0.1 % protein, 0.1% lipid)\t"},
-        {"F (100 % lipid) ", "F (100% lipid )\t", "F(100% lipid)\t", "F (100% lipid)\t"}};
-    if (pseudo == PseudoKind::PC) {
-      put("Fish meal (");
-      put(Figure{m_values.fishmealProtein, "0.00"});
-      put("% protein, ");
-      put(Figure{m_values.fishmealLipid, "0.00"});
-      put(kind == PseudoLine::MaxContent ? "% lipid) " : "% lipid)\t");
+  void pseudoLabel(VariableKind pseudo, LabelPlace place) {
+    if (pseudo != VariableKind::PC) {
+      const char* const label = pescavo::pseudoLabel(pseudo, place);
+      m_out.append(label, std::strlen(label));
       return;
     }
-    const char* const label = kLabels[pseudo == PseudoKind::CC ? 0 : 1][static_cast<int>(kind)];
-    m_out.append(label, std::strlen(label));
+    put("Fish meal (");
+    put(Figure{m_values.fishmealProtein, "0.00"});
+    put("% protein, ");
+    put(Figure{m_values.fishmealLipid, "0.00"});
+    const char* const end = fishmealLabelEnd(place);
+    m_out.append(end, std::strlen(end));
   }
 
   const ReportValues& m_values;
@@ -182,24 +175,6 @@ std::string block(const std::string& substance, const char* ending) {
   return text;
 }
 
-std::string reportFile(const MainWindowModel& model, const char* name) {
-  return (std::filesystem::path(model.report.reportFolder) / name).string();
-}
-
-void writeScenarioFiles(MainWindowModel& model) {
-  ReportState& report = model.report;
-  try {
-    txt_AppendLine(reportTxtPath(model), report.bericht);
-  } catch (const ReportFileError& error) {
-    reportFileFailure(model, error.what());
-  }
-  try {
-    RtfWriter::save(reportRtfPath(model), RtfWriter::document(report.richText));
-  } catch (const ReportFileError& error) {
-    reportFileFailure(model, error.what());
-  }
-}
-
 }  // namespace
 
 std::string titleBlock(const std::string& substance) { return block(substance, "\r\n\r\n\r\n"); }
@@ -208,38 +183,6 @@ std::string headerBlock(const std::string& substance) { return block(substance, 
 
 double appendReportSection(const ReportValues& values, char decimalSeparator, std::string& out) {
   return SectionWriter(values, decimalSeparator, out).write();
-}
-
-void Berichtschreiben(MainWindowModel& model) {
-  ReportState& report = model.report;
-  ReportValues& values = report.values;
-  values.fill(model);
-  if (!model.allScenariosMode) report.bericht += titleBlock(values.substance);
-  report.burdenSum = appendReportSection(values, model.decimalSeparator, report.bericht);
-
-  if (!model.allScenariosMode) {
-    report.ergebnisGrid = compositionTable(model);
-    report.mainWindowEnabled = false;
-    return;
-  }
-  // Filled in place: the texts keep their storage from run to run.
-  report.berichtNeu.clear();
-  report.berichtNeu += titleBlock(values.substance);
-  report.berichtNeu += report.bericht;
-  report.richText = report.bericht;
-  writeScenarioFiles(model);
-  report.bericht.clear();
-}
-
-std::string reportTxtPath(const MainWindowModel& model) { return reportFile(model, "Report.txt"); }
-
-std::string reportRtfPath(const MainWindowModel& model) { return reportFile(model, "Report.rtf"); }
-
-void reportFileFailure(MainWindowModel& model, const std::string& message) {
-  std::vector<std::string>& shown = model.report.fileFailuresShown;
-  if (std::find(shown.begin(), shown.end(), message) != shown.end()) return;
-  shown.push_back(message);
-  model.dialogs.information(message);
 }
 
 }  // namespace pescavo

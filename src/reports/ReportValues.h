@@ -3,11 +3,9 @@
 #include <string>
 #include <vector>
 
+#include "engine/OptimisationProblem.h"
+
 namespace pescavo {
-
-class MainWindowModel;
-
-enum class PseudoKind { PC, CC, F };
 
 // One LP variable of the last run as the reports read it.
 struct ReportVariable {
@@ -27,11 +25,12 @@ struct ReportComponent : ReportVariable {
 };
 
 struct ReportPseudo : ReportVariable {
-  PseudoKind kind = PseudoKind::PC;
+  VariableKind kind = VariableKind::PC;
 };
 
-// Everything the report text, the composition table and the pie charts read of the main
-// window: the last run's problem and result and the controls it was made with.
+// Everything the report text, the composition table and the pie charts read of a run: its
+// problem and result and the choices it was made with. The main window's model fills it; the
+// sweep fills one sixteen times, so it is filled in place.
 struct ReportValues {
   std::string substance;
   std::string speciesName;
@@ -43,11 +42,7 @@ struct ReportValues {
   double fishmealProtein = 0;               // P of the chosen grade
   double fishmealLipid = 0;                 // L of the chosen grade
   std::vector<ReportComponent> components;  // LP variables 1.. in list order
-  std::vector<ReportPseudo> pseudos;        // the enabled ones, PC, CC, F
-
-  static ReportValues from(const MainWindowModel& model);
-  // The same into this object, keeping its storage: the sweep fills one sixteen times.
-  void fill(const MainWindowModel& model);
+  std::vector<ReportPseudo> pseudos;        // the pseudo-components of the run, PC, CC, F
 };
 
 // share(j) = c(j) x(j) / S x 100; 0 when S is 0 (all residues zero), never a division by 0.

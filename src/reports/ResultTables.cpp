@@ -3,7 +3,7 @@
 #include <cmath>
 #include <utility>
 
-#include "engine/MainWindowModel.h"
+#include "reports/PseudoLabels.h"
 #include "reports/ReportValues.h"
 #include "tables/NumericText.h"
 
@@ -20,9 +20,6 @@ const CompositionRow kCompositionHeaders = {"Category",
                                             "Residue value (mg/kg)",
                                             "Feed composition (%)",
                                             "Dietary load (%)"};
-
-// Widths are whole units, rounded half to even as the grid's integer properties do.
-int roundedWidth(double width) { return static_cast<int>(std::nearbyint(width)); }
 
 CompositionRow componentRow(const ReportComponent& c, double sum, char sep) {
   const std::string blank = " ";
@@ -41,15 +38,17 @@ CompositionRow pseudoRow(const ReportPseudo& pseudo, const ReportValues& values,
                          char sep) {
   const auto f2 = [sep](double value) { return fixedForm(value, "0.00", sep); };
   CompositionRow row;
+  row[0] = pseudoLabel(pseudo.kind, LabelPlace::TableCategory);
   switch (pseudo.kind) {
-    case PseudoKind::PC:
-      row = {"Fish meal ", "", f2(values.fishmealProtein), f2(values.fishmealLipid)};
+    case VariableKind::PC:
+      row[2] = f2(values.fishmealProtein), row[3] = f2(values.fishmealLipid);
       break;
-    case PseudoKind::CC:
-      row = {"CC ", "", f2(0.1), f2(0.1)};
+    case VariableKind::CC:
+      row[2] = f2(0.1), row[3] = f2(0.1);
       break;
-    case PseudoKind::F:
-      row = {"F", "", f2(0), f2(100)};
+    case VariableKind::F:
+    case VariableKind::Component:
+      row[2] = f2(0), row[3] = f2(100);
       break;
   }
   row[4] = f2(100);
@@ -60,25 +59,17 @@ CompositionRow pseudoRow(const ReportPseudo& pseudo, const ReportValues& values,
   return row;
 }
 
-std::string pseudoChartLabel(PseudoKind kind, const ReportValues& values, char sep) {
-  switch (kind) {
-    case PseudoKind::PC:
-      return "Fish meal (" + fixedForm(values.fishmealProtein, "0.00", sep) + "% protein, " +
-             fixedForm(values.fishmealLipid, "0.00", sep) + "% lipid) ";
-    case PseudoKind::CC:
-      return "CC ( 0.1% protein, 0.1% lipid) ";
-    case PseudoKind::F:
-      return "F ( 100% lipid) ";
-  }
-  return std::string();
+std::string pseudoChartLabel(VariableKind kind, const ReportValues& values, char sep) {
+  if (kind != VariableKind::PC) return pseudoLabel(kind, LabelPlace::Chart);
+  return "Fish meal (" + fixedForm(values.fishmealProtein, "0.00", sep) + "% protein, " +
+         fixedForm(values.fishmealLipid, "0.00", sep) + fishmealLabelEnd(LabelPlace::Chart);
 }
 
 }  // namespace
 
-std::vector<CompositionRow> compositionTable(const MainWindowModel& model) {
-  const ReportValues values = ReportValues::from(model);
-  const double sum = model.report.burdenSum;
-  const char sep = model.decimalSeparator;
+int roundedWidth(double width) { return static_cast<int>(std::nearbyint(width)); }
+
+std::vector<CompositionRow> compositionTable(const ReportValues& values, double sum, char sep) {
   std::vector<CompositionRow> rows;
   rows.reserve(1 + values.components.size() + values.pseudos.size());
   rows.push_back(kCompositionHeaders);
@@ -98,13 +89,7 @@ std::array<int, 9> compositionColumnWidths(int gridWidth) {
 
 bool compositionCellCentred(int row, int column) { return row == 0 || column >= 2; }
 
-PieChart Diagrammzeichnen(const MainWindowModel& model, int kind) {
-  const ReportValues values = ReportValues::from(model);
-  const char sep = model.decimalSeparator;
-  const double sum = model.report.burdenSum;
-  const int chosen = static_cast<int>(values.components.size());
-  const int n = model.problem.n;
-
+PieChart Diagrammzeichnen(const ReportValues& values, double sum, int kind, char sep) {
   PieChart chart;
   if (kind == kDietaryLoad) {
     chart.title = "Dietary load regarding " + values.speciesName;
@@ -113,21 +98,21 @@ PieChart Diagrammzeichnen(const MainWindowModel& model, int kind) {
                   " case feed composition regarding " + values.speciesName;
   }
 
-  std::vector<double> v(n > 0 ? n : 0, 0.0);
-  std::vector<std::string> labels(v.size());
+  // V and L in the order of the LP variables: the components, then the pseudo-components.
+  std::vector<double> v;
+  std::vector<std::string> labels;
+  v.reserve(values.components.size() + values.pseudos.size());
+  labels.reserve(v.capacity());
   const auto value = [&](const ReportVariable& variable) {
     return kind == kDietaryLoad ? loadShare(variable, sum) : variable.share;
   };
-  for (int j = 0; j < n && j < chosen; ++j) {
-    v[j] = value(values.components[j]);
-    labels[j] = values.components[j].name;
+  for (const ReportComponent& component : values.components) {
+    v.push_back(value(component));
+    labels.push_back(component.name);
   }
-  const int m = static_cast<int>(values.pseudos.size());
-  for (int k = 0; k < m; ++k) {
-    const int j = n - m + k;  // 0-based LP variable of the k-th enabled pseudo-component
-    if (j < 0 || j >= n) continue;
-    v[j] = value(values.pseudos[k]);
-    labels[j] = pseudoChartLabel(values.pseudos[k].kind, values, sep);
+  for (const ReportPseudo& pseudo : values.pseudos) {
+    v.push_back(value(pseudo));
+    labels.push_back(pseudoChartLabel(pseudo.kind, values, sep));
   }
 
   chart.slices = pieSlices(std::move(v), std::move(labels), sep, chart.zeroCount);

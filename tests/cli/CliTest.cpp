@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "cli/Cli.h"
+#include "engine/LpWriter.h"
 #include "tables/ComponentTable.h"
 #include "tables/FishTables.h"
 
@@ -24,6 +25,16 @@ struct Outcome {
   std::string out;
   std::string err;
 };
+
+std::string run(const std::string& command) {
+  std::string output;
+  if (FILE* pipe = popen(command.c_str(), "r")) {
+    char buffer[4096];
+    while (size_t n = fread(buffer, 1, sizeof buffer, pipe)) output.append(buffer, n);
+    pclose(pipe);
+  }
+  return output;
+}
 
 // Runs the command line over a private copy of the sample tables that a test may break.
 class CliTest : public ::testing::Test {
@@ -141,11 +152,77 @@ TEST_F(CliTest, OptimizeReportAndRefusals) {
         {"optimize", "--substance", m_substance, "--fishmeal", "x"},
         {"--decimal", ";", "check"},
         {"optimize", "--substance", m_substance, "--bogus"},
-        {"dance"}}) {
+        {"dance"},
+        // Options the command does not take, or takes once.
+        {"check", "--all"},
+        {"substances", "--substance", m_substance},
+        {"components", "--substance", m_substance, "--all"},
+        {"optimize", "--substance", m_substance, "--all", "--scenarios"},
+        {"sweep", "--substance", m_substance, "--all", "--no-pc"},
+        {"verify", "--scenarios", "--substance", m_substance, "--all", "--no-mrbd"},
+        {"optimize", "--substance", m_substance, "--substance", m_substance, "--all"},
+        {"optimize", "--substance", m_substance, "--all", "--species", "carp", "--species",
+         "trout"},
+        {"optimize", "--substance", m_substance, "--all", "--simple", "--no-pc"},
+        {"--input", "", "check"},
+        {"optimize", "--substance-number", "0", "--all"},
+        {"optimize", "--substance-number", "99", "--all"}}) {
     const Outcome refused = cli(bad);
     EXPECT_EQ(refused.status, 2) << bad.back();
-    EXPECT_FALSE(refused.err.empty());
+    EXPECT_EQ(refused.err.rfind("pescavo-cli: ", 0), 0u) << refused.err;
+    EXPECT_TRUE(refused.out.empty());
   }
+  // A repeatable move is no repeated option.
+  EXPECT_EQ(cli({"optimize", "--substance", m_substance, "--all", "--all"}).out, o.out);
+  EXPECT_EQ(cli({"optimize", "--substance-number", "1", "--all"}).out, o.out);
+
+  // The command is known before any table is read.
+  std::ostringstream out, err;
+  EXPECT_EQ(runCli({"--input", (m_root / "nowhere").string(), "dance"}, '.', out, err), 2);
+  EXPECT_EQ(err.str().rfind("pescavo-cli: unknown command dance\n", 0), 0u) << err.str();
+}
+
+// A component row given twice is read, and check says which lines hold it; the run takes the
+// later row's figures.
+TEST_F(CliTest, CheckWarnsOfAComponentGivenTwice) {
+  std::vector<std::string> all = lines(readFile("Input/feedstuff.tab"));
+  ASSERT_GE(all.size(), 4u);
+  all.push_back(all[1]);  // line 2 again as the last line
+  {
+    std::ofstream out(input() + "/feedstuff.tab", std::ios::binary);
+    for (const std::string& line : all) out << line << '\n';
+  }
+  const Outcome o = cli({"check"});
+  EXPECT_EQ(o.status, 0) << o.err;
+  EXPECT_EQ(std::count(o.err.begin(), o.err.end(), '\n'), 1) << o.err;
+  EXPECT_NE(o.err.find("feedstuff.tab: lines 2 and " + std::to_string(all.size())),
+            std::string::npos)
+      << o.err;
+  EXPECT_TRUE(cli({"substances"}).err.empty());  // check alone warns
+}
+
+// Two substances of one name: the name alone is refused with the way out, the number picks.
+TEST_F(CliTest, ASubstanceNameHeldTwiceNeedsItsNumber) {
+  const std::string path = input() + "/feedstuff.tab";
+  ComponentTable table = readComponentTable(path);
+  ASSERT_GE(table.substanceCount(), 3);
+  const std::string second = table.substanceName(2), third = table.substanceName(3);
+  // The third's report under the second's name.
+  std::string expected = cli({"report", "--substance", third, "--all"}).out;
+  for (size_t at; (at = expected.find(third)) != std::string::npos;)
+    expected.replace(at, third.size(), second);
+  expected = cli({"report", "--substance", second, "--all"}).out + "|" + expected;
+  table.setSubstanceName(3, second);
+  writeComponentTable(table, path, '.');
+
+  const Outcome ambiguous = cli({"optimize", "--substance", second, "--all"});
+  EXPECT_EQ(ambiguous.status, 2);
+  EXPECT_EQ(ambiguous.err, "pescavo-cli: substances 2 and 3 are all named \"" + second +
+                               "\"; choose one with --substance-number 2\n");
+  EXPECT_TRUE(cli({"report", "--substance-number", "2", "--all"}).out + "|" +
+                  cli({"report", "--substance-number", "3", "--substance", second, "--all"}).out ==
+              expected);
+  EXPECT_EQ(cli({"optimize", "--substance-number", "1", "--substance", second, "--all"}).status, 2);
 }
 
 TEST_F(CliTest, ComponentsAreMovedInTheOrderGivenAndOnce) {
@@ -158,7 +235,10 @@ TEST_F(CliTest, ComponentsAreMovedInTheOrderGivenAndOnce) {
   };
   const std::string once = lp({available[2], available[0]});
   EXPECT_EQ(lp({available[2], available[0], available[2]}), once);
-  EXPECT_LT(once.find("x1_"), once.find("x2_"));
+  // Variables are numbered in the order of the moves.
+  EXPECT_NE(once.find(" " + lpVariableName(1, available[2]) + " "), std::string::npos) << once;
+  EXPECT_NE(once.find(" " + lpVariableName(2, available[0]) + " "), std::string::npos) << once;
+  EXPECT_EQ(once.find(lpVariableName(3, available[2])), std::string::npos) << once;
 }
 
 TEST_F(CliTest, SweepWritesBothReportFiles) {
@@ -174,6 +254,33 @@ TEST_F(CliTest, SweepWritesBothReportFiles) {
             0u);
   EXPECT_NE(report.find("REPORT\r\n\r\nScenario\tMaximum Residue Value\r\n"), std::string::npos);
   EXPECT_EQ(readFile("Report.rtf").substr(0, 5), "{\\rtf");
+}
+
+// A disk that takes no byte during a sweep: the reports of the sweep before stay as they were,
+// each file is named once, and the exit code says so.
+TEST_F(CliTest, AFullDiskKeepsTheLastReportsAndFailsTheSweep) {
+  ASSERT_EQ(cli({"sweep", "--substance", m_substance, "--all"}).status, 0);
+  const std::string txt = readFile("Report.txt"), rtf = readFile("Report.rtf");
+  ASSERT_GT(txt.size(), 1000u);
+  for (const char* command : {"sweep", "verify --scenarios"}) {
+    const std::string output =
+        run(std::string("trap '' XFSZ; ulimit -f 0; '") + PESCAVO_CLI + "' --input '" + input() +
+            "' --report-folder '" + m_root.string() + "' " + command + " --substance '" +
+            m_substance + "' --all 2>&1 >/dev/null; echo \"exit $?\"");
+    EXPECT_NE(output.find("exit 5"), std::string::npos) << command << ": " << output;
+    for (const std::string file : {"/Report.txt:", "/Report.rtf:"}) {
+      const size_t first = output.find(file);
+      EXPECT_NE(first, std::string::npos) << output;
+      EXPECT_EQ(output.find(file, first + 1), std::string::npos) << "named twice: " << output;
+    }
+    EXPECT_EQ(readFile("Report.txt"), txt) << command;
+    EXPECT_EQ(readFile("Report.rtf"), rtf) << command;
+  }
+  std::vector<std::string> left;
+  for (const auto& entry : fs::directory_iterator(m_root))
+    left.push_back(entry.path().filename().string());
+  std::sort(left.begin(), left.end());
+  EXPECT_EQ(left, (std::vector<std::string>{"Input", "Report.rtf", "Report.txt"}));
 }
 
 // Every sample substance, both criteria and species: the method and GLPK agree on all sixteen
@@ -204,16 +311,6 @@ TEST_F(CliTest, IndependentCheckAgreesOnTheSampleData) {
   ASSERT_EQ(single.status, 0);
   EXPECT_EQ(lines(single.out).at(1).rfind("Independent check: agrees", 0), 0u);
   EXPECT_EQ(cli({"verify", "--substance", m_substance}).status, 1);
-}
-
-std::string run(const std::string& command) {
-  std::string output;
-  if (FILE* pipe = popen(command.c_str(), "r")) {
-    char buffer[4096];
-    while (size_t n = fread(buffer, 1, sizeof buffer, pipe)) output.append(buffer, n);
-    pclose(pipe);
-  }
-  return output;
 }
 
 // The programme `lp` writes, solved by glpsol, has the optimum that `optimize` reports.

@@ -34,10 +34,11 @@ CheckResult checked(const OptimisationProblem& problem, Criterion criterion) {
   return checkOptimum(problem, criterion, testing::solve(problem, criterion));
 }
 
-CheckResult reported(const OptimisationProblem& problem, Criterion criterion, double burden,
-                     Shares shares, std::vector<std::string> names = {}, bool solvable = true,
+CheckResult reported(OptimisationProblem problem, Criterion criterion, double burden, Shares shares,
+                     std::vector<std::string> names = {}, bool solvable = true,
                      const char* failure = "") {
-  return checkOptimum(problem, criterion, {solvable, burden, std::move(shares), failure, 0}, names);
+  if (!names.empty()) problem.name = std::move(names);
+  return checkOptimum(problem, criterion, {solvable, burden, std::move(shares), failure, 0});
 }
 
 // Only the 50/50 feed is feasible; burden 3.
@@ -151,9 +152,9 @@ TEST(CrossCheck, EngineAgainstGlpkOnSeededProblems) {
   testing::RandomProblems problems(20240611);
   std::map<std::string, int> counts;
   for (int k = 0; k < kProblems; ++k) {
-    const auto [problem, criterion, names] = problems.next();
+    const auto [problem, criterion] = problems.next();
     const OptimisationResult result = testing::solve(problem, criterion);
-    const CheckResult check = checkOptimum(problem, criterion, result, names);
+    const CheckResult check = checkOptimum(problem, criterion, result);
     const std::string line = cliLine(check, criterion, '.');
     ++counts[check.verdict == CheckVerdict::Agrees
                  ? "agrees"
@@ -188,8 +189,11 @@ TEST(LpWriter, LegalNamesThatSayWhichComponentAndRoundTripNumbers) {
   EXPECT_EQ(lpVariableName(5, "  ~~  "), "x5");
   EXPECT_EQ(lpVariableName(103, std::string(300, 'a')), "x103_" + std::string(43, 'a'));  // cut
   // Without names the pseudo-components still say what they are.
-  const OptimisationProblem p = feed({{10, 20, 3.25, 40}, {10, 35, -0.1, 100}}, 10, 35, 4);
-  const std::string lp = writeLp(p, kMin, {"Wheat grain", "Soybean meal"}) + writeLp(p, kMax, {});
+  OptimisationProblem p = feed({{10, 20, 3.25, 40}, {10, 35, -0.1, 100}}, 10, 35, 4);
+  p.name.clear();
+  std::string lp = writeLp(p, kMax);
+  p.name = {"Wheat grain", "Soybean meal"};
+  lp = writeLp(p, kMin) + lp;
   for (const char* line : {"Minimize\n burden: 3.25 x1_Wheat_grain - 0.10000000000000001 "
                            "x2_Soybean_meal + 0 x3_F\nSubject To\n lipid: 10 x1_Wheat_grain",
                            "Bounds\n 0 <= x1_Wheat_grain <= 0.40000000000000002\n",
@@ -204,12 +208,12 @@ TEST(LpWriter, GlpsolReadsItBackAndFindsTheOptimumOfTheCheck) {
   testing::RandomProblems problems(11);
   int solved = 0;
   for (int k = 0; k < 6; ++k) {
-    const auto [problem, criterion, names] = problems.next(k < 3 ? 5 : 40);  // 40: wrapped lines
+    const auto [problem, criterion] = problems.next(k < 3 ? 5 : 40);  // 40: wrapped lines
     const GlpkSolution truth = solveWithGlpk(problem, criterion);
-    std::ofstream(lp, std::ios::binary) << writeLp(problem, criterion, names);
+    std::ofstream(lp, std::ios::binary) << writeLp(problem, criterion);
     ASSERT_EQ(std::system(("glpsol --lp " + lp + " -o " + out + " > /dev/null").c_str()), 0);
     const std::string s = (std::stringstream() << std::ifstream(out).rdbuf()).str();
-    EXPECT_NE(s.find(lpVariableName(problem.n, names.back())), std::string::npos) << s;
+    EXPECT_NE(s.find(lpVariableName(problem.n, problem.name.back())), std::string::npos) << s;
     EXPECT_EQ(s.find("Status:     OPTIMAL") != std::string::npos, truth.feasible) << s;
     if (!truth.feasible) continue;
     const std::size_t at = s.find("Objective:  burden = ");  // printed with 6 digits

@@ -21,9 +21,16 @@ inline OptimisationProblem feed(std::vector<std::array<double, 4>> v, double lip
                                 double proteinTarget, int pseudo = 0) {
   OptimisationProblem p;
   p.chosenCount = static_cast<int>(v.size());
-  if ((p.pc = pseudo & 1)) v.push_back({10, 65, 0, 100});
-  if ((p.cc = pseudo & 2)) v.push_back({0.1, 0.1, 0, 100});
-  if ((p.f = pseudo & 4)) v.push_back({100, 0, 0, 100});
+  p.kind.assign(v.size(), VariableKind::Component);
+  p.name.assign(v.size(), std::string());
+  const auto addPseudo = [&](VariableKind kind, std::array<double, 4> values) {
+    v.push_back(values);
+    p.kind.push_back(kind);
+    p.name.push_back(pseudoComponentName(kind));
+  };
+  if (pseudo & 1) addPseudo(VariableKind::PC, {10, 65, 0, 100});
+  if (pseudo & 2) addPseudo(VariableKind::CC, {0.1, 0.1, 0, 100});
+  if (pseudo & 4) addPseudo(VariableKind::F, {100, 0, 0, 100});
   for (const auto& c : v)
     p.lipid.push_back(c[0]), p.protein.push_back(c[1]), p.residue.push_back(c[2]),
         p.maxInclusion.push_back(c[3]);
@@ -39,10 +46,10 @@ inline OptimisationResult solve(const OptimisationProblem& problem, Criterion cr
   return result;
 }
 
+// The problem names its variables as Laden does: "Component j", then PC, CC, F.
 struct RandomProblem {
   OptimisationProblem problem;
   Criterion criterion = Criterion::Maximum;
-  std::vector<std::string> names;  // per variable
 };
 
 class RandomProblems {
@@ -53,14 +60,14 @@ class RandomProblems {
   RandomProblem next() { return next(chance(0.4) ? integer(1, 8) : integer(1, 103)); }
 
   RandomProblem next(int n) {
-    RandomProblem made{{}, chance(0.5) ? Criterion::Maximum : Criterion::Minimum, {}};
+    RandomProblem made{{}, chance(0.5) ? Criterion::Maximum : Criterion::Minimum};
     OptimisationProblem& p = made.problem;
     const bool trout = chance(0.5), mrbd = chance(0.5), allPseudo = chance(0.4);
     p.lipidTarget = trout ? 15 : 8, p.proteinTarget = trout ? 42 : 35;
-    p.pc = n > 1 && (allPseudo || chance(0.5));
-    p.cc = n > 1 + p.pc && (allPseudo || chance(0.5));
-    p.f = n > 1 + p.pc + p.cc && (allPseudo || chance(0.5));
-    p.n = n, p.chosenCount = n - p.pc - p.cc - p.f, p.unitOrder = 200;
+    const bool pc = n > 1 && (allPseudo || chance(0.5));
+    const bool cc = n > 1 + pc && (allPseudo || chance(0.5));
+    const bool f = n > 1 + pc + cc && (allPseudo || chance(0.5));
+    p.n = n, p.chosenCount = n - pc - cc - f, p.unitOrder = 200;
     for (int j = 1; j <= p.chosenCount; ++j) {
       const double kind = uniform(0, 1);
       const bool oil = kind < 0.08, meal = !oil && kind < 0.16;
@@ -71,17 +78,17 @@ class RandomProblems {
       if (chance(0.05)) protein = p.proteinTarget;
       const double residue = chance(0.25) ? 0.0 : std::round(uniform(0.01, 5) * 100) / 100;
       const double limit = mrbd ? 5.0 * integer(1, 20) : 100.0;  // drawn before dry matter
-      add(made, "Component " + std::to_string(j), lipid, protein, residue, limit,
-          rounded(uniform(85, 95)));
+      add(made, VariableKind::Component, "Component " + std::to_string(j), lipid, protein, residue,
+          limit, rounded(uniform(85, 95)));
       p.residueSum += residue;
     }
     if (p.residueSum == 0) p.residue[0] = p.residueSum = 0.5;  // the callers refuse such runs
     for (int j = 0; j < p.chosenCount; ++j) p.residue[j] = p.residue[j] / p.dryMatter[j] * 100;
     static const double grades[][2] = {{8, 70}, {10, 65}, {9.5, 64}, {12, 60}, {7, 72}};
-    const int grade = p.pc ? integer(0, 4) : 0;
-    if (p.pc) add(made, "PC", grades[grade][0], grades[grade][1], 0, 100, 0);
-    if (p.cc) add(made, "CC", 0.1, 0.1, 0, 100, 0);
-    if (p.f) add(made, "F", 100, 0, 0, 100, 0);
+    const int grade = pc ? integer(0, 4) : 0;
+    if (pc) add(made, VariableKind::PC, "PC", grades[grade][0], grades[grade][1], 0, 100, 0);
+    if (cc) add(made, VariableKind::CC, "CC", 0.1, 0.1, 0, 100, 0);
+    if (f) add(made, VariableKind::F, "F", 100, 0, 0, 100, 0);
     return made;
   }
 
@@ -92,12 +99,12 @@ class RandomProblems {
   int integer(int low, int high) { return low + static_cast<int>(m_engine() % (high - low + 1)); }
   bool chance(double probability) { return uniform(0, 1) < probability; }
   static double rounded(double value) { return std::round(value * 10) / 10; }
-  static void add(RandomProblem& made, std::string name, double lipid, double protein,
-                  double residue, double maxInclusion, double dryMatter) {
+  static void add(RandomProblem& made, VariableKind kind, std::string name, double lipid,
+                  double protein, double residue, double maxInclusion, double dryMatter) {
     OptimisationProblem& p = made.problem;
     p.lipid.push_back(lipid), p.protein.push_back(protein), p.residue.push_back(residue);
     p.maxInclusion.push_back(maxInclusion), p.dryMatter.push_back(dryMatter);
-    made.names.push_back(std::move(name));
+    p.kind.push_back(kind), p.name.push_back(std::move(name));
   }
   std::mt19937_64 m_engine;
 };

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "engine/MainWindowModel.h"
+#include "model/MainWindowModel.h"
 
 namespace pescavo {
 namespace {
@@ -31,7 +31,6 @@ class ModelTest : public ::testing::Test {
  protected:
   ModelTest() : model(dialogs, '.') {}
   void SetUp() override {
-    ComponentTable& table = model.table;
     table.addSubstance("Example A");
     table.addSubstance("Example B");
     for (const FeedComponent& c :
@@ -43,56 +42,54 @@ class ModelTest : public ::testing::Test {
     for (int s = 1; s <= 2; ++s)
       for (int i = 1; i <= 5; ++i) table.setResidue(s, i, residues[s - 1][i - 1]);
     table.setBasis(1, 4, 1);
-    model.species = {{"Common carp", 8, 35}, {"Rainbow trout", 15, 42}};
-    model.fishmeal = {{60, 12}, {62, 11}, {65, 10}, {68, 9}, {70, 8}};
-    model.schadstoff = 0;
-    model.Futterliste_aktualisieren();
+    load();
   }
+  // The model after start-up with the tables as they are now.
+  void load() { model.load(table, species, {{60, 12}, {62, 11}, {65, 10}, {68, 9}, {70, 8}}); }
   void choose(std::initializer_list<int> positions) {
-    model.selected1.assign(model.fischfutter1.size(), false);
-    for (int p : positions) model.setSelected1(p, true);
+    model.clearSelection();
+    for (int p : positions) model.setSelected(p, true);
     model.Rein();
   }
   std::string chosen() const {
     std::string texts;
-    for (const ListEntry& entry : model.fischfutter2) texts += entry.text + ";";
+    for (const ListEntry& entry : model.chosen()) texts += entry.text + ";";
     return texts;
   }
-  void pseudos(bool pc, bool cc, bool f) {
-    model.setCheck1(pc);
-    model.setCheck4(cc);
-    model.setCheck5(f);
-  }
+  void pseudos(bool pc, bool cc, bool f) { model.setPseudoComponents({pc, cc, f}); }
 
+  ComponentTable table;
+  std::vector<FishSpecies> species = {{"Common carp", 8, 35}, {"Rainbow trout", 15, 42}};
   ScriptedDialogs dialogs;
   MainWindowModel model;
 };
 
 TEST_F(ModelTest, AvailableListFollowsTheSubstance) {
-  EXPECT_EQ(model.fischfutter1.size(), 4u);
-  EXPECT_EQ(model.fischfutter1[2].text, "Soybean (feed)");
-  EXPECT_EQ(model.fischfutter1[2].artSchadstoffwert, "1");
+  EXPECT_EQ(model.available().size(), 4u);
+  EXPECT_EQ(model.available()[2].text, "Soybean (feed)");
+  EXPECT_EQ(model.available()[2].artSchadstoffwert, "1");
+  EXPECT_TRUE(model.deleteSubstanceEnabled());
   choose({0});
   model.selectSubstance(1);
-  ASSERT_EQ(model.fischfutter1.size(), 2u);
-  EXPECT_EQ(model.fischfutter1[1].text, "Rape (feed)");
-  EXPECT_TRUE(model.fischfutter2.empty());
-  EXPECT_TRUE(model.rausEnabled);  // left as it was
+  ASSERT_EQ(model.available().size(), 2u);
+  EXPECT_EQ(model.available()[1].text, "Rape (feed)");
+  EXPECT_TRUE(model.chosen().empty());
+  EXPECT_TRUE(model.removeEnabled());  // left as it was
 }
 
 TEST_F(ModelTest, GridAndTooltipTexts) {
-  const auto rows = lade_Schadstoffwerte(model.table, 1);
+  const auto& rows = model.residueGrid();
   ASSERT_EQ(rows.size(), 6u);
   EXPECT_EQ(rows[0], (std::array<std::string, 6>{"Category", "Crop", "Commodity", "IFN Code",
                                                  "residue input value", "residue value (mg/kg)"}));
   EXPECT_EQ(rows[4], (std::array<std::string, 6>{"By-Products", "Soybean", "feed", "IFN-Soybean",
                                                  "STMR-P", ""}));
-  EXPECT_EQ(lade_Schadstoffwerte(model.table, 2)[4][4], "STMR");
+  EXPECT_EQ(lade_Schadstoffwerte(model.table(), 2)[4][4], "STMR");
   EXPECT_EQ(model.tooltipText(0),
             "Protein content: 13 %, Lipid content: 2 %  Testicide content: 1.2 mg/kg. "
             "Max. content in food: 40 %");
-  model.setFischarten(1);
-  model.decimalSeparator = ',';
+  model.setSpecies(1);
+  model.setDecimalSeparator(',');
   EXPECT_EQ(model.tooltipText(0),
             "Protein content: 13 %, Lipid content: 2 %  Testicide content: 1,2 mg/kg. "
             "Max. content in food: 30 %");
@@ -100,132 +97,155 @@ TEST_F(ModelTest, GridAndTooltipTexts) {
 }
 
 TEST_F(ModelTest, MovingInAndOut) {
-  EXPECT_FALSE(model.rausEnabled || model.alleRausEnabled);
+  EXPECT_FALSE(model.removeEnabled() || model.removeAllEnabled());
   choose({1});
-  EXPECT_TRUE(model.rausEnabled && model.alleRausEnabled);
+  EXPECT_TRUE(model.removeEnabled() && model.removeAllEnabled());
   choose({3, 0, 1});  // Maize is there already: two more, in list order
   EXPECT_EQ(chosen(), "Maize (feed);Wheat (feed);Rape (feed);");
   model.alle_rein();
-  model.fischfutter2.push_back({"Ghost (feed)", "feed", "Fat", "0"});
-  EXPECT_EQ(model.fischfutter2.size(), 5u);
+  EXPECT_EQ(chosen(), "Maize (feed);Wheat (feed);Rape (feed);Soybean (feed);");
 
-  // Removing keeps the current position in range: 2 of 5 stays 2, the last goes one up.
-  model.setCurrent2(2);
+  // Removing keeps the current position in range: 1 of 4 stays 1, the last goes one up.
+  model.setCurrentChosen(1);
   model.raus();
-  EXPECT_EQ(chosen(), "Maize (feed);Wheat (feed);Soybean (feed);Ghost (feed);");
-  EXPECT_EQ(model.current2, 2);
-  model.setCurrent2(3);
+  EXPECT_EQ(chosen(), "Maize (feed);Rape (feed);Soybean (feed);");
+  EXPECT_EQ(model.currentChosen(), 1);
+  model.setCurrentChosen(2);
   model.raus();
-  EXPECT_EQ(model.current2, 2);
-  model.setCurrent2(-1);
+  EXPECT_EQ(model.currentChosen(), 1);
+  model.setCurrentChosen(-1);
   model.raus();
-  EXPECT_EQ(model.fischfutter2.size(), 3u);
+  EXPECT_EQ(model.chosen().size(), 2u);
 
-  model.reinEnabled = false;
-  for (int left = 3; left > 0; --left) model.setCurrent2(0), model.raus();
-  EXPECT_TRUE(model.fischfutter2.empty());
-  EXPECT_TRUE(model.reinEnabled);
-  EXPECT_FALSE(model.rausEnabled || model.alleRausEnabled);
+  for (int left = 2; left > 0; --left) model.setCurrentChosen(0), model.raus();
+  EXPECT_TRUE(model.chosen().empty());
+  EXPECT_EQ(model.currentChosen(), -1);
+  EXPECT_TRUE(model.addEnabled());
+  EXPECT_FALSE(model.removeEnabled() || model.removeAllEnabled());
 
   choose({0, 1});
   model.alle_raus();
-  EXPECT_TRUE(model.fischfutter2.empty());
-  EXPECT_FALSE(model.rausEnabled || model.alleRausEnabled);
+  EXPECT_TRUE(model.chosen().empty());
+  EXPECT_FALSE(model.removeEnabled() || model.removeAllEnabled());
 }
 
+// A feed that meets the carp targets, so that a run shows its result before each change.
 TEST_F(ModelTest, EveryChangeWithdrawsTheResult) {
-  const std::vector<std::function<void()>> changes = {[&] { model.setOption1(true); },
-                                                      [&] { model.setOption3(false); },
-                                                      [&] { model.setCheck1(false); },
-                                                      [&] { model.setCheck2(false); },
-                                                      [&] { model.setCheck4(false); },
-                                                      [&] { model.setCheck5(false); },
-                                                      [&] { model.setFischmehl(1); },
-                                                      [&] { model.setFischarten(1); },
-                                                      [&] { model.setMinMax(1); },
-                                                      [&] { model.selectSubstance(0); },
-                                                      [&] { choose({0}); },
-                                                      [&] { model.alle_rein(); },
-                                                      [&] { model.raus(); },
-                                                      [&] { model.alle_raus(); }};
+  table.addComponent(component("Target", 35, 8, 0, 100, 100));
+  table.setResidue(1, 6, 0.5);
+  const std::vector<std::function<void()>> changes = {
+      [&] { model.setCriterionOption(Criterion::Minimum); },
+      [&] { model.setSpeciesOption(Species::RainbowTrout); },
+      [&] { pseudos(true, false, false); },
+      [&] { model.setMrbdLimits(false); },
+      [&] { model.setFishmealGrade(1); },
+      [&] { model.setSpecies(1); },
+      [&] { model.setCriterion(Criterion::Minimum); },
+      [&] { model.selectSubstance(0); },
+      [&] { choose({0}); },
+      [&] { model.alle_rein(); },
+      [&] { model.raus(); },
+      [&] { model.alle_raus(); }};
   for (size_t i = 0; i < changes.size(); ++i) {
-    model.ergebnisVisible = model.reportButtonVisible = true;
-    model.setCurrent2(0);
+    load();
+    pseudos(false, false, false);
+    model.setCriterionOption(Criterion::Maximum);
+    model.setSpeciesOption(Species::CommonCarp);
+    model.setMrbdLimits(true);
+    choose({4});
+    model.Optimierung_Click();
+    ASSERT_TRUE(model.resultVisible() && model.reportButtonVisible()) << dialogs.messages.back();
+    model.setCurrentChosen(0);
     changes[i]();
-    EXPECT_FALSE(model.ergebnisVisible || model.reportButtonVisible) << "change " << i;
+    EXPECT_FALSE(model.resultVisible() || model.reportButtonVisible()) << "change " << i;
   }
 }
 
 TEST_F(ModelTest, LadenBuildsTheProgrammeFromTheLists) {
   choose({3, 0, 2});  // Wheat, Soybean, Rape
-  model.fischfutter2[1].commodity = "stale";
-  model.fischfutter2.push_back({"Ghost (feed)", "feed", "Fat", "0"});  // matches nothing
-  model.setFischmehl(4);
+  model.setFishmealGrade(4);
   model.Laden();
-  const OptimisationProblem& p = model.problem;
-  ASSERT_EQ(p.n, 7);
-  EXPECT_EQ(p.chosenCount, 4);
-  EXPECT_EQ(model.fischfutter2[1].commodity, "feed");
+  const OptimisationProblem& p = model.problem();
+  ASSERT_EQ(p.n, 6);
+  EXPECT_EQ(p.chosenCount, 3);
   EXPECT_EQ(p.residue[0], 1.2 / 88 * 100);    // divide first, then multiply
   EXPECT_EQ(p.residueSum, 1.2 + 0.8 + 0.02);  // as read, in list order
   EXPECT_EQ(p.maxInclusion[1], 35);
-  EXPECT_EQ(p.maxInclusion[3], 0);
   EXPECT_EQ(p.ifnCode[2], "IFN-Rape");
   const double pseudo[3][2] = {{8, 70}, {0.1, 0.1}, {100, 0}};  // PC of grade 4, CC, F
+  const VariableKind kinds[3] = {VariableKind::PC, VariableKind::CC, VariableKind::F};
   for (int k = 0; k < 3; ++k) {
-    EXPECT_EQ(p.lipid[4 + k], pseudo[k][0]);
-    EXPECT_EQ(p.protein[4 + k], pseudo[k][1]);
-    EXPECT_EQ(p.residue[4 + k], 0);
-    EXPECT_EQ(p.maxInclusion[4 + k], 100);
+    EXPECT_EQ(p.lipid[3 + k], pseudo[k][0]);
+    EXPECT_EQ(p.protein[3 + k], pseudo[k][1]);
+    EXPECT_EQ(p.residue[3 + k], 0);
+    EXPECT_EQ(p.maxInclusion[3 + k], 100);
+    EXPECT_EQ(p.kind[3 + k], kinds[k]);
   }
+  EXPECT_EQ(p.name, (std::vector<std::string>{"Wheat (feed)", "Soybean (feed)", "Rape (feed)", "PC",
+                                              "CC", "F"}));
+  EXPECT_EQ(p.kind[0], VariableKind::Component);
   EXPECT_EQ(p.proteinTarget, 35);
   EXPECT_EQ(p.unitOrder, 7);
 
-  model.setCheck2(false);
-  model.setCheck4(false);
-  model.setFischarten(1);
+  model.setMrbdLimits(false);
+  pseudos(true, false, true);
+  model.setSpecies(1);
   model.Laden();
-  ASSERT_EQ(model.problem.n, 6);
-  EXPECT_EQ(model.problem.lipid[5], 100);  // F follows PC directly
-  for (double limit : model.problem.maxInclusion) EXPECT_EQ(limit, 100);
-  EXPECT_EQ(model.problem.proteinTarget, 42);
+  ASSERT_EQ(p.n, 5);
+  EXPECT_EQ(p.lipid[4], 100);  // F follows PC directly
+  EXPECT_EQ(p.name[4], "F");
+  EXPECT_EQ(p.kind[4], VariableKind::F);
+  for (double limit : p.maxInclusion) EXPECT_EQ(limit, 100);
+  EXPECT_EQ(p.proteinTarget, 42);
 }
 
-// Many available entries, texts alike at both ends and some repeated: each chosen entry takes
+// Components whose texts repeat, at other positions for each substance: each chosen entry takes
 // the values of the last available entry with its text, as a scan from the end finds it, also
-// when the lists change between runs (the lookup is kept from run to run).
+// when the lists change between runs (the lookup and each entry's last match are kept).
 TEST_F(ModelTest, LadenTakesTheLastAvailableEntryOfEachText) {
-  const auto text = [](int k) { return "Crop " + std::to_string(k % 211) + " (by-product)"; };
-  model.fischfutter1.clear(), model.workingSet.clear(), model.fischfutter2.clear();
+  ComponentTable many;
+  many.addSubstance("First");
+  many.addSubstance("Second");
+  const auto text = [](int k) { return std::to_string(k % 211); };
   for (int q = 0; q < 600; ++q) {
-    model.fischfutter1.push_back({text(q), "feed", "Forages", "0"});
-    model.workingSet.push_back({double(q), 1, 1, 100, 100, 90, ""});
+    many.addComponent({"Forages", text(q), "by-product", "", 1, double(q) / 10, 90, 100, 100});
+    many.setResidue(1, q + 1, 1);
+    many.setResidue(2, q + 1, q % 7 == 3 ? 0 : 1);  // the second lists fewer
   }
-  for (int k : {0, 5, 210, 211, 399, 577}) model.fischfutter2.push_back({text(k), "", "", "0"});
-  model.fischfutter2.push_back({"Crop 9999 (by-product)", "", "", "0"});
-  model.check1 = model.check4 = model.check5 = false;
+  model.load(many, species, {{60, 12}, {62, 11}, {65, 10}});
+  pseudos(false, false, false);
   const auto expectLastEntries = [&](const std::string& run) {
     model.Laden();
-    const int chosen = static_cast<int>(model.fischfutter2.size());
-    ASSERT_EQ(model.problem.n, chosen) << run;
+    const int chosen = static_cast<int>(model.chosen().size());
+    ASSERT_EQ(model.problem().n, chosen) << run;
     for (int p = 0; p < chosen; ++p) {
-      double expected = -1;  // no match keeps zeros
-      for (int q = static_cast<int>(model.fischfutter1.size()) - 1; q >= 0 && expected < 0; --q)
-        if (model.fischfutter1[q].text == model.fischfutter2[p].text) expected = q;
-      EXPECT_EQ(model.problem.lipid[p], expected < 0 ? 0 : expected)
-          << run << ": " << model.fischfutter2[p].text;
-      EXPECT_EQ(model.problem.maxInclusion[p], expected < 0 ? 0 : 100) << run;
+      double expected = -1;
+      const auto& available = model.available();
+      for (int q = static_cast<int>(available.size()) - 1; q >= 0 && expected < 0; --q)
+        if (available[q].text == model.chosen()[p].text) expected = model.workingSet()[q].lipid;
+      EXPECT_EQ(model.problem().lipid[p], expected) << run << ": " << model.chosen()[p].text;
     }
   };
+  const auto chooseTexts = [&](std::initializer_list<int> ks) {
+    model.clearSelection();
+    for (int k : ks)
+      for (size_t q = 0; q < model.available().size(); ++q)
+        if (model.available()[q].text == text(k) + " (by-product)") {
+          model.setSelected(static_cast<int>(q), true);
+          break;
+        }
+    model.Rein();
+  };
+  chooseTexts({0, 5, 210, 211, 399, 577});
   expectLastEntries("first run");
   expectLastEntries("same lists again");
-  model.fischfutter1[590].text = text(5);  // a later entry now shows a chosen text
-  expectLastEntries("later duplicate");
-  model.fischfutter1[577].text[5] = 'X';  // the match of "Crop 155 (...)", edited in place
-  expectLastEntries("edited entry");
-  model.fischfutter1.resize(500), model.workingSet.resize(500);
-  model.fischfutter2[0].text = model.fischfutter1[499].text;
-  expectLastEntries("shorter list");
+  model.selectSubstance(1);  // other positions, and some entries no longer there
+  chooseTexts({577, 5, 3, 210});
+  expectLastEntries("other substance");
+  model.raus();
+  model.setCurrentChosen(0);
+  model.raus();
+  expectLastEntries("shorter chosen list");
 }
 
 // A component that meets the carp targets alone; DM 0 keeps its residue unconverted, so the
@@ -234,12 +254,16 @@ class SingleRunTest : public ModelTest {
  protected:
   void SetUp() override {
     ModelTest::SetUp();
-    model.table.addComponent(component("Target", 35, 8, 0, 100, 100));
+    table.addComponent(component("Target", 35, 8, 0, 100, 100));
+    load();
     pseudos(false, false, false);
   }
   void runWithResidue(double residue) {
-    model.table.setResidue(1, 6, residue);
-    model.Futterliste_aktualisieren();
+    table.setResidue(1, 6, residue);
+    const Criterion criterion = model.criterionOption();
+    load();
+    pseudos(false, false, false);
+    model.setCriterionOption(criterion);
     choose({4});
     model.Optimierung_Click();
   }
@@ -262,93 +286,108 @@ TEST_F(SingleRunTest, StatementRoundingAndColour) {
        false},
   };
   for (const auto& c : cases) {
-    model.setOption1(c.minimum);
-    model.decimalSeparator = c.separator;
+    model.setCriterionOption(c.minimum ? Criterion::Minimum : Criterion::Maximum);
+    model.setDecimalSeparator(c.separator);
     runWithResidue(c.residue);
-    ASSERT_TRUE(model.ergebnisVisible && model.reportButtonVisible) << c.residue;
-    EXPECT_EQ(model.ergebnisText, c.statement);
-    EXPECT_EQ(model.ergebnisRed, c.red) << c.residue;
+    ASSERT_TRUE(model.resultVisible() && model.reportButtonVisible()) << c.residue;
+    EXPECT_EQ(model.resultText(), c.statement);
+    EXPECT_EQ(model.resultRed(), c.red) << c.residue;
   }
 }
 
 TEST_F(SingleRunTest, RefusalsShowTheirMessageAndHideTheResult) {
   bool redWhileShown = false;
-  dialogs.onMessage = [&] { redWhileShown = model.label1Red; };
-  model.setCheck1(true);  // pseudo-components alone are no components
-  model.ergebnisVisible = true;
+  dialogs.onMessage = [&] { redWhileShown = model.chosenCaptionRed(); };
+  runWithResidue(0.2);
+  ASSERT_TRUE(model.resultVisible());
+  model.alle_raus();
+  pseudos(true, false, false);  // pseudo-components alone are no components
   model.Optimierung_Click();
   EXPECT_TRUE(redWhileShown);
-  EXPECT_FALSE(model.label1Red || model.ergebnisVisible);
+  EXPECT_FALSE(model.chosenCaptionRed() || model.resultVisible());
 
-  model.fischfutter2.push_back({"Ghost (feed)", "feed", "Fat", "0"});
-  model.Optimierung_Click();
-  model.alle_raus();
-  model.setCheck1(false);
+  const auto runAndExpect = [&](const std::string& message) {
+    dialogs.messages.clear();
+    model.Optimierung_Click();
+    EXPECT_EQ(dialogs.messages, std::vector<std::string>{message});
+    EXPECT_FALSE(model.resultVisible() || model.reportButtonVisible()) << message;
+  };
+  load();
+  pseudos(false, false, false);
   choose({0});  // wheat alone cannot reach 35 % protein
-  model.ergebnisVisible = true;
-  model.Optimierung_Click();
-  EXPECT_EQ(dialogs.messages,
-            (std::vector<std::string>{
-                "Please add components.",
-                "The residue values of substances are possiblibly all zero. Check the "
-                "pollutants value and try again.",
-                "The problem is not solvable. Add more or try different components."}));
-  EXPECT_FALSE(model.ergebnisVisible || model.reportButtonVisible);
+  runAndExpect("The problem is not solvable. Add more or try different components.");
+
+  // A residue that the dry-matter conversion takes beyond any figure a report can show.
+  table.setResidue(1, 6, 1e6);
+  table.component(6).dm = 1e-300;
+  load();
+  pseudos(false, false, false);
+  choose({4});
+  runAndExpect(
+      "The residue value of Target (feed) is too large to compute with on the dry-matter basis "
+      "(dry matter 1E-300 %). Check its residue value and its dry matter.");
 }
 
 TEST_F(SingleRunTest, RunSetsTheHiddenChoosersFromTheOptions) {
   runWithResidue(0.2);
-  model.setOption3(false);
-  model.setFischmehl(0);
-  model.setCheck1(true);
+  model.setSpeciesOption(Species::RainbowTrout);
+  model.setFishmealGrade(0);
+  pseudos(true, false, false);
   model.Optimierung_Click();
-  EXPECT_EQ(model.fischarten, 1);
-  EXPECT_EQ(model.problem.protein[1], 65);  // PC is always the third grade
-  EXPECT_EQ(model.problem.lipidTarget, 15);
+  EXPECT_EQ(model.species(), 1);
+  EXPECT_EQ(model.fishmealGrade(), 2);
+  EXPECT_EQ(model.problem().protein[1], 65);  // PC is always the third grade
+  EXPECT_EQ(model.problem().lipidTarget, 15);
 
-  model.setOption3(true);
-  model.allScenariosMode = true;  // repeated from the report window: no statement
+  model.setSpeciesOption(Species::CommonCarp);
+  model.setAllScenariosMode(true);  // repeated from the report window: no statement
   model.EinfacheOptimierung();
-  EXPECT_TRUE(model.result.solvable);
-  EXPECT_FALSE(model.ergebnisVisible);
+  EXPECT_TRUE(model.result().solvable);
+  EXPECT_FALSE(model.resultVisible());
 
-  model.simpleMode = true;  // every available component takes part
-  model.alle_raus();
-  model.Optimierung_Click();
-  EXPECT_EQ(model.fischfutter2.size(), model.fischfutter1.size());
+  model.load(table, species, {{60, 12}, {62, 11}, {65, 10}}, true);  // simple layout
+  EXPECT_TRUE(model.pseudoComponents().pc);
+  model.Optimierung_Click();  // every available component takes part
+  EXPECT_EQ(model.chosen().size(), model.available().size());
 }
 
 // Only 100 % of the second component meets both targets; the method reports the first
 // one's residue, and the check says so beside the statement.
 TEST_F(ModelTest, EveryRunIsCheckedIndependently) {
-  model.table.addComponent(component("First", 20, 10, 100, 100, 100));
-  model.table.addComponent(component("Second", 35, 10, 100, 100, 100));
-  model.table.setResidue(2, 6, 3);
-  model.table.setResidue(2, 7, 5);
-  model.species[0] = {"Common carp", 10, 35};
+  table.addComponent(component("First", 20, 10, 100, 100, 100));
+  table.addComponent(component("Second", 35, 10, 100, 100, 100));
+  table.setResidue(2, 6, 3);
+  table.setResidue(2, 7, 5);
+  species[0] = {"Common carp", 10, 35};
+  load();
   model.selectSubstance(1);
   choose({2, 3});
   pseudos(false, false, false);
-  model.setCheck2(false);
-  model.setOption1(true);
+  model.setMrbdLimits(false);
+  model.setCriterionOption(Criterion::Minimum);
   model.Optimierung_Click();
-  EXPECT_EQ(model.ergebnisText,
+  EXPECT_EQ(model.resultText(),
             "Minimum content dietary burden based on Example B is 3.000 mg/kg.");
-  EXPECT_EQ(model.check.verdict, CheckVerdict::Differs);
-  EXPECT_EQ(model.checkSentence.rfind("Independent check: the true minimum is 5.000 mg/kg; the "
-                                      "optimisation reported 3.000 mg/kg",
-                                      0),
+  EXPECT_EQ(model.check().verdict, CheckVerdict::Differs);
+  EXPECT_EQ(model.checkSentence().rfind("Independent check: the true minimum is 5.000 mg/kg; the "
+                                        "optimisation reported 3.000 mg/kg",
+                                        0),
             0u)
-      << model.checkSentence;
-  model.setOption1(false);
+      << model.checkSentence();
+  model.setCriterionOption(Criterion::Maximum);
   model.Optimierung_Click();
-  EXPECT_EQ(model.checkSentence, "Independent check: agrees.");
+  EXPECT_EQ(model.checkSentence(), "Independent check: agrees.");
 }
 
-TEST(MinimumTest, ReturnsTheSmallerOrTheFirst) {
+// Equal arguments are told apart by address: a tie must give the first, as the list
+// position after a removal depends on it.
+TEST(MinimumTest, ReturnsTheSmallerOrTheFirstOfATie) {
   EXPECT_EQ(MainWindowModel::Minimum(3, 5), 3);
   EXPECT_EQ(MainWindowModel::Minimum(5, 3), 3);
   EXPECT_EQ(MainWindowModel::Minimum(-1, 0), -1);
+  const int first = 4, second = 4;
+  EXPECT_EQ(&MainWindowModel::Minimum(first, second), &first);
+  EXPECT_EQ(&MainWindowModel::Minimum(second, first), &second);
 }
 
 }  // namespace

@@ -10,91 +10,47 @@
 #include <tuple>
 #include <vector>
 
-#include "engine/MainWindowModel.h"
-#include "reports/Credits.h"
+#include "reports/ExpectedSection.h"
 #include "reports/ReportText.h"
+#include "reports/ReportValues.h"
 #include "reports/ResultTables.h"
 #include "reports/RtfWriter.h"
-#include "reports/ScenarioSweep.h"
-#include "reports/TextFiles.h"
 #include "tables/TextFile.h"
 
 namespace pescavo::test {
 namespace {
 
-struct RecordingDialogs : Dialogs {
-  void information(const std::string& text) override { messages.push_back(text); }
-  bool askYesNo(const std::string&) override { return true; }
-  std::vector<std::string> messages;
-};
-
-const std::string kHeader = std::string(70, '-') + "\r\n\r\nPescavo concerning Substance A\r\n" +
-                            kCreditLine + "\r\n(Version: 08-Mar-2018)\r\n\r\n" +
-                            std::string(70, '-') + "\r\n\r\n";
-
-// Name, max, DM ("-" for DM 0), residue, basis, dry-matter residue, share, load; '.' spelling.
-using Row = std::array<std::string, 8>;
-using Three = std::array<std::string, 3>;
-
-// A carp report section (fat 10, protein 40, fish meal 65 % protein); mask: PC 1, CC 2, F 4.
-std::string expectedSection(const std::vector<Row>& rows, int mask, const Three& shares,
-                            const std::string& criterion, const std::string& burden, char sep) {
-  const auto d = [sep](std::string n) { return std::replace(n.begin(), n.end(), '.', sep), n; };
-  const std::string fm = "Fish meal (" + d("65.00") + "% protein, " + d("10.00") + "% lipid)";
-  // Every list spells the pseudo-components its own way.
-  const std::string names[4][3] = {
-      {fm + " ", "CC (0.1% protein,0.1 % lipid) ", "F (100 % lipid) "},
-      {fm + "\t", "CC (0.1% protein, 0.1% lipid )\t", "F (100% lipid )\t"},
-      {fm + "\t", "CC (0.1% protein, 0.1% lipid)\t", "F(100% lipid)\t"},
-      {fm + "\t", "CC (0.1 % protein, 0.1% lipid)\t", "F (100% lipid)\t"}};
-  const std::string tails[4] = {d("100.00") + "%", d("0.000") + " mg/kg.", "", d("0.00") + "%"};
-  const auto list = [&](const std::string& title, int col, int pseudoList = -1,
-                        const std::string& mg = "") {
-    std::string s = title + "\r\n";
-    for (const Row& r : rows)
-      s += " " + r[0] + "\t" +
-           (r[col] == "-" ? "-" : d(r[col]) + (mg.empty() ? "%" : " mg/kg (" + r[4] + mg)) + "\r\n";
-    for (int k = 0; pseudoList >= 0 && k < 3; ++k)
-      if (mask >> k & 1)
-        s += " " + names[pseudoList][k] +
-             (pseudoList == 2 ? d(shares[k]) + "%" : tails[pseudoList]) + "\r\n";
-    return s;
-  };
-  return "INPUT\r\n=====\r\n\r\nTarget content for Common carp:\r\n Crude fat\t" + d("10.00") +
-         "%\r\n Crude protein\t" + d("40.00") + "%\r\n\r\n" +
-         list("Maximum principal content of components in the diet:", 1, 0) +
-         list("\r\nPercent dry matter of components:", 2) +
-         list("\r\nSubstance A residues in the components:", 3, -1, ")") +
-         list("\r\n\r\nSubstance A residues in the components (dry matter):", 5, 1,
-              " \\dry matter)") +
-         "\r\n\r\nRESULTS\r\n=======\r\n\r\n" + criterion +
-         " content dietary burden based on Substance A is " + d(burden) +
-         " mg/kg (dry matter).\r\n\r\n" + list("The respective composition of the feed is:", 6, 2) +
-         "\r\n\r\n" +
-         list("The dietary load of Substance A caused by the individual components is:", 7, 3);
-}
-
 // Carp, wheat (DM 88, STMR), rapeseed meal (DM 0, STMR-P), pseudo shares fixed; S = 85.
-void setUpFeed(MainWindowModel& m, int mask) {
-  m.table.addSubstance("Substance A");
-  m.species = {{"Common carp", 10, 40}};
-  m.fishmeal = {{60, 8}, {62, 9}, {65, 10}};
-  m.schadstoff = 0;
-  std::tie(m.check1, m.check4, m.check5) = std::tuple(mask & 1, mask & 2, mask & 4);
-  m.fischfutter2 = {{"Wheat (grain)", "Wheat (grain)", "Cereal Grains/ Crop Seeds", "0"},
-                    {"Rapeseed (meal)", "Rapeseed (meal)", "By-Products", "1"}};
-  // An older entry with the same text comes first: the later one holds the stored figures.
-  m.fischfutter1 = {m.fischfutter2[0], m.fischfutter2[0], m.fischfutter2[1]};
-  m.workingSet = {
-      {0, 99, 9, 0, 0, 0, ""}, {2.1, 12.5, 1.1, 0, 0, 88, ""}, {3.5, 38, 0.5, 0, 0, 0, ""}};
-  m.problem.maxInclusion = {40, 25, 100, 100, 100};
-  m.problem.dryMatter = {88, 0};
-  m.problem.residue = {1.25, 0.5};
-  m.result.composition = {60, 20};
-  for (int k = 0; k < 3; ++k)
-    if (mask >> k & 1) m.result.composition.push_back(std::array{12.5, 5.25, 2.25}[k]);
-  m.problem.n = static_cast<int>(m.result.composition.size());
-  m.result.burden = 0.85;
+ReportValues feedValues(int mask, bool minimum) {
+  ReportValues v;
+  v.substance = "Substance A";
+  v.speciesName = "Common carp";
+  v.lipidTarget = 10;
+  v.proteinTarget = 40;
+  v.maximum = !minimum;
+  v.criterionText = minimum ? "Minimum content" : "Maximum content";
+  v.burden = 0.85;
+  v.fishmealProtein = 65;
+  v.fishmealLipid = 10;
+  ReportComponent wheat, rape;
+  wheat.maxInclusion = 40, wheat.dryMatter = 88, wheat.residue = 1.25, wheat.share = 60;
+  wheat.name = "Wheat (grain)", wheat.category = "Cereal Grains/ Crop Seeds";
+  wheat.basisLabel = "STMR", wheat.protein = 12.5, wheat.lipid = 2.1, wheat.storedResidue = 1.1;
+  rape.maxInclusion = 25, rape.dryMatter = 0, rape.residue = 0.5, rape.share = 20;
+  rape.name = "Rapeseed (meal)", rape.category = "By-Products";
+  rape.basisLabel = "STMR-P", rape.protein = 38, rape.lipid = 3.5, rape.storedResidue = 0.5;
+  v.components = {wheat, rape};
+  const VariableKind kinds[3] = {VariableKind::PC, VariableKind::CC, VariableKind::F};
+  const double shares[3] = {12.5, 5.25, 2.25};
+  for (int k = 0; k < 3; ++k) {
+    if (!(mask >> k & 1)) continue;
+    ReportPseudo pseudo;
+    pseudo.kind = kinds[k];
+    pseudo.maxInclusion = 100;
+    pseudo.share = shares[k];
+    v.pseudos.push_back(pseudo);
+  }
+  return v;
 }
 
 const std::vector<Row> kFeedRows = {
@@ -107,25 +63,23 @@ std::string labelsOf(const std::vector<PieSlice>& slices) {
   return labels;
 }
 
-TEST(ReportText, SingleModeTextTableAndChartsForEveryPseudoCombinationAndBothSeparators) {
-  RecordingDialogs dialogs;
+TEST(ReportText, SectionTableAndChartsForEveryPseudoCombinationAndBothSeparators) {
   for (int mask = 0; mask < 8; ++mask) {
     for (const char sep : {'.', ','}) {
       SCOPED_TRACE("pseudo mask " + std::to_string(mask) + " separator " + sep);
-      MainWindowModel m(dialogs, sep);
-      setUpFeed(m, mask);
-      m.minMax = sep == ',';
-      Berichtschreiben(m);
-      EXPECT_EQ(m.report.bericht,
-                kHeader + "\r\n" +
-                    expectedSection(kFeedRows, mask, {"12.50", "5.25", "2.25"},
-                                    sep == ',' ? "Minimum" : "Maximum", "0.850", sep));
-      EXPECT_FALSE(m.report.mainWindowEnabled);
-      EXPECT_EQ(m.report.ergebnisGrid.size(), 1 + m.result.composition.size());
+      const ReportValues values = feedValues(mask, sep == ',');
+      std::string text = titleBlock(values.substance);
+      const double sum = appendReportSection(values, sep, text);
+      EXPECT_DOUBLE_EQ(sum, 85);
+      EXPECT_EQ(text, kHeader + "\r\n" +
+                          expectedSection(kFeedRows, mask, {"12.50", "5.25", "2.25"},
+                                          sep == ',' ? "Minimum" : "Maximum", "0.850", sep));
+      const std::vector<CompositionRow> grid = compositionTable(values, sum, sep);
+      EXPECT_EQ(grid.size(), 3 + values.pseudos.size());
       if (mask != 7 || sep != ',') continue;
 
       std::string table;
-      for (const CompositionRow& row : m.report.ergebnisGrid)
+      for (const CompositionRow& row : grid)
         for (const std::string& cell : row) table += cell + "|";
       EXPECT_EQ(
           table.substr(table.find("Cereal")),
@@ -133,22 +87,21 @@ TEST(ReportText, SingleModeTextTableAndChartsForEveryPseudoCombinationAndBothSep
           "By-Products|Rapeseed (meal)|38 |3,5 |25,00 |STMR-P |0,5 |20,00 |11,76 |"
           "Fish meal ||65,00|10,00|100,00|-|0|12,50|0,00|CC ||0,10|0,10|100,00|-|0|5,25|0,00|"
           "F||0,00|100,00|100,00|-|0|2,25|0,00|");
-      PieChart chart = Diagrammzeichnen(m, kFeedComposition);
+      PieChart chart = Diagrammzeichnen(values, sum, kFeedComposition, sep);
       EXPECT_EQ(chart.title + "|" + chart.footnote + "|" + labelsOf(chart.slices),
                 "Best case feed composition regarding Common carp|"
                 "Minimum content dietary burden based on Substance A is 0,850 mg/kg.|"
                 "Wheat (grain)(60,00 %)|Rapeseed (meal)(20,00 %)|Fish meal (65,00% protein, "
                 "10,00% lipid) (12,50 %)|CC ( 0.1% protein, 0.1% lipid) (5,25 %)|F ( 100% lipid) "
                 "(2,25 %)|");
-      chart = Diagrammzeichnen(m, kDietaryLoad);
+      chart = Diagrammzeichnen(values, sum, kDietaryLoad, sep);
       EXPECT_EQ(
           chart.title + "|" + std::to_string(chart.zeroCount) + "|" + labelsOf(chart.slices),
           "Dietary load regarding Common carp|3|Wheat (grain)(88,24 %)|Rapeseed (meal)(11,76 %)|");
-      m.minMax = 0;
-      EXPECT_EQ(Diagrammzeichnen(m, kFeedComposition).title,
+      EXPECT_EQ(Diagrammzeichnen(feedValues(mask, false), sum, kFeedComposition, sep).title,
                 "Worst case feed composition regarding Common carp");
-      m.report.burdenSum = 0;  // all residues zero: no load, and no NaN slices
-      EXPECT_TRUE(Diagrammzeichnen(m, kDietaryLoad).slices.empty());
+      // All residues zero: no load, and no NaN slices.
+      EXPECT_TRUE(Diagrammzeichnen(values, 0, kDietaryLoad, sep).slices.empty());
     }
   }
 }
@@ -168,136 +121,6 @@ TEST(PieSlices, LargestFiveAndOtherInStableOrder) {
               expected);
     EXPECT_EQ(zeros, zeroCount);
   }
-}
-
-const std::string kMrbd = "\"maximum reasonable balanced diet (MRBD)\"";
-const char kNotSolvable[] = "The problem is not solvable. Add more or try different components.";
-// Runs 2k - 1 and 2k of scenario k; the second is followed by " - " and the MRBD caption.
-const char* const kHeadings[8][2] = {
-    {"Scenario 1: Without PC, CC, F ", "Scenario 2: Without PC, CC, F "},
-    {"Scenario 3: PC used", "Scenario 4: PC"},
-    {"Scenario 5: CC used", "Scenario 6: CC used with "},
-    {"Scenario 7: F used ", "Scenario 8: F used with "},
-    {"Scenario 9: PC and CC used ", "Scenario 10: PC and CC used with "},
-    {"Scenario 11: PC and F used ", "Scenario 12: PC and F used with "},
-    {"Scenario 13: CC and F used ", "Scenario 14: CC and F used with "},
-    {"Scenario 15:PC, CC and F used ", "Scenario 16: PC, CC and F used with "}};
-const int kPseudoMasks[8] = {0, 1, 2, 4, 3, 5, 6, 7};  // PC 1, CC 2, F 4
-
-std::string heading(int run) {
-  const std::string rule(70, '_');
-  return "\r\n" + rule + "\r\n\r\n" + kHeadings[(run - 1) / 2][(run - 1) % 2] +
-         (run % 2 ? "" : " - " + kMrbd) + "\r\n\r\n\r\n" + rule + "\r\n\r\n";
-}
-
-// X alone, except with every pseudo-component and the limits on (all).
-std::string xSection(int mask, bool all = false) {
-  const std::string p = all ? "50.00" : "100.00";
-  return expectedSection({{"X (feed)", p, "80.0", "1.600", "STMR-P", "2.000", p, "100.00"}}, mask,
-                         all ? Three{"30.74", "17.35", "1.91"} : Three{"0.00", "0.00", "0.00"},
-                         "Maximum", all ? "1.000" : "2.000", '.');
-}
-
-// A solvable run appends the text since the last one (unsolvable headings too) and CR LF.
-std::string expectedReportFile() {
-  std::string file = " \r\n", pending;
-  for (int k = 1; k <= 8; ++k) {
-    file += pending + heading(2 * k - 1) + xSection(kPseudoMasks[k - 1]) + "\r\n";
-    pending = heading(2 * k) + (k < 8 ? std::string(kNotSolvable) + "\r\n\r\n" : "");
-  }
-  return file + pending + xSection(7, true) + "\r\n";
-}
-
-std::string expectedSummary(const std::string& odd, const std::string& last) {
-  const std::string values[3] = {"-", odd, last};
-  std::string s =
-      "REPORT\r\n\r\nScenario\tMaximum Residue Value\r\n" + std::string(41, '_') + "\r\n\r\n";
-  for (int r = 1; r <= 16; ++r)
-    s += "   " + std::to_string(r) + "\t          \t" + values[r == 16 ? 2 : r % 2] + "\r\n";
-  return s;
-}
-
-// One component X (lipid 10, protein 40: the carp targets exactly; residue 1.6 at DM 80, so
-// 2 mg/kg of dry matter; at most 50 %). Without limits X alone is optimal in every scenario.
-// With them only scenario 8 is feasible: X 50 %, CC = 0.5 / 2.882, PC = 1.772 CC, F = 0.11 CC.
-struct Sweep {
-  explicit Sweep(double dm = 80, double residue = 1.6) {
-    std::filesystem::create_directories(root);
-    m.table.addSubstance("Substance A");
-    m.schadstoff = 0;
-    m.species = {{"Common carp", 10, 40}};
-    m.fishmeal = {{60, 8}, {62, 9}, {65, 10}};
-    m.report.reportFolder = file();
-    m.fischfutter1 = m.fischfutter2 = {{"X (feed)", "X (feed)", "Fat", "1"}};
-    m.workingSet = {{10, 40, residue, 50, 50, dm, ""}};
-  }
-  std::string reportFile() const { return txt_ReadAll(file("Report.txt")); }
-  ~Sweep() { std::filesystem::remove_all(root, ignored); }
-  std::string file(const std::string& name = "") const { return (root / name).string(); }
-
-  std::filesystem::path root = std::filesystem::temp_directory_path() /
-                               ("pescavo-reports-" + std::to_string(std::random_device()()));
-  std::error_code ignored;
-  RecordingDialogs dialogs;
-  MainWindowModel m{dialogs, '.'};
-};
-
-TEST(ScenarioSweep, ReportFilesSummaryFullReportDoneAndDetails) {
-  Sweep s;
-  s.m.check1 = s.m.check2 = s.m.check5 = false;
-  ASSERT_TRUE(Optimierung2_Click(s.m));
-  EXPECT_EQ(s.reportFile(), expectedReportFile());
-  EXPECT_EQ(txt_ReadAll(s.file("Report.rtf")),
-            RtfWriter::document(heading(16) + xSection(7, true)));
-  const std::string summary = expectedSummary("2.000", "1.000");
-  EXPECT_EQ(s.m.report.scenarioSummary, summary);
-  // The options are as before; problem and result stay those of run 16.
-  EXPECT_EQ((std::array{s.m.check1, s.m.check2, s.m.check4, s.m.check5}),
-            (std::array{false, false, true, false}));
-  EXPECT_EQ(s.m.problem.n, 4);
-
-  const std::string once = kHeader + summary + expectedReportFile() + "\r\n";
-  EXPECT_EQ(openFullReportFile(s.m), s.file("Report.txt"));
-  EXPECT_EQ(s.m.report.bericht, kHeader + summary + "\r\n");
-  EXPECT_EQ(s.reportFile(), once);
-  openFullReportFile(s.m);
-  EXPECT_EQ(s.reportFile(), kHeader + kHeader + summary + once + "\r\n");
-  reportDone(s.m);
-  EXPECT_EQ(s.reportFile(), " \r\n");
-  EXPECT_TRUE(s.m.report.mainWindowEnabled && s.m.report.headerText.empty());
-
-  const ScenarioDetails details = runScenarioDetails(s.m, 0);
-  EXPECT_EQ(details.caption, "Report Szenario 1: Without PC, CC, F ");
-  EXPECT_EQ(details.text, kHeader + "\r\n" + xSection(0));
-  EXPECT_EQ(s.reportFile(), " \r\n" + xSection(0) + "\r\n");
-  EXPECT_EQ(runScenarioDetails(s.m, 15).caption,
-            "Report Szenario 16: PC, CC and F used  - " + kMrbd);
-  EXPECT_FALSE(runScenarioDetails(s.m, 3).shown);  // run 4 cannot meet the targets
-  EXPECT_EQ(s.dialogs.messages, std::vector<std::string>{kNotSolvable});  // the only message
-}
-
-TEST(ScenarioSweep, RunSevenAtDmZeroMinimumSummaryAndFailures) {
-  Sweep s(0, 1.5);  // DM 0: the residue stays as entered
-  s.m.report.reportFolder = s.file("missing");
-  ASSERT_TRUE(Optimierung2_Click(s.m));
-  EXPECT_EQ(s.m.report.scenarioSummary, expectedSummary("1.500", "0.750"));
-  ASSERT_EQ(s.dialogs.messages.size(), 2u);  // once per file
-  EXPECT_NE(s.dialogs.messages[0].find(s.file("missing/Report.txt")), std::string::npos);
-  EXPECT_NE(s.dialogs.messages[1].find(s.file("missing/Report.rtf")), std::string::npos);
-  s.m.option1 = true;
-  ASSERT_TRUE(Optimierung2_Click(s.m));
-  EXPECT_EQ(s.m.report.scenarioCells[0][2], "Minimum Residue Value");
-  EXPECT_EQ(s.m.report.scenarioSummary.rfind("Scenario\tMinimum Residue Value\r\n___", 0), 0u);
-
-  s.m.workingSet[0].residue = 0;
-  EXPECT_FALSE(Optimierung2_Click(s.m));
-  EXPECT_EQ(
-      s.dialogs.messages.back(),
-      "Values of pollutants are possiblibly all zero. Check the pollutants value and try again.");
-  EXPECT_EQ(s.m.problem.n, 1);                              // stopped in run 1
-  txt_AppendLine(s.file("a.txt"), "a\tb\nc \xC3\xA4\r\n");  // passed on untouched
-  EXPECT_EQ(txt_ReadAll(s.file("a.txt")), "a\tb\nc \xC3\xA4\r\n\r\n");
-  EXPECT_THROW(txt_ReadAll(s.file()), ReportFileError);  // a folder, no file
 }
 
 // Bytes that are not UTF-8 (a lead byte before ASCII, one at the end) are taken as the declared

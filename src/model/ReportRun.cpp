@@ -1,0 +1,83 @@
+#include "model/ReportRun.h"
+
+#include <algorithm>
+#include <filesystem>
+
+#include "model/MainWindowModel.h"
+#include "reports/ReportText.h"
+#include "reports/RtfWriter.h"
+#include "reports/TextFiles.h"
+
+namespace pescavo {
+
+namespace {
+
+std::string reportFile(const MainWindowModel& model, const char* name) {
+  return (std::filesystem::path(model.report().reportFolder) / name).string();
+}
+
+void writeScenarioFiles(MainWindowModel& model) {
+  ReportState& report = model.report();
+  try {
+    txt_AppendLine(reportTxtPath(model), report.bericht);
+  } catch (const ReportFileError& error) {
+    reportFileFailure(model, error.what());
+  }
+  try {
+    RtfWriter::save(reportRtfPath(model), RtfWriter::document(report.richText));
+  } catch (const ReportFileError& error) {
+    reportFileFailure(model, error.what());
+  }
+}
+
+}  // namespace
+
+void Berichtschreiben(MainWindowModel& model) {
+  ReportState& report = model.report();
+  ReportValues& values = report.values;
+  model.fillReportValues(values);
+  if (!model.allScenariosMode()) report.bericht += titleBlock(values.substance);
+  report.burdenSum = appendReportSection(values, model.decimalSeparator(), report.bericht);
+
+  if (!model.allScenariosMode()) {
+    report.ergebnisGrid =
+        pescavo::compositionTable(values, report.burdenSum, model.decimalSeparator());
+    report.mainWindowEnabled = false;
+    return;
+  }
+  // Filled in place: the texts keep their storage from run to run.
+  report.berichtNeu.clear();
+  report.berichtNeu += titleBlock(values.substance);
+  report.berichtNeu += report.bericht;
+  report.richText = report.bericht;
+  writeScenarioFiles(model);
+  report.bericht.clear();
+}
+
+std::vector<CompositionRow> compositionTable(const MainWindowModel& model) {
+  ReportValues values;
+  model.fillReportValues(values);
+  return pescavo::compositionTable(values, model.report().burdenSum, model.decimalSeparator());
+}
+
+PieChart Diagrammzeichnen(const MainWindowModel& model, int kind) {
+  ReportValues values;
+  model.fillReportValues(values);
+  return pescavo::Diagrammzeichnen(values, model.report().burdenSum, kind,
+                                   model.decimalSeparator());
+}
+
+std::string reportTxtPath(const MainWindowModel& model) { return reportFile(model, "Report.txt"); }
+
+std::string reportRtfPath(const MainWindowModel& model) { return reportFile(model, "Report.rtf"); }
+
+void reportFileFailure(MainWindowModel& model, const std::string& message) {
+  ReportState& report = model.report();
+  report.fileWriteFailed = true;
+  std::vector<std::string>& shown = report.fileFailuresShown;
+  if (std::find(shown.begin(), shown.end(), message) != shown.end()) return;
+  shown.push_back(message);
+  model.dialogs().information(message);
+}
+
+}  // namespace pescavo

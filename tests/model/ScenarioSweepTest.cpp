@@ -1,0 +1,169 @@
+#include <gtest/gtest.h>
+
+#include <array>
+#include <filesystem>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "model/MainWindowModel.h"
+#include "model/ReportRun.h"
+#include "model/ScenarioSweep.h"
+#include "reports/ExpectedSection.h"
+#include "reports/RtfWriter.h"
+#include "reports/TextFiles.h"
+
+namespace pescavo::test {
+namespace {
+
+struct RecordingDialogs : Dialogs {
+  void information(const std::string& text) override { messages.push_back(text); }
+  bool askYesNo(const std::string&) override { return true; }
+  std::vector<std::string> messages;
+};
+
+const std::string kMrbd = "\"maximum reasonable balanced diet (MRBD)\"";
+const char kNotSolvable[] = "The problem is not solvable. Add more or try different components.";
+// Runs 2k - 1 and 2k of scenario k; the second is followed by " - " and the MRBD caption.
+const char* const kHeadings[8][2] = {
+    {"Scenario 1: Without PC, CC, F ", "Scenario 2: Without PC, CC, F "},
+    {"Scenario 3: PC used", "Scenario 4: PC"},
+    {"Scenario 5: CC used", "Scenario 6: CC used with "},
+    {"Scenario 7: F used ", "Scenario 8: F used with "},
+    {"Scenario 9: PC and CC used ", "Scenario 10: PC and CC used with "},
+    {"Scenario 11: PC and F used ", "Scenario 12: PC and F used with "},
+    {"Scenario 13: CC and F used ", "Scenario 14: CC and F used with "},
+    {"Scenario 15:PC, CC and F used ", "Scenario 16: PC, CC and F used with "}};
+const int kPseudoMasks[8] = {0, 1, 2, 4, 3, 5, 6, 7};  // PC 1, CC 2, F 4
+
+std::string heading(int run) {
+  const std::string rule(70, '_');
+  return "\r\n" + rule + "\r\n\r\n" + kHeadings[(run - 1) / 2][(run - 1) % 2] +
+         (run % 2 ? "" : " - " + kMrbd) + "\r\n\r\n\r\n" + rule + "\r\n\r\n";
+}
+
+// X alone, except with every pseudo-component and the limits on (all).
+std::string xSection(int mask, bool all = false) {
+  const std::string p = all ? "50.00" : "100.00";
+  return expectedSection({{"X (feed)", p, "80.0", "1.600", "STMR-P", "2.000", p, "100.00"}}, mask,
+                         all ? Three{"30.74", "17.35", "1.91"} : Three{"0.00", "0.00", "0.00"},
+                         "Maximum", all ? "1.000" : "2.000", '.');
+}
+
+// A solvable run appends the text since the last one (unsolvable headings too) and CR LF.
+std::string expectedReportFile() {
+  std::string file = " \r\n", pending;
+  for (int k = 1; k <= 8; ++k) {
+    file += pending + heading(2 * k - 1) + xSection(kPseudoMasks[k - 1]) + "\r\n";
+    pending = heading(2 * k) + (k < 8 ? std::string(kNotSolvable) + "\r\n\r\n" : "");
+  }
+  return file + pending + xSection(7, true) + "\r\n";
+}
+
+std::string expectedSummary(const std::string& odd, const std::string& last) {
+  const std::string values[3] = {"-", odd, last};
+  std::string s =
+      "REPORT\r\n\r\nScenario\tMaximum Residue Value\r\n" + std::string(41, '_') + "\r\n\r\n";
+  for (int r = 1; r <= 16; ++r)
+    s += "   " + std::to_string(r) + "\t          \t" + values[r == 16 ? 2 : r % 2] + "\r\n";
+  return s;
+}
+
+// One component X (lipid 10, protein 40: the carp targets exactly; residue 1.6 at DM 80, so
+// 2 mg/kg of dry matter; at most 50 %). Without limits X alone is optimal in every scenario.
+// With them only scenario 8 is feasible: X 50 %, CC = 0.5 / 2.882, PC = 1.772 CC, F = 0.11 CC.
+struct Sweep {
+  explicit Sweep(double dm = 80, double residue = 1.6) {
+    std::filesystem::create_directories(root);
+    ComponentTable table;
+    table.addSubstance("Substance A");
+    table.addComponent({"Fat", "X", "feed", "", 40, 10, dm, 50, 50});
+    table.setResidue(1, 1, residue);
+    table.setBasis(1, 1, 1);
+    m.load(table, {{"Common carp", 10, 40}}, {{60, 8}, {62, 9}, {65, 10}});
+    m.report().reportFolder = file();
+    m.alle_rein();
+  }
+  std::string reportFile() const { return txt_ReadAll(file("Report.txt")); }
+  ~Sweep() { std::filesystem::remove_all(root, ignored); }
+  std::string file(const std::string& name = "") const { return (root / name).string(); }
+
+  std::filesystem::path root = std::filesystem::temp_directory_path() /
+                               ("pescavo-reports-" + std::to_string(std::random_device()()));
+  std::error_code ignored;
+  RecordingDialogs dialogs;
+  MainWindowModel m{dialogs, '.'};
+};
+
+TEST(ScenarioSweep, ReportFilesSummaryFullReportDoneAndDetails) {
+  Sweep s;
+  s.m.setPseudoComponents({false, true, false});
+  s.m.setMrbdLimits(false);
+  ASSERT_TRUE(Optimierung2_Click(s.m));
+  EXPECT_EQ(s.reportFile(), expectedReportFile());
+  EXPECT_EQ(txt_ReadAll(s.file("Report.rtf")),
+            RtfWriter::document(heading(16) + xSection(7, true)));
+  const std::string summary = expectedSummary("2.000", "1.000");
+  EXPECT_EQ(s.m.report().scenarioSummary, summary);
+  EXPECT_FALSE(s.m.report().fileWriteFailed);
+  // The options are as before; problem and result stay those of run 16.
+  const MainWindowModel::PseudoComponents pseudo = s.m.pseudoComponents();
+  EXPECT_EQ((std::array{pseudo.pc, s.m.mrbdLimits(), pseudo.cc, pseudo.f}),
+            (std::array{false, false, true, false}));
+  EXPECT_EQ(s.m.problem().n, 4);
+
+  const std::string once = kHeader + summary + expectedReportFile() + "\r\n";
+  EXPECT_EQ(openFullReportFile(s.m), s.file("Report.txt"));
+  EXPECT_EQ(s.m.report().bericht, kHeader + summary + "\r\n");
+  EXPECT_EQ(s.reportFile(), once);
+  openFullReportFile(s.m);
+  EXPECT_EQ(s.reportFile(), kHeader + kHeader + summary + once + "\r\n");
+  reportDone(s.m);
+  EXPECT_EQ(s.reportFile(), " \r\n");
+  EXPECT_TRUE(s.m.report().mainWindowEnabled && s.m.report().headerText.empty());
+
+  const ScenarioDetails details = runScenarioDetails(s.m, 0);
+  EXPECT_EQ(details.caption, "Report Szenario 1: Without PC, CC, F ");
+  EXPECT_EQ(details.text, kHeader + "\r\n" + xSection(0));
+  EXPECT_EQ(s.reportFile(), " \r\n" + xSection(0) + "\r\n");
+  EXPECT_EQ(runScenarioDetails(s.m, 15).caption,
+            "Report Szenario 16: PC, CC and F used  - " + kMrbd);
+  EXPECT_FALSE(runScenarioDetails(s.m, 3).shown);  // run 4 cannot meet the targets
+  EXPECT_EQ(s.dialogs.messages, std::vector<std::string>{kNotSolvable});  // the only message
+}
+
+TEST(ScenarioSweep, RunSevenAtDmZeroMinimumSummaryAndFailures) {
+  Sweep s(0, 1.5);  // DM 0: the residue stays as entered
+  s.m.report().reportFolder = s.file("missing");
+  ASSERT_TRUE(Optimierung2_Click(s.m));
+  EXPECT_EQ(s.m.report().scenarioSummary, expectedSummary("1.500", "0.750"));
+  ASSERT_EQ(s.dialogs.messages.size(), 2u);  // once per file
+  EXPECT_NE(s.dialogs.messages[0].find(s.file("missing/Report.txt")), std::string::npos);
+  EXPECT_NE(s.dialogs.messages[1].find(s.file("missing/Report.rtf")), std::string::npos);
+  EXPECT_TRUE(s.m.report().fileWriteFailed);
+  s.m.setCriterionOption(Criterion::Minimum);
+  s.m.report().reportFolder = s.file();
+  ASSERT_TRUE(Optimierung2_Click(s.m));
+  EXPECT_FALSE(s.m.report().fileWriteFailed);  // each sweep starts afresh
+  EXPECT_EQ(s.m.report().scenarioCells[0][2], "Minimum Residue Value");
+  EXPECT_EQ(s.m.report().scenarioSummary.rfind("Scenario\tMinimum Residue Value\r\n___", 0), 0u);
+}
+
+// A single run's report: title block and section, the composition table, the main window off.
+TEST(SingleReport, BerichtschreibenAfterARun) {
+  Sweep s;
+  s.m.setPseudoComponents({false, false, false});
+  s.m.setMrbdLimits(false);
+  s.m.Optimierung_Click();
+  ASSERT_TRUE(s.m.reportButtonVisible());
+  Berichtschreiben(s.m);
+  EXPECT_EQ(s.m.report().bericht, kHeader + "\r\n" + xSection(0));
+  EXPECT_FALSE(s.m.report().mainWindowEnabled);
+  ASSERT_EQ(s.m.report().ergebnisGrid.size(), 2u);
+  EXPECT_EQ(s.m.report().ergebnisGrid[1][1], "X (feed)");
+  EXPECT_EQ(Diagrammzeichnen(s.m, kDietaryLoad).slices.size(), 1u);
+  EXPECT_FALSE(std::filesystem::exists(s.file("Report.txt")));  // a single run writes no file
+}
+
+}  // namespace
+}  // namespace pescavo::test
