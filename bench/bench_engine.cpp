@@ -11,8 +11,8 @@
 
 #include "../tests/engine/RandomProblems.h"
 #include "engine/IndependentCheck.h"
-#include "engine/MainWindowModel.h"
 #include "engine/Simplex.h"
+#include "model/MainWindowModel.h"
 
 namespace {
 
@@ -29,35 +29,37 @@ class NoDialogs : public pescavo::Dialogs {
   bool askYesNo(const std::string&) override { return false; }
 };
 
-// A seeded programme as the main window holds it: the chosen components in the working set,
-// species targets, fish-meal grade and switches, so that Laden builds it again every run.
+// A seeded programme as the main window holds it: a table of the chosen components, the
+// species targets, the fish-meal grade and the switches, so that Laden builds it again every
+// run. A component without residue is not offered, so it carries a trace (0.001 mg/kg).
 struct Seeded {
   explicit Seeded(const RandomProblem& made) : model(dialogs, '.') {
     const OptimisationProblem& p = made.problem;
+    pescavo::ComponentTable table;
+    table.addSubstance("Substance");
     for (int j = 0; j < p.chosenCount; ++j) {
-      model.table.addComponent(pescavo::FeedComponent());
-      const double dm = p.dryMatter[j];
-      model.fischfutter1.push_back({made.names[j], "", "", "0"});
-      model.workingSet.push_back({p.lipid[j], p.protein[j], p.residue[j] * dm / 100,
-                                  p.maxInclusion[j], p.maxInclusion[j], dm, ""});
+      const double dm = p.dryMatter[j], limit = p.maxInclusion[j];
+      const int i = table.addComponent(
+          {"Forages/Fodders", p.name[j], "feed", "", p.protein[j], p.lipid[j], dm, limit, limit});
+      const double residue = p.residue[j] * dm / 100;
+      table.setResidue(1, i, residue > 0 ? residue : 0.001);
     }
-    model.fischfutter2 = model.fischfutter1;
-    model.species = {{"Species", p.lipidTarget, p.proteinTarget}};
-    model.fischarten = 0;
-    const int pc = p.chosenCount;
-    model.fishmeal = {{p.pc ? p.protein[pc] : 0, p.pc ? p.lipid[pc] : 0}};
-    model.fischmehl = 0;
-    model.check1 = p.pc;
-    model.check4 = p.cc;
-    model.check5 = p.f;
-    model.check2 = true;
-    model.minMax = made.criterion == Criterion::Minimum ? 1 : 0;
+    const bool pc = p.has(pescavo::VariableKind::PC);
+    const int grade = p.chosenCount;
+    model.load(std::move(table), {{"Species", p.lipidTarget, p.proteinTarget}},
+               {{pc ? p.protein[grade] : 0, pc ? p.lipid[grade] : 0}});
+    model.setFishmealGrade(0);
+    model.setPseudoComponents(
+        {pc, p.has(pescavo::VariableKind::CC), p.has(pescavo::VariableKind::F)});
+    model.setCriterion(made.criterion);
+    model.alle_rein();
     model.Laden();
-    names = model.variableNames();
   }
   NoDialogs dialogs;
   MainWindowModel model;
-  std::vector<std::string> names;
+  // Rechnen's own, as the model keeps them from run to run.
+  pescavo::SimplexTableau tableau;
+  pescavo::OptimisationResult result;
 };
 
 // Both criteria, with and without PC, CC, F and MRBD, fixed by the seed.
@@ -78,11 +80,13 @@ void BM_Engine(benchmark::State& state) {
   std::size_t k = 0;
   long pivots = 0, runs = 0;
   for (auto _ : state) {
-    MainWindowModel& model = problems[k++ % problems.size()]->model;
+    Seeded& seeded = *problems[k++ % problems.size()];
+    MainWindowModel& model = seeded.model;
     model.Laden();
-    pescavo::Rechnen(model.problem, model.criterion(), model.tableau, model.result);
-    benchmark::DoNotOptimize(model.result.burden);
-    pivots += model.result.pivots;
+    seeded.result.pivots = 0;
+    pescavo::Rechnen(model.problem(), model.criterion(), seeded.tableau, seeded.result);
+    benchmark::DoNotOptimize(seeded.result.burden);
+    pivots += seeded.result.pivots;
     ++runs;
   }
   state.counters["pivots"] = static_cast<double>(pivots) / static_cast<double>(runs);
@@ -96,7 +100,7 @@ void BM_Glpk(benchmark::State& state) {
   long iterations = 0, runs = 0;
   for (auto _ : state) {
     const MainWindowModel& model = problems[k++ % problems.size()]->model;
-    const OptimisationProblem& p = model.problem;
+    const OptimisationProblem& p = model.problem();
     glp_prob* lp = glp_create_prob();
     glp_set_obj_dir(lp, model.criterion() == Criterion::Maximum ? GLP_MAX : GLP_MIN);
     glp_add_rows(lp, 3);
@@ -135,17 +139,15 @@ void BM_Glpk(benchmark::State& state) {
 // the exact simplex) behind it.
 void BM_Verify(benchmark::State& state) {
   auto& problems = problemsOfSize(static_cast<int>(state.range(0)));
-  for (auto& seeded : problems) {
-    MainWindowModel& model = seeded->model;
-    pescavo::Rechnen(model.problem, model.criterion(), model.tableau, model.result);
-  }
+  for (auto& seeded : problems)
+    pescavo::Rechnen(seeded->model.problem(), seeded->model.criterion(), seeded->tableau,
+                     seeded->result);
   std::size_t k = 0;
   long differs = 0, runs = 0;
   for (auto _ : state) {
     const Seeded& seeded = *problems[k++ % problems.size()];
     const MainWindowModel& model = seeded.model;
-    const auto check =
-        pescavo::checkOptimum(model.problem, model.criterion(), model.result, seeded.names);
+    const auto check = pescavo::checkOptimum(model.problem(), model.criterion(), seeded.result);
     benchmark::DoNotOptimize(check.trueOptimum);
     differs += check.verdict != pescavo::CheckVerdict::Agrees;
     ++runs;

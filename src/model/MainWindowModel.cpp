@@ -89,6 +89,7 @@ void MainWindowModel::Futterliste_aktualisieren() {
   m_workingSet = std::move(available.working);
   m_selected.assign(m_available.size(), false);
   m_chosen.clear();
+  m_chosenChanged = true;
   m_currentChosen = -1;
 }
 
@@ -106,7 +107,9 @@ void MainWindowModel::Rein() {
     const bool present =
         std::any_of(m_chosen.begin(), m_chosen.end(),
                     [&](const ListEntry& chosen) { return chosen.text == m_available[p].text; });
-    if (!present) m_chosen.push_back(m_available[p]);
+    if (present) continue;
+    m_chosen.push_back(m_available[p]);
+    m_chosenChanged = true;
   }
   if (!m_chosen.empty()) {
     m_removeEnabled = true;
@@ -125,6 +128,7 @@ void MainWindowModel::raus() {
   if (m_currentChosen < 0 || m_currentChosen >= static_cast<int>(m_chosen.size())) return;
   const int p = m_currentChosen;
   m_chosen.erase(m_chosen.begin() + p);
+  m_chosenChanged = true;
   const int count = static_cast<int>(m_chosen.size());
   m_currentChosen = count > 0 ? Minimum(p, count - 1) : -1;
   if (count == 0) {
@@ -137,6 +141,7 @@ void MainWindowModel::raus() {
 
 void MainWindowModel::alle_raus() {
   m_chosen.clear();
+  m_chosenChanged = true;
   m_currentChosen = -1;
   Ergebnis_ausblenden();
   m_removeEnabled = false;
@@ -187,6 +192,7 @@ void MainWindowModel::prepareSingleRun() {
   if (m_simpleMode) {
     if (m_chosen.size() < m_available.size()) m_chosen.resize(m_available.size());
     for (size_t p = 0; p < m_available.size(); ++p) m_chosen[p] = m_available[p];
+    m_chosenChanged = true;
   }
   m_criterion = m_criterionOption;
   m_species = static_cast<int>(m_speciesOption);
@@ -279,7 +285,7 @@ void MainWindowModel::matchChosenEntries() {
   m_lookup.build(m_available, m_available.size());
   for (int j = 0; j < p.chosenCount; ++j) {
     ListEntry& entry = m_chosen[j];
-    copyText(p.name[j], entry.text);
+    if (m_chosenChanged) p.name[j] = entry.text;
     const int q = m_matched[j] = m_lookup.find(entry.text, m_matched[j]);
     if (q < 0) {  // an entry without a match keeps zeros
       p.lipid[j] = p.protein[j] = p.residue[j] = p.maxInclusion[j] = p.dryMatter[j] = 0;
@@ -297,6 +303,7 @@ void MainWindowModel::matchChosenEntries() {
     p.dryMatter[j] = stored.dm;
     copyText(p.ifnCode[j], stored.ifnCode);
   }
+  m_chosenChanged = false;
 }
 
 void MainWindowModel::setTargets() {

@@ -215,8 +215,9 @@ class MainWindowModel {
   OptimisationResult m_result;
   CheckResult m_check;
   std::string m_checkSentence;
-  LastTextPosition m_lookup;   // Laden's, kept from run to run
-  std::vector<int> m_matched;  // per chosen entry, the available position the last Laden used
+  LastTextPosition m_lookup;    // Laden's, kept from run to run
+  std::vector<int> m_matched;   // per chosen entry, the available position the last Laden used
+  bool m_chosenChanged = true;  // since Laden last named the variables after the chosen list
 
   ReportState m_report;
   char m_decimalSeparator;
