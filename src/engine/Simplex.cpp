@@ -122,9 +122,7 @@ bool Simplex::Pivotsuche(int c) {
   return pivot(c, m_n + 5, kPhase1Failure);
 }
 
-// Phase 2 reads its right-hand side from column 2n + 1, a copy of column 2n + 4 in rows
-// 1..n + 4; the stored right-hand side is that copy already. Columns 2n + 1..2n + 3 and
-// row n + 5 are out of phase 2: what pivots leave in them is never read.
+// Phase 2's right-hand side column 2n + 1 is the stored one already (invariant 1).
 void Simplex::ErstelleSimplextableau2() {
   const int n = m_n;
   // The row is oriented by the criterion, not by the sign of its right-hand side: when only
@@ -134,11 +132,11 @@ void Simplex::ErstelleSimplextableau2() {
     negate(m_tableau.row(n + 4), n);
     m_tableau.rhs[n + 4] = -m_tableau.rhs[n + 4];
   }
-  if (!phase2Passes(minimum)) return;
+  if (!phase2Passes()) return;
   readOut(minimum);
 }
 
-bool Simplex::phase2Passes(bool minimum) {
+bool Simplex::phase2Passes() {
   const int n = m_n;
   const double* objective = m_tableau.row(n + 4);
   const int* slotOf = m_tableau.slotOf.data();
@@ -146,7 +144,7 @@ bool Simplex::phase2Passes(bool minimum) {
     bool pivoted = false;
     for (int c = 1; c <= 2 * n; ++c) {
       if (slotOf[c] >= 0 && objective[slotOf[c]] > 0) {
-        if (!(minimum ? PivotsucheMin(c) : Pivotsuche2(c))) return false;
+        if (!Pivotsuche2(c)) return false;
         pivoted = true;
       }
     }
@@ -156,8 +154,6 @@ bool Simplex::phase2Passes(bool minimum) {
 }
 
 bool Simplex::Pivotsuche2(int c) { return pivot(c, m_n + 4, kPhase2Failure); }
-
-bool Simplex::PivotsucheMin(int c) { return pivot(c, m_n + 4, kPhase2Failure); }
 
 bool Simplex::pivot(int c, int lastRow, const char* failure) {
   const int r = ratioTest(c);
@@ -240,9 +236,10 @@ static_assert(kLine * sizeof(double) == 2 * sizeof(Lanes), "a line is two vector
 // line by line: the divisions of one line overlap the updates of the line before. Each cell is
 // one IEEE division, or one multiply and one add, whatever the vector width, so every clone
 // gives the same bits.
-__attribute__((target_clones("avx2", "default"))) void pivotLines(
-    double* __restrict pivot, double p, double* const* rows, const double* minusF, int count,
-    int first, int last) {
+__attribute__((target_clones("avx2", "default"))) void pivotLines(double* __restrict pivot,
+                                                                  double p, double* const* rows,
+                                                                  const double* minusF, int count,
+                                                                  int first, int last) {
   const Lanes divisor = {p, p, p, p};
   int k = first;
   // Two lines at a time where there are two: each row's address and factor are read once.
@@ -275,13 +272,10 @@ __attribute__((target_clones("avx2", "default"))) void pivotLines(
 
 }  // namespace
 
-// Rows whose factor is 0 are left alone, and so are the 64-byte lines in which the pivot row
-// holds only zeros: there x + (-f) * 0 equals x except for the sign of a zero, and a zero's
-// sign reaches no comparison, no divisor and no value read out (the right-hand side is always
-// computed). Zeros inside the lines worked on, padding included, stay zeros the same way.
-//
-// The entering column c becomes a unit column and leaves its slot to the leaving column,
-// whose cells are 0 outside the pivot row before the pivot: there 0 + (-f) * y is (-f) * y.
+// Rows with a factor of 0 and lines where the pivot row holds only zeros are skipped
+// (invariant 3 of SimplexTableau.h; the right-hand side is always computed). The entering column c
+// becomes a unit column and leaves its slot to the leaving column, whose cells are 0 outside the
+// pivot row before the pivot: there 0 + (-f) * y is (-f) * y.
 void Simplex::eliminate(int r, int c, int lastRow) {
   SimplexTableau& t = m_tableau;
   const int slot = t.slotOf[c];

@@ -13,6 +13,8 @@
 // Phase 2 moves the right-hand side onto column 2n + 1 and works on rows 1..n + 4 and
 // columns 1..2n + 1 only. Every cell is computed as x + (-f) * y in a fixed order, so the
 // results are the same bit for bit on every machine built without fused multiply-add.
+// ReferenceSimplex.h is the method in its plain form; SimplexTableau.h states how the tuned
+// form below keeps the tableau and why it gives the same bits.
 
 #include <vector>
 
@@ -52,9 +54,8 @@ class Simplex {
 
   // Ratio test and pivot on the non-basic column c. False (and the run marked not solvable with the
   // failure text) when no row qualifies; no pivot is made then.
-  bool Pivotsuche(int c);     // phase-1 layout, sign repair before and after
-  bool Pivotsuche2(int c);    // phase-2 layout, criterion Maximum
-  bool PivotsucheMin(int c);  // phase-2 layout, criterion Minimum
+  bool Pivotsuche(int c);   // phase-1 layout, sign repair before and after
+  bool Pivotsuche2(int c);  // phase-2 layout, either criterion (the objective row is oriented)
 
   // The phase-1 passes alone (no feasibility decision); false when a pivot search failed.
   bool phase1Passes();
@@ -70,7 +71,7 @@ class Simplex {
   void repairSigns();
   // Ratio test, pivot and sign repair after it on rows 1..lastRow.
   bool pivot(int c, int lastRow, const char* failure);
-  bool phase2Passes(bool minimum);
+  bool phase2Passes();
   void readOut(bool minimum);
   void fail(const char* text);
 
@@ -81,7 +82,7 @@ class Simplex {
   int m_n;
   int m_unitOrder;
   int m_pivotRow = 1;
-  bool m_rhsNonNegative = false;    // no constraint row has a right-hand side below 0
+  bool m_rhsNonNegative = false;  // no constraint row has a right-hand side below 0
   // Rows of the last ratio test with a non-zero entry: the first m_factorCount, ascending; the
   // pivot puts the objective rows with one after them.
   std::vector<int>& m_factorRows;

@@ -5,13 +5,27 @@
 
 namespace pescavo {
 
-// The two-phase tableau of n variables: rows 1..n + 5, columns 1..2n + 4 (see Simplex.h).
+// The two-phase tableau of n variables: rows 1..n + 5, columns 1..2n + 4 (see Simplex.h), as
+// the tuned solver keeps it. Its invariants, which every step of Simplex.cpp relies on:
 //
-// Only what a pivot can change is stored. A basic column is 0 outside its own row, so it keeps
-// just that one value (basicValue); the n non-basic columns sit in slots 0..n - 1 of a row, the
-// right-hand side in a column of its own. An upper-bound row that no pivot or sign repair has
-// reached yet still reads x(j) + s(j) = maxInclusion(j) / 100 and its slots are written out
-// only when one first does.
+// 1. Only what a pivot can change is stored. A basic column is 0 outside its own row, so it
+//    keeps just that one value (basicValue); the n non-basic columns sit in slots 0..n - 1 of a
+//    row, and a leaving column takes the entering column's slot. The right-hand side is a
+//    column of its own; phase 2's column 2n + 1 is that column, and columns 2n + 1..2n + 3 and
+//    row n + 5 are never read in phase 2.
+// 2. An upper-bound row that no pivot or sign repair has reached still reads
+//    x(j) + s(j) = maxInclusion(j) / 100; its slots are written out when one first does. The
+//    ratio test reads the stored rows and the one untouched row that holds the entering column.
+// 3. Rows start on 64-byte lines and are whole lines long; cells past slot n - 1 are 0. The
+//    pivot works on whole lines, and skips rows with a factor of 0 and lines in which the pivot
+//    row holds only zeros: there x + (-f) * 0 is x but for the sign of a zero, and a zero's sign
+//    reaches no comparison, no divisor and no value read out.
+// 4. Every cell is computed as ReferenceSimplex computes it, x + (-f) * y or x / p, one IEEE
+//    operation per lane whatever the vector width, in the same order of pivots: the results
+//    are the same bits as the plain form's (the engine tests compare them).
+// 5. Once no constraint row has a right-hand side below 0, a sign repair can only be needed in
+//    the rows a pivot has just changed. A pass without a pivot ends the phase: every later pass
+//    would find the same tableau.
 class SimplexTableau {
  public:
   // Sizes the tableau for n variables: x(1..n) in slots 0..n - 1, the slacks and artificials
