@@ -9,10 +9,10 @@
 #include <string>
 #include <vector>
 
-#include "../tests/engine/RandomProblems.h"
 #include "engine/IndependentCheck.h"
 #include "engine/Simplex.h"
 #include "model/MainWindowModel.h"
+#include "support/RandomProblems.h"
 
 namespace {
 

@@ -12,7 +12,7 @@
 
 #include "engine/IndependentCheck.h"
 #include "engine/LpWriter.h"
-#include "engine/RandomProblems.h"
+#include "support/RandomProblems.h"
 
 namespace pescavo {
 namespace {

@@ -10,9 +10,9 @@
 #include <tuple>
 
 #include "engine/IndependentCheck.h"
-#include "engine/RandomProblems.h"
 #include "engine/ReferenceSimplex.h"
 #include "engine/Simplex.h"
+#include "support/RandomProblems.h"
 
 namespace pescavo {
 namespace {
