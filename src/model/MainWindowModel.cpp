@@ -209,43 +209,26 @@ bool MainWindowModel::pleaseAddComponents() {
 
 void MainWindowModel::EinfacheOptimierung() {
   prepareSingleRun();
-  if (pleaseAddComponents()) {
-    Ergebnis_ausblenden();
-    return;
-  }
+  if (pleaseAddComponents()) return Ergebnis_ausblenden();
   m_resultText.clear();
   m_report.bericht.clear();
   Laden();
-  if (m_problem.residueSum == 0) {
-    m_dialogs.information(kAllZero);
-    Ergebnis_ausblenden();
-    return;
-  }
-  if (const std::string why = unusableFigures(); !why.empty()) {
-    m_dialogs.information(why);
-    Ergebnis_ausblenden();
-    return;
-  }
+  if (m_problem.residueSum == 0) return stopRun(kAllZero);
+  if (const std::string why = unusableFigures(); !why.empty()) return stopRun(why);
   Rechnen();
   if (!m_result.pivotFailure.empty()) m_dialogs.information(m_result.pivotFailure);
-  if (!m_result.solvable) {
-    m_dialogs.information(kNotSolvable);
-    Ergebnis_ausblenden();
-    return;
-  }
-  if (const std::string why = unusableBurden(); !why.empty()) {
-    m_dialogs.information(why);
-    Ergebnis_ausblenden();
-    return;
-  }
-  if (m_allScenariosMode) {
-    Ergebnis_ausblenden();
-    return;
-  }
+  if (!m_result.solvable) return stopRun(kNotSolvable);
+  if (const std::string why = unusableBurden(); !why.empty()) return stopRun(why);
+  if (m_allScenariosMode) return Ergebnis_ausblenden();
   m_resultVisible = true;
   m_resultText = resultStatement();
   m_resultRed = m_result.burden > 0.1;
   m_reportButtonVisible = true;
+}
+
+void MainWindowModel::stopRun(const std::string& message) {
+  m_dialogs.information(message);
+  Ergebnis_ausblenden();
 }
 
 void MainWindowModel::Laden() {

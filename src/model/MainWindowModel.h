@@ -160,6 +160,8 @@ class MainWindowModel {
   }
 
  private:
+  // Shows why the run stops there and withdraws the result.
+  void stopRun(const std::string& message);
   // Laden's steps.
   void sizeProblem(int chosen);
   void matchChosenEntries();
