@@ -182,6 +182,54 @@ TEST_F(CliTest, OptimizeReportAndRefusals) {
   EXPECT_EQ(err.str().rfind("pescavo-cli: unknown command dance\n", 0), 0u) << err.str();
 }
 
+// Every table the readers refuse stops every command before it runs, with one line that names
+// the file, where in it, and what was expected; the fuzzer starts from the same files.
+TEST_F(CliTest, RefusedTablesStopEveryCommandWithOneLineNamingTheFile) {
+  const struct {
+    const char* seed;
+    const char* where;  // in the message after the file's path
+  } cases[] = {
+      {"Fishmeal-no-header.tab", ": line 1, cell 1: expected the header line"},
+      {"Fishmeal-ranges.tab",
+       ": line 6, cell 1: expected the crude protein content (%) as a "
+       "number from 0 to 100, found \"101\""},
+      {"Fishmeal-utf16be-bom.tab", ": expected UTF-8 or Windows-1252 text, found UTF-16"},
+      {"Species-extra-line.tab", ": line 4, cell 1: expected the end of the file"},
+      {"Species-no-header.tab", ": line 1, cell 2: expected the header line"},
+      {"Species-ranges.tab", ": line 2, cell 2: expected the crude lipid target"},
+      {"Species-utf16-bom.tab", ": expected UTF-8 or Windows-1252 text, found UTF-16"},
+      {"feedstuff-cr-only.tab", ": line 1: expected lines ending in CR LF or LF, found CR-only"},
+      {"feedstuff-lone-cr.tab", ": line 2, cell 11: expected the line to end in CR LF or LF"},
+      {"feedstuff-no-header.tab", ": line 1, cell 5: expected the header line"},
+      {"feedstuff-nul.tab", ": line 2, cell 2: expected text, found a NUL byte"},
+      {"feedstuff-ranges.tab",
+       ": line 2, cell 5: expected the crude protein CP (%) as a number "
+       "from 0 to 100, found \"500\""},
+      {"feedstuff-residue-text.tab",
+       ": line 2, cell 11: expected the residue value of "
+       "substance 1 \"Alpha\" as a number"},
+      {"feedstuff-utf16le.tab", ": expected UTF-8 or Windows-1252 text, found UTF-16"}};
+  for (const auto& c : cases) {
+    const std::string seed = c.seed;
+    const std::string file = seed.substr(0, seed.find('-')) + ".tab";
+    fs::remove_all(input());
+    fs::copy(PESCAVO_SAMPLE_INPUT, input());
+    fs::copy_file(fs::path(PESCAVO_FUZZ_SEEDS) / seed, fs::path(input()) / file,
+                  fs::copy_options::overwrite_existing);
+    for (const std::vector<std::string>& args :
+         {std::vector<std::string>{"check"},
+          {"sweep", "--substance", m_substance, "--all"},
+          {"optimize", "--substance-number", "1", "--all"}}) {
+      const Outcome o = cli(args);
+      EXPECT_EQ(o.status, 2) << seed << " " << args[0];
+      EXPECT_TRUE(o.out.empty()) << seed;
+      EXPECT_EQ(o.err.rfind(input() + "/" + file + c.where, 0), 0u) << seed << "\n" << o.err;
+      EXPECT_EQ(std::count(o.err.begin(), o.err.end(), '\n'), 1) << o.err;
+    }
+  }
+  EXPECT_FALSE(fs::exists(m_root / "Report.txt"));  // no sweep began
+}
+
 // A component row given twice is read, and check says which lines hold it; the run takes the
 // later row's figures.
 TEST_F(CliTest, CheckWarnsOfAComponentGivenTwice) {
