@@ -57,12 +57,12 @@ class Simplex {
   bool Pivotsuche(int c);   // phase-1 layout, sign repair before and after
   bool Pivotsuche2(int c);  // phase-2 layout, either criterion (the objective row is oriented)
 
-  // The phase-1 passes alone (no feasibility decision); false when a pivot search failed.
-  bool phase1Passes();
   // Row chosen by the last ratio test (1 when none qualified).
   int pivotRow() const { return m_pivotRow; }
 
  private:
+  // The phase-1 passes alone (no feasibility decision); false when a pivot search failed.
+  bool phase1Passes();
   double unit(int i, int k) const { return i == k && i <= m_unitOrder ? 1.0 : 0.0; }
   // Minimum-ratio test of column c over rows 1..n + 3; 0 when no row qualifies.
   int ratioTest(int c);
