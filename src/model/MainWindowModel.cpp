@@ -5,6 +5,7 @@
 
 #include "engine/Simplex.h"
 #include "tables/NumericText.h"
+#include "tables/TableError.h"
 #include "tables/TextIndex.h"
 
 namespace pescavo {
@@ -57,20 +58,27 @@ void MainWindowModel::startUp(const std::string& folder, bool simple) {
 void MainWindowModel::load(ComponentTable table, std::vector<FishSpecies> species,
                            std::vector<FishMealGrade> fishmeal, bool simple) {
   m_simpleMode = simple;
+  m_layout = MainWindowLayout();
   m_speciesTable = std::move(species);
   m_species = 0;
   m_table = std::move(table);
   m_substance = 0;
-  m_deleteSubstanceEnabled = m_table.substanceCount() > 1;
+  setEnabled("Loeschen", m_table.substanceCount() > 1);
   m_criterion = Criterion::Maximum;
-  m_removeEnabled = false;
-  m_removeAllEnabled = false;
+  setEnabled("raus", false);
+  setEnabled("alle_raus", false);
   m_residueGrid = lade_Schadstoffwerte(m_table, m_substance + 1);
   m_fishmealTable = std::move(fishmeal);
   m_fishmealGrade = 2;
   m_databaseModified = false;
+  m_layout.hide({"FischmehlCaption", "EingabeSchadstoff"});
   Futterliste_aktualisieren();
-  if (m_simpleMode) m_pseudo.pc = true;
+  if (m_simpleMode) {
+    m_pseudo.pc = true;
+    m_layout.applySimpleLayout(false);
+    m_layout.hide({"restore", "Image6"});
+  }
+  m_layout.hide({"MenuEdit"});
 }
 
 std::string MainWindowModel::substanceName() const {
@@ -112,8 +120,8 @@ void MainWindowModel::Rein() {
     m_chosenChanged = true;
   }
   if (!m_chosen.empty()) {
-    m_removeEnabled = true;
-    m_removeAllEnabled = true;
+    setEnabled("raus", true);
+    setEnabled("alle_raus", true);
   }
   Ergebnis_ausblenden();
 }
@@ -132,9 +140,9 @@ void MainWindowModel::raus() {
   const int count = static_cast<int>(m_chosen.size());
   m_currentChosen = count > 0 ? Minimum(p, count - 1) : -1;
   if (count == 0) {
-    m_addEnabled = true;
-    m_removeEnabled = false;
-    m_removeAllEnabled = false;
+    setEnabled("Rein", true);
+    setEnabled("raus", false);
+    setEnabled("alle_raus", false);
   }
   Ergebnis_ausblenden();
 }
@@ -144,8 +152,8 @@ void MainWindowModel::alle_raus() {
   m_chosenChanged = true;
   m_currentChosen = -1;
   Ergebnis_ausblenden();
-  m_removeEnabled = false;
-  m_removeAllEnabled = false;
+  setEnabled("raus", false);
+  setEnabled("alle_raus", false);
 }
 
 std::string MainWindowModel::tooltipText(int position) const {
@@ -157,6 +165,17 @@ std::string MainWindowModel::tooltipText(int position) const {
          " %, Lipid content: " + generalForm(entry.lipid, sep) + " %" +
          "  Testicide content: " + generalForm(entry.residue, sep) + " mg/kg." +
          " Max. content in food: " + generalForm(maxInclusion, sep) + " %";
+}
+
+void MainWindowModel::Fischfutter1_MouseDown(int position, int x, int y) {
+  if (position < 0) return;
+  m_availableTooltip = tooltipText(position);
+  m_pressX = x;
+  m_pressY = y;
+}
+
+void MainWindowModel::Fischfutter1_MouseMove(int x, int y) {
+  if (!m_availableTooltip.empty() && x != m_pressX && y != m_pressY) m_availableTooltip.clear();
 }
 
 void MainWindowModel::setCriterionOption(Criterion criterion) {
@@ -179,8 +198,7 @@ void MainWindowModel::setSpecies(int position) { change(m_species, position); }
 void MainWindowModel::setFishmealGrade(int position) { change(m_fishmealGrade, position); }
 
 void MainWindowModel::Ergebnis_ausblenden() {
-  m_resultVisible = false;
-  m_reportButtonVisible = false;
+  m_layout.hide({"Ergebnis", "ReportButton", "Gegenpruefung"});
 }
 
 void MainWindowModel::Optimierung_Click() {
@@ -220,10 +238,9 @@ void MainWindowModel::EinfacheOptimierung() {
   if (!m_result.solvable) return stopRun(kNotSolvable);
   if (const std::string why = unusableBurden(); !why.empty()) return stopRun(why);
   if (m_allScenariosMode) return Ergebnis_ausblenden();
-  m_resultVisible = true;
   m_resultText = resultStatement();
   m_resultRed = m_result.burden > 0.1;
-  m_reportButtonVisible = true;
+  m_layout.show({"Ergebnis", "ReportButton", "Gegenpruefung"});
 }
 
 void MainWindowModel::stopRun(const std::string& message) {
@@ -422,6 +439,62 @@ std::string MainWindowModel::resultStatement() const {
   return std::string(kMinMaxItems[m_criterion == Criterion::Minimum ? 1 : 0]) + " " +
          "dietary burden based on " + substanceName() + " is " +
          fixedForm(m_result.burden, "0.000", m_decimalSeparator) + " mg/kg.";
+}
+
+namespace {
+
+const char* const kSaveQuestion = "You modified the substance database. Do you want to save?";
+const char* const kSortQuestion = "Do you want to sort the data base entries?";
+const char* const kResetQuestion = "You want to reset the data base settings?";
+
+}  // namespace
+
+void MainWindowModel::save() {
+  Ergebnis_ausblenden();
+  try {
+    writeComponentTable(m_table, feedstuffPath(), m_decimalSeparator);
+  } catch (const TableError& error) {
+    m_dialogs.information(error.what());
+  }
+  Futterliste_aktualisieren();
+}
+
+bool MainWindowModel::Ende_Click() {
+  if (!m_databaseModified) return true;
+  if (!m_dialogs.askYesNo(kSaveQuestion)) return true;
+  try {
+    writeComponentTable(m_table, feedstuffPath(), m_decimalSeparator);
+  } catch (const TableError& error) {
+    // Nothing is lost: the old file stands and the window stays open to try again.
+    m_dialogs.information(error.what());
+    return false;
+  }
+  if (!m_dialogs.askYesNo(kSortQuestion)) return true;
+  try {
+    sortComponentFile(feedstuffPath());
+  } catch (const TableError& error) {
+    // The database is saved; only its order is as before.
+    m_dialogs.information(error.what());
+  }
+  return true;
+}
+
+void MainWindowModel::restore() {
+  if (!m_dialogs.askYesNo(kResetQuestion)) return;
+  ComponentTable table;
+  try {
+    table = resetComponentTable(m_inputFolder);
+  } catch (const TableError& error) {
+    m_dialogs.information(error.what());
+    return;
+  }
+  m_table = std::move(table);
+  m_substance = 0;
+  setEnabled("Loeschen", m_table.substanceCount() > 1);
+  Futterliste_aktualisieren();
+  m_residueGrid = lade_Schadstoffwerte(m_table, m_substance + 1);
+  // The lists were emptied, so a result on screen no longer belongs to them.
+  Ergebnis_ausblenden();
 }
 
 }  // namespace pescavo

@@ -8,6 +8,7 @@
 #include "engine/OptimisationProblem.h"
 #include "engine/SimplexTableau.h"
 #include "model/Dialogs.h"
+#include "model/MainWindowLayout.h"
 #include "model/ReportState.h"
 #include "tables/ComponentTable.h"
 #include "tables/ComponentViews.h"
@@ -70,7 +71,7 @@ class MainWindowModel {
   void selectSubstance(int position);
   void Futterliste_aktualisieren();
   const std::vector<std::array<std::string, 6>>& residueGrid() const { return m_residueGrid; }
-  bool deleteSubstanceEnabled() const { return m_deleteSubstanceEnabled; }
+  bool deleteSubstanceEnabled() const { return m_layout.at("Loeschen").enabled; }
 
   // Component lists and their buttons.
   const std::vector<ListEntry>& available() const { return m_available; }
@@ -85,11 +86,16 @@ class MainWindowModel {
   void alle_rein();
   void raus();
   void alle_raus();
-  bool addEnabled() const { return m_addEnabled; }
-  bool removeEnabled() const { return m_removeEnabled; }
-  bool removeAllEnabled() const { return m_removeAllEnabled; }
+  bool addEnabled() const { return m_layout.at("Rein").enabled; }
+  bool removeEnabled() const { return m_layout.at("raus").enabled; }
+  bool removeAllEnabled() const { return m_layout.at("alle_raus").enabled; }
   bool chosenCaptionRed() const { return m_chosenCaptionRed; }
   std::string tooltipText(int position) const;  // for the available entry at position
+  // Fischfutter1's information tooltip: set by a press on the list (position is the current
+  // item then), dropped once the pointer has left the press point in both directions.
+  void Fischfutter1_MouseDown(int position, int x, int y);
+  void Fischfutter1_MouseMove(int x, int y);
+  const std::string& availableTooltip() const { return m_availableTooltip; }
 
   // Options; each change withdraws the result shown.
   Criterion criterionOption() const { return m_criterionOption; }
@@ -113,11 +119,22 @@ class MainWindowModel {
   bool allScenariosMode() const { return m_allScenariosMode; }
   void setAllScenariosMode(bool on) { m_allScenariosMode = on; }
   bool databaseModified() const { return m_databaseModified; }
-  bool resultVisible() const { return m_resultVisible; }
-  bool reportButtonVisible() const { return m_reportButtonVisible; }
+  bool resultVisible() const { return m_layout.at("Ergebnis").visible; }
+  bool reportButtonVisible() const { return m_layout.at("ReportButton").visible; }
   const std::string& resultText() const { return m_resultText; }
   bool resultRed() const { return m_resultRed; }
   void Ergebnis_ausblenden();
+
+  // Captions, places and shown and enabled states of every control.
+  const MainWindowLayout& layout() const { return m_layout; }
+
+  // "&save": writes feedstuff.tab; a failed write is shown with the file and the reason.
+  void save();
+  // "Exit" and "e&xit": the save and sort questions. True when the program is to end now;
+  // false when it stays open (a failed write loses nothing).
+  bool Ende_Click();
+  // "&restore original data base": the question, then feedstuff1.tab over feedstuff.tab.
+  void restore();
 
   // Runs.
   void Optimierung_Click();
@@ -162,6 +179,13 @@ class MainWindowModel {
  private:
   // Shows why the run stops there and withdraws the result.
   void stopRun(const std::string& message);
+  void setEnabled(std::string_view control, bool enabled) {
+    m_layout.at(control).enabled = enabled;
+  }
+  void setVisible(std::string_view control, bool visible) {
+    m_layout.at(control).visible = visible;
+  }
+  std::string feedstuffPath() const { return m_inputFolder + "/feedstuff.tab"; }
   // Laden's steps.
   void sizeProblem(int chosen);
   void matchChosenEntries();
@@ -185,16 +209,15 @@ class MainWindowModel {
 
   int m_substance = -1;
   std::vector<std::array<std::string, 6>> m_residueGrid;
-  bool m_deleteSubstanceEnabled = false;
   std::vector<ListEntry> m_available;
   std::vector<WorkingSetEntry> m_workingSet;  // by position in m_available
   std::vector<bool> m_selected;
   std::vector<ListEntry> m_chosen;
   int m_currentChosen = -1;
-  bool m_addEnabled = true;
-  bool m_removeEnabled = false;
-  bool m_removeAllEnabled = false;
   bool m_chosenCaptionRed = false;
+  std::string m_availableTooltip;
+  int m_pressX = 0;
+  int m_pressY = 0;
 
   Criterion m_criterionOption = Criterion::Maximum;
   Species m_speciesOption = Species::CommonCarp;
@@ -207,8 +230,6 @@ class MainWindowModel {
   bool m_simpleMode = false;
   bool m_allScenariosMode = false;
   bool m_databaseModified = false;
-  bool m_resultVisible = false;
-  bool m_reportButtonVisible = false;
   std::string m_resultText;
   bool m_resultRed = false;
 
@@ -221,6 +242,7 @@ class MainWindowModel {
   std::vector<int> m_matched;   // per chosen entry, the available position the last Laden used
   bool m_chosenChanged = true;  // since Laden last named the variables after the chosen list
 
+  MainWindowLayout m_layout;
   ReportState m_report;
   char m_decimalSeparator;
   Dialogs& m_dialogs;

@@ -477,8 +477,11 @@ void sortComponentFile(const std::string& path) {
 ComponentTable resetComponentTable(const std::string& inputFolder) {
   const std::string pristine = joinPath(inputFolder, "feedstuff1.tab");
   const std::string current = joinPath(inputFolder, "feedstuff.tab");
-  writeFileAtomic(current, readFileBytes(pristine));
-  return readComponentTable(current);
+  // A pristine copy that cannot be read must not replace a database that can.
+  const std::string bytes = readFileBytes(pristine);
+  ComponentTable table = parseComponentTable(bytes, pristine);
+  writeFileAtomic(current, bytes);
+  return table;
 }
 
 }  // namespace pescavo

@@ -1,0 +1,146 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "model/MainWindowModel.h"
+
+namespace pescavo {
+namespace {
+
+class AnsweringDialogs : public Dialogs {
+ public:
+  void information(const std::string& text) override { messages.push_back(text); }
+  bool askYesNo(const std::string& text) override {
+    questions.push_back(text);
+    if (answers.empty()) throw std::logic_error("unexpected question: " + text);
+    const bool answer = answers.front();
+    answers.erase(answers.begin());
+    return answer;
+  }
+  std::vector<bool> answers;
+  std::vector<std::string> messages;
+  std::vector<std::string> questions;
+};
+
+// The model started on a copy of the sample tables.
+class MainWindowFilesTest : public ::testing::Test {
+ protected:
+  MainWindowFilesTest() : model(dialogs, '.') {}
+  void SetUp() override {
+    const std::string test = ::testing::UnitTest::GetInstance()->current_test_info()->name();
+    folder = std::filesystem::temp_directory_path() / ("pescavo-model-" + test);
+    std::filesystem::remove_all(folder);
+    std::filesystem::create_directories(folder);
+    std::filesystem::copy(PESCAVO_SAMPLE_INPUT, folder / "Input");
+  }
+  void TearDown() override {
+    std::filesystem::permissions(folder / "Input", std::filesystem::perms::owner_all);
+    std::filesystem::remove_all(folder);
+  }
+  void start(bool simple = false) { model.startUp((folder / "Input").string(), simple); }
+  std::string read(const std::string& name) const {
+    std::ifstream in(folder / "Input" / name, std::ios::binary);
+    std::stringstream bytes;
+    bytes << in.rdbuf();
+    return bytes.str();
+  }
+
+  std::filesystem::path folder;
+  AnsweringDialogs dialogs;
+  MainWindowModel model;
+};
+
+TEST_F(MainWindowFilesTest, StartUpSetsTheDesignedStatesAndTheSimpleLayoutMovesTheRest) {
+  start();
+  const MainWindowLayout& full = model.layout();
+  EXPECT_EQ(full.width(), MainWindowLayout::kFullWidth);
+  EXPECT_TRUE(full.at("Loeschen").enabled);
+  EXPECT_FALSE(full.at("raus").enabled || full.at("alle_raus").enabled);
+  EXPECT_FALSE(full.at("MenuEdit").visible);
+  EXPECT_TRUE(full.at("restore").visible);
+  EXPECT_FALSE(full.at("Check1").visible || full.at("FischmehlCaption").visible);
+  EXPECT_EQ(full.at("Ende").caption, "Exit");
+  EXPECT_THROW(full.at("Fischfutter3"), std::out_of_range);
+
+  start(true);
+  const MainWindowLayout& simple = model.layout();
+  EXPECT_EQ(simple.width(), 9000);
+  EXPECT_TRUE(model.pseudoComponents().pc);
+  EXPECT_FALSE(simple.at("Check1").visible || simple.at("Fischfutter2").visible ||
+               simple.at("restore").visible || simple.at("Image6").visible);
+  EXPECT_TRUE(simple.at("Fischmehl").visible && simple.at("FischmehlCaption").visible);
+  EXPECT_EQ(simple.at("Fischmehl").top, 3400);
+  EXPECT_EQ(simple.at("FischmehlCaption").top, 3050);
+  EXPECT_EQ(simple.at("Optimierung").left, 7000);
+  EXPECT_EQ(simple.at("ReportButton").top, 2880);
+  EXPECT_EQ(simple.at("Image1").left, 7840);
+  // Every visible control stays inside the narrow window.
+  for (const std::string& name : simple.names()) {
+    const ControlState& control = simple.at(name);
+    if (control.visible && control.parent.empty()) {
+      EXPECT_LE(control.left + control.width, simple.width()) << name;
+    }
+  }
+  // After editing the fish-meal chooser sits lower, as it always has.
+  MainWindowLayout again = simple;
+  again.applySimpleLayout(true);
+  EXPECT_EQ(again.at("Fischmehl").top, 3600);
+  EXPECT_EQ(again.at("FischmehlCaption").top, 3250);
+  EXPECT_LT(again.at("Fischfutter1").top + again.at("Fischfutter1").height, 3250);
+}
+
+TEST_F(MainWindowFilesTest, TheInformationTooltipStaysWhileThePointerKeepsOneCoordinate) {
+  start();
+  model.Fischfutter1_MouseDown(-1, 5, 5);  // no current item: nothing
+  EXPECT_EQ(model.availableTooltip(), "");
+  model.Fischfutter1_MouseDown(0, 10, 20);
+  const std::string figures = model.availableTooltip();
+  EXPECT_EQ(figures, model.tooltipText(0));
+  model.Fischfutter1_MouseMove(10, 40);
+  model.Fischfutter1_MouseMove(30, 20);
+  EXPECT_EQ(model.availableTooltip(), figures);
+  model.Fischfutter1_MouseMove(11, 21);
+  EXPECT_EQ(model.availableTooltip(), "");
+}
+
+TEST_F(MainWindowFilesTest, RestoreAsksFirstAndKeepsTheDatabaseWhenThePristineCopyIsBad) {
+  start();
+  model.alle_rein();
+  const std::string database = read("feedstuff.tab");
+  dialogs.answers = {false};
+  model.restore();
+  EXPECT_EQ(dialogs.questions,
+            std::vector<std::string>{"You want to reset the data base settings?"});
+  EXPECT_FALSE(model.chosen().empty());
+
+  std::ofstream(folder / "Input" / "feedstuff1.tab", std::ios::binary) << "Category\tCrop\r\nx";
+  dialogs.answers = {true};
+  model.restore();
+  ASSERT_EQ(dialogs.messages.size(), 1u);
+  EXPECT_NE(dialogs.messages[0].find("feedstuff1.tab"), std::string::npos);
+  EXPECT_EQ(read("feedstuff.tab"), database);
+  EXPECT_EQ(model.table().substanceCount(), 5);
+  EXPECT_FALSE(model.chosen().empty());
+}
+
+TEST_F(MainWindowFilesTest, AFailedSaveNamesTheFileAndKeepsTheOldOne) {
+  start();
+  const std::string database = read("feedstuff.tab");
+  // A folder where the file's replacement would go cannot be written over.
+  std::filesystem::rename(folder / "Input" / "feedstuff.tab", folder / "Input" / "kept.tab");
+  std::filesystem::create_directory(folder / "Input" / "feedstuff.tab");
+  model.save();
+  ASSERT_EQ(dialogs.messages.size(), 1u);
+  EXPECT_NE(dialogs.messages[0].find("feedstuff.tab"), std::string::npos);
+  EXPECT_NE(dialogs.messages[0].find("(Is a directory)"), std::string::npos) << dialogs.messages[0];
+  EXPECT_TRUE(std::filesystem::is_directory(folder / "Input" / "feedstuff.tab"));
+  EXPECT_EQ(read("kept.tab"), database);
+}
+
+}  // namespace
+}  // namespace pescavo
