@@ -1,0 +1,50 @@
+#include "desktop/QtDialogs.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QDesktopServices>
+#include <QImage>
+#include <QMessageBox>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QUrl>
+
+namespace pescavo {
+
+namespace {
+
+const char* const kTitle = "Pescavo";
+
+}  // namespace
+
+void QtDialogs::information(const std::string& text) {
+  QMessageBox::information(m_parent, kTitle, QString::fromStdString(text));
+}
+
+bool QtDialogs::askYesNo(const std::string& text) {
+  // The questions carry no icon.
+  QMessageBox box(QMessageBox::NoIcon, kTitle, QString::fromStdString(text),
+                  QMessageBox::Yes | QMessageBox::No, m_parent);
+  return box.exec() == QMessageBox::Yes;
+}
+
+bool QtDialogs::choosePrinter(QPrinter& printer) {
+  QPrintDialog dialog(&printer, m_parent);
+  return dialog.exec() == QDialog::Accepted;
+}
+
+void QtDialogs::setClipboardText(const std::string& text) {
+  QApplication::clipboard()->setText(QString::fromStdString(text));
+}
+
+std::string QtDialogs::clipboardText() { return QApplication::clipboard()->text().toStdString(); }
+
+void QtDialogs::setClipboardImage(const QImage& image) {
+  QApplication::clipboard()->setImage(image);
+}
+
+bool QtDialogs::openWithDesktop(const std::string& path) {
+  return QDesktopServices::openUrl(QUrl::fromLocalFile(QString::fromStdString(path)));
+}
+
+}  // namespace pescavo

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QRect>
+
+namespace pescavo {
+
+// The main window's design is in twips; Qt places in device-independent pixels, so the
+// window looks as designed at any display scaling.
+constexpr int kTwipsPerPixel = 15;
+
+constexpr int twipsToPixels(int twips) { return (twips + kTwipsPerPixel / 2) / kTwipsPerPixel; }
+
+inline QRect rectFromTwips(int left, int top, int width, int height) {
+  return QRect(twipsToPixels(left), twipsToPixels(top), twipsToPixels(width),
+               twipsToPixels(height));
+}
+
+}  // namespace pescavo

@@ -1,0 +1,42 @@
+#include "mainwindow/Dialog.h"
+
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <QTextEdit>
+#include <QVBoxLayout>
+
+namespace pescavo {
+
+Dialog::Dialog(QWidget* parent) : QDialog(parent) {
+  setObjectName("Dialog");
+  setWindowTitle("Fish Species");
+  m_info = new QTextEdit(this);
+  m_info->setObjectName("InfoFisch");
+  m_info->setAccessibleName("Information");
+  m_info->setReadOnly(true);
+  auto* ok = new QPushButton("OK", this);
+  ok->setObjectName("OKButton");
+  ok->setAccessibleName("OK");
+  auto* buttons = new QHBoxLayout;
+  buttons->addStretch();
+  buttons->addWidget(ok);
+  auto* page = new QVBoxLayout(this);
+  page->addWidget(m_info, 1);
+  page->addLayout(buttons);
+  resize(420, 240);
+  connect(ok, &QPushButton::clicked, this, &QDialog::close);
+}
+
+void Dialog::showText(const QString& caption, const QString& text) {
+  setWindowTitle(caption);
+  m_info->clear();
+  m_info->setVisible(true);
+  m_info->setEnabled(true);
+  m_info->setReadOnly(false);
+  m_info->setPlainText(text);
+  m_info->setReadOnly(true);
+  show();
+  raise();
+}
+
+}  // namespace pescavo

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QDialog>
+
+class QTextEdit;
+
+namespace pescavo {
+
+// The small information window ("Fish Species" as designed) that the information images fill.
+class Dialog : public QDialog {
+  Q_OBJECT
+
+ public:
+  explicit Dialog(QWidget* parent = nullptr);
+  // Caption and text, read-only; shown without blocking, one window for every image.
+  void showText(const QString& caption, const QString& text);
+
+ private:
+  QTextEdit* m_info;
+};
+
+}  // namespace pescavo

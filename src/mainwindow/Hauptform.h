@@ -1,0 +1,110 @@
+#pragma once
+
+#include <QMainWindow>
+#include <QPointer>
+#include <map>
+#include <memory>
+#include <string>
+
+#include "model/MainWindowModel.h"
+
+class QAction;
+class QListWidget;
+class QTextEdit;
+
+namespace pescavo {
+
+class DesktopDialogs;
+class Dialog;
+class Report;
+class Ueber;
+
+// The main window. It shows the model's state and forwards every event to one model
+// operation; the rules live in MainWindowModel. Its member functions are split by concern:
+// HauptformControls.cpp (the widgets from the model's layout), HauptformLists.cpp (substances
+// and components), HauptformRuns.cpp (options, runs, result box), HauptformMenus.cpp (menus,
+// save, exit, restore).
+class Hauptform : public QMainWindow {
+  Q_OBJECT
+
+ public:
+  Hauptform(DesktopDialogs& dialogs, char decimalSeparator, QWidget* parent = nullptr);
+  ~Hauptform() override;
+
+  // Reads the tables from inputFolder and shows their state. False when a table cannot be
+  // read: its message (file, line, cell) has been shown and the program is to end.
+  bool startUp(const std::string& inputFolder, bool simpleMode);
+
+  MainWindowModel& model() { return *m_model; }
+  // The folder that was current at start-up: help.chm and the report files live there.
+  void setStartFolder(const std::string& folder) { m_startFolder = folder; }
+
+ signals:
+  void ended();  // the program is to end
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  class WindowDialogs;
+
+  // HauptformControls.cpp
+  void buildControls();
+  QWidget* makeControl(const std::string& name, const ControlState& state, QWidget* parent);
+  void buildMenus();
+  void connectControls();
+  // Copies captions, places, shown and enabled states and the list label's colour.
+  void applyLayout();
+  template <typename T>
+  T* control(const std::string& name) const {
+    return qobject_cast<T*>(m_controls.at(name));
+  }
+
+  // HauptformLists.cpp
+  void fillSubstances();
+  void fillAvailable();
+  void fillChosen();
+  void showAvailableSelection();
+  void forwardAvailableSelection();
+  void Schadstoffliste_Click(int row);
+  void Rein_Click();
+  void alle_rein_Click();
+  void raus_Click();
+  void alle_raus_Click();
+  void availablePressed();
+  void availableMoved(const QPoint& position);
+
+  // HauptformRuns.cpp
+  void connectOptions();
+  void showOptions();
+  void showResult();
+  void Optimierung_Click();
+  void Optimierung2_Click();
+  void ReportButton_Click();
+
+  // HauptformMenus.cpp
+  void save_Click();
+  void exit_Click();
+  void restore_Click();
+  void help_Click();
+  void showAbout(bool modal);
+  // Everything the model may have changed: lists, options, result and layout.
+  void showAll();
+
+  DesktopDialogs& m_dialogs;
+  std::unique_ptr<WindowDialogs> m_windowDialogs;
+  std::unique_ptr<MainWindowModel> m_model;
+  std::map<std::string, QWidget*> m_controls;
+  std::map<std::string, QAction*> m_menuItems;
+  std::map<std::string, std::string> m_shownCaptions;
+  std::string m_startFolder = ".";
+  bool m_filling = false;  // lists being filled from the model: no events back into it
+  bool m_ending = false;
+  QPoint m_pressPoint;  // where the last press on the available list was
+  QPointer<Ueber> m_about;
+  QPointer<Dialog> m_information;
+  Report* m_report = nullptr;
+};
+
+}  // namespace pescavo

@@ -1,0 +1,108 @@
+#include <QListWidget>
+#include <QSignalBlocker>
+
+#include "mainwindow/Hauptform.h"
+
+namespace pescavo {
+
+namespace {
+
+void fill(QListWidget& list, const std::vector<ListEntry>& entries) {
+  QStringList texts;
+  texts.reserve(static_cast<int>(entries.size()));
+  for (const ListEntry& entry : entries) texts.append(QString::fromStdString(entry.text));
+  list.clear();
+  list.addItems(texts);
+}
+
+}  // namespace
+
+void Hauptform::fillSubstances() {
+  auto* list = control<QListWidget>("Schadstoffliste");
+  const QSignalBlocker quiet(list);
+  const ComponentTable& table = m_model->table();
+  QStringList names;
+  names.reserve(table.substanceCount());
+  for (int s = 1; s <= table.substanceCount(); ++s)
+    names.append(QString::fromStdString(table.substanceName(s)));
+  list->clear();
+  list->addItems(names);
+  list->setCurrentRow(m_model->substancePosition());
+}
+
+void Hauptform::fillAvailable() {
+  auto* list = control<QListWidget>("Fischfutter1");
+  const QSignalBlocker quiet(list);
+  fill(*list, m_model->available());
+  list->setToolTip(QString());
+}
+
+void Hauptform::fillChosen() {
+  auto* list = control<QListWidget>("Fischfutter2");
+  const QSignalBlocker quiet(list);
+  fill(*list, m_model->chosen());
+  if (m_model->currentChosen() >= 0) list->setCurrentRow(m_model->currentChosen());
+}
+
+void Hauptform::showAvailableSelection() {
+  auto* list = control<QListWidget>("Fischfutter1");
+  const QSignalBlocker quiet(list);
+  for (int p = 0; p < list->count(); ++p) list->item(p)->setSelected(m_model->isSelected(p));
+}
+
+void Hauptform::forwardAvailableSelection() {
+  auto* list = control<QListWidget>("Fischfutter1");
+  m_model->clearSelection();
+  for (const QListWidgetItem* item : list->selectedItems())
+    m_model->setSelected(list->row(item), true);
+}
+
+void Hauptform::Schadstoffliste_Click(int row) {
+  if (row < 0) return;
+  m_model->selectSubstance(row);
+  fillAvailable();
+  fillChosen();
+  applyLayout();
+}
+
+void Hauptform::Rein_Click() {
+  forwardAvailableSelection();
+  m_model->Rein();
+  fillChosen();
+  applyLayout();
+}
+
+void Hauptform::alle_rein_Click() {
+  m_model->alle_rein();
+  showAvailableSelection();
+  fillChosen();
+  applyLayout();
+}
+
+void Hauptform::raus_Click() {
+  m_model->setCurrentChosen(control<QListWidget>("Fischfutter2")->currentRow());
+  m_model->raus();
+  fillChosen();
+  applyLayout();
+}
+
+void Hauptform::alle_raus_Click() {
+  m_model->alle_raus();
+  fillChosen();
+  applyLayout();
+}
+
+void Hauptform::availablePressed() {
+  auto* list = control<QListWidget>("Fischfutter1");
+  m_model->Fischfutter1_MouseDown(list->currentRow(), m_pressPoint.x(), m_pressPoint.y());
+  list->setToolTip(QString::fromStdString(m_model->availableTooltip()));
+}
+
+void Hauptform::availableMoved(const QPoint& position) {
+  m_model->Fischfutter1_MouseMove(position.x(), position.y());
+  auto* list = control<QListWidget>("Fischfutter1");
+  if (m_model->availableTooltip().empty() && !list->toolTip().isEmpty())
+    list->setToolTip(QString());
+}
+
+}  // namespace pescavo

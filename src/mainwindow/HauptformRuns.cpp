@@ -1,0 +1,114 @@
+#include <QAbstractButton>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QListWidget>
+#include <QRadioButton>
+#include <QSignalBlocker>
+#include <QTextCursor>
+#include <QTextEdit>
+
+#include "mainwindow/Hauptform.h"
+#include "tables/FishTables.h"
+
+namespace pescavo {
+
+void Hauptform::connectOptions() {
+  const auto onClick = [this](const char* name, auto handler) {
+    connect(control<QAbstractButton>(name), &QAbstractButton::clicked, this, [this, handler] {
+      handler();
+      applyLayout();
+    });
+  };
+  MainWindowModel& model = *m_model;
+  onClick("Option1", [&model] { model.setCriterionOption(Criterion::Minimum); });
+  onClick("Option2", [&model] { model.setCriterionOption(Criterion::Maximum); });
+  onClick("Option3", [&model] { model.setSpeciesOption(Species::CommonCarp); });
+  onClick("Option4", [&model] { model.setSpeciesOption(Species::RainbowTrout); });
+  const auto pseudo = [this] {
+    m_model->setPseudoComponents({control<QCheckBox>("Check1")->isChecked(),
+                                  control<QCheckBox>("Check4")->isChecked(),
+                                  control<QCheckBox>("Check5")->isChecked()});
+  };
+  for (const char* check : {"Check1", "Check4", "Check5"}) onClick(check, pseudo);
+  onClick("Check2", [this] { m_model->setMrbdLimits(control<QCheckBox>("Check2")->isChecked()); });
+  const auto onChoice = [this](const char* name, auto handler) {
+    connect(control<QComboBox>(name), QOverload<int>::of(&QComboBox::activated), this,
+            [this, handler](int position) {
+              handler(position);
+              applyLayout();
+            });
+  };
+  onChoice("Fischarten", [&model](int position) { model.setSpecies(position); });
+  onChoice("MinMax", [&model](int position) {
+    model.setCriterion(position == 1 ? Criterion::Minimum : Criterion::Maximum);
+  });
+  onChoice("Fischmehl", [&model](int position) { model.setFishmealGrade(position); });
+}
+
+void Hauptform::showOptions() {
+  const char separator = m_model->decimalSeparator();
+  auto* species = control<QComboBox>("Fischarten");
+  auto* fishmeal = control<QComboBox>("Fischmehl");
+  if (species->count() != static_cast<int>(m_model->speciesTable().size())) {
+    const QSignalBlocker quiet(species);
+    species->clear();
+    for (const FishSpecies& entry : m_model->speciesTable())
+      species->addItem(QString::fromStdString(entry.name));
+  }
+  if (fishmeal->count() != static_cast<int>(m_model->fishmealTable().size())) {
+    const QSignalBlocker quiet(fishmeal);
+    fishmeal->clear();
+    for (const FishMealGrade& grade : m_model->fishmealTable())
+      fishmeal->addItem(QString::fromStdString(fishmealItemText(grade, separator)));
+  }
+  const auto set = [](QWidget* widget, auto apply) {
+    const QSignalBlocker quiet(widget);
+    apply();
+  };
+  set(species, [&] { species->setCurrentIndex(m_model->species()); });
+  set(fishmeal, [&] { fishmeal->setCurrentIndex(m_model->fishmealGrade()); });
+  auto* criterion = control<QComboBox>("MinMax");
+  set(criterion, [&] { criterion->setCurrentIndex(m_model->criterion() == Criterion::Minimum); });
+  const bool minimum = m_model->criterionOption() == Criterion::Minimum;
+  control<QRadioButton>(minimum ? "Option1" : "Option2")->setChecked(true);
+  const bool carp = m_model->speciesOption() == Species::CommonCarp;
+  control<QRadioButton>(carp ? "Option3" : "Option4")->setChecked(true);
+  const MainWindowModel::PseudoComponents pseudo = m_model->pseudoComponents();
+  control<QCheckBox>("Check1")->setChecked(pseudo.pc);
+  control<QCheckBox>("Check4")->setChecked(pseudo.cc);
+  control<QCheckBox>("Check5")->setChecked(pseudo.f);
+  control<QCheckBox>("Check2")->setChecked(m_model->mrbdLimits());
+}
+
+// The statement in bold, red above 0.1 mg/kg. The independent check's sentence stands apart
+// under it: quiet when it agrees, unmistakable when it does not.
+void Hauptform::showResult() {
+  if (!m_model->resultVisible()) return;
+  auto* box = control<QTextEdit>("Ergebnis");
+  box->clear();
+  QTextCharFormat format;
+  format.setFontWeight(QFont::Bold);
+  format.setForeground(m_model->resultRed() ? QColor(255, 0, 0) : QColor(0, 0, 0));
+  QTextCursor cursor(box->document());
+  cursor.insertText(QString::fromStdString(m_model->resultText()), format);
+  auto* check = control<QLabel>("Gegenpruefung");
+  const QString sentence = QString::fromStdString(m_model->checkSentence());
+  check->setText(sentence);
+  check->setToolTip(sentence);
+  const bool agrees = m_model->check().verdict == CheckVerdict::Agrees;
+  check->setAutoFillBackground(!agrees);
+  check->setStyleSheet(agrees ? "color: rgb(96, 96, 96);"
+                              : "background-color: rgb(255, 255, 0); color: rgb(192, 0, 0); "
+                                "font-weight: bold; border: 2px solid rgb(192, 0, 0);");
+}
+
+void Hauptform::Optimierung_Click() {
+  m_model->Optimierung_Click();
+  if (m_model->simpleMode()) fillChosen();
+  showOptions();
+  showResult();
+  applyLayout();
+}
+
+}  // namespace pescavo

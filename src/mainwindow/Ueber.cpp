@@ -1,0 +1,33 @@
+#include "mainwindow/Ueber.h"
+
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "mainwindow/Infoscreen.h"
+
+namespace pescavo {
+
+Ueber::Ueber(QWidget* parent) : QDialog(parent, Qt::Dialog | Qt::FramelessWindowHint) {
+  setObjectName("Ueber");
+  setWindowTitle("About Pescavo");
+  setAccessibleName("About Pescavo");
+  auto* ok = new QPushButton("OK", this);
+  ok->setObjectName("Command1");
+  ok->setAccessibleName("OK");
+  ok->setMinimumSize(110, 32);
+  ok->setDefault(true);
+  auto* buttons = new QHBoxLayout;
+  buttons->addStretch();
+  buttons->addWidget(ok);
+  auto* page = new QVBoxLayout(this);
+  page->setContentsMargins(28, 28, 28, 20);
+  page->addWidget(makeCreditsPanel(this), 1);
+  page->addLayout(buttons);
+  setFixedSize(560, 300);
+  connect(ok, &QPushButton::clicked, this, &QDialog::accept);
+}
+
+void Ueber::paintEvent(QPaintEvent*) { paintBackground(*this); }
+
+}  // namespace pescavo

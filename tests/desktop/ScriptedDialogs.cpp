@@ -1,0 +1,38 @@
+#include "ScriptedDialogs.h"
+
+#include <gtest/gtest.h>
+
+#include <QPrinter>
+
+namespace pescavo {
+
+void ScriptedDialogs::information(const std::string& text) {
+  messages.push_back(text);
+  if (onMessage) onMessage(text);
+}
+
+bool ScriptedDialogs::askYesNo(const std::string& text) {
+  questions.push_back(text);
+  if (answers.empty()) {
+    ADD_FAILURE() << "unexpected question: " << text;
+    return false;
+  }
+  const bool answer = answers.front();
+  answers.pop_front();
+  return answer;
+}
+
+bool ScriptedDialogs::choosePrinter(QPrinter& printer) {
+  ++printDialogs;
+  if (printPdf.empty()) return false;
+  printer.setOutputFormat(QPrinter::PdfFormat);
+  printer.setOutputFileName(QString::fromStdString(printPdf));
+  return true;
+}
+
+bool ScriptedDialogs::openWithDesktop(const std::string& path) {
+  opened.push_back(path);
+  return true;
+}
+
+}  // namespace pescavo

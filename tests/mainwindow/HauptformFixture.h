@@ -1,0 +1,98 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QColor>
+#include <QListWidget>
+#include <QTest>
+#include <filesystem>
+#include <fstream>
+#include <memory>
+#include <sstream>
+#include <string>
+
+#include "ScriptedDialogs.h"
+#include "mainwindow/Hauptform.h"
+
+// Readable failure messages for Qt's values.
+inline void PrintTo(const QString& text, std::ostream* out) {
+  *out << '"' << text.toStdString() << '"';
+}
+inline void PrintTo(const QStringList& texts, std::ostream* out) {
+  *out << '"' << texts.join("\", \"").toStdString() << '"';
+}
+inline void PrintTo(const QColor& colour, std::ostream* out) {
+  *out << colour.name().toStdString();
+}
+
+namespace pescavo {
+
+// A copy of the sample tables in a folder of its own, and the main window started on it.
+class HauptformTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    const std::string test = ::testing::UnitTest::GetInstance()->current_test_info()->name();
+    m_folder = std::filesystem::temp_directory_path() / ("pescavo-gui-" + test);
+    std::filesystem::remove_all(m_folder);
+    std::filesystem::create_directories(m_folder);
+    std::filesystem::copy(PESCAVO_SAMPLE_INPUT, input());
+  }
+  void TearDown() override {
+    window.reset();
+    std::filesystem::remove_all(m_folder);
+  }
+
+  // Start-up as "START" (full) or "SIMPLE" does it; false when a table was refused.
+  bool start(bool simple = false) {
+    window = std::make_unique<Hauptform>(dialogs, '.');
+    window->setStartFolder(m_folder.string());
+    const bool started = window->startUp(input().string(), simple);
+    if (started) window->show();
+    return started;
+  }
+
+  std::filesystem::path input() const { return m_folder / "Input"; }
+  std::string read(const std::filesystem::path& path) const {
+    std::ifstream in(path, std::ios::binary);
+    std::stringstream bytes;
+    bytes << in.rdbuf();
+    return bytes.str();
+  }
+  void write(const std::filesystem::path& path, const std::string& bytes) const {
+    std::ofstream(path, std::ios::binary) << bytes;
+  }
+
+  template <typename T = QWidget>
+  T* find(const char* name) const {
+    T* widget = window->findChild<T*>(name);
+    EXPECT_NE(widget, nullptr) << name;
+    return widget;
+  }
+  void click(const char* name) { QTest::mouseClick(find<QAbstractButton>(name), Qt::LeftButton); }
+  bool shown(const char* name) const { return find(name)->isVisible(); }
+  bool enabled(const char* name) const { return find(name)->isEnabled(); }
+  QStringList items(const char* list) const {
+    QStringList texts;
+    auto* widget = find<QListWidget>(list);
+    for (int p = 0; p < widget->count(); ++p) texts.append(widget->item(p)->text());
+    return texts;
+  }
+  // Selects the items at these positions of a list, as a user's Ctrl+clicks would.
+  void select(const char* list, std::initializer_list<int> positions) {
+    auto* widget = find<QListWidget>(list);
+    widget->clearSelection();
+    for (int p : positions) widget->item(p)->setSelected(true);
+  }
+  void chooseSubstance(int position) {
+    find<QListWidget>("Schadstoffliste")->setCurrentRow(position);
+  }
+
+  ScriptedDialogs dialogs;
+  std::unique_ptr<Hauptform> window;
+
+ private:
+  std::filesystem::path m_folder;
+};
+
+}  // namespace pescavo

@@ -1,0 +1,132 @@
+#include <QAction>
+#include <QLabel>
+#include <QSignalSpy>
+#include <QTimer>
+
+#include "HauptformFixture.h"
+#include "mainwindow/Infoscreen.h"
+#include "mainwindow/Ueber.h"
+
+namespace pescavo {
+namespace {
+
+void trigger(Hauptform& window, const char* item) { window.findChild<QAction*>(item)->trigger(); }
+
+TEST_F(HauptformTest, ExitAndTheCloseButtonEndWithoutQuestionsWhenNothingChanged) {
+  ASSERT_TRUE(start());
+  QSignalSpy ended(window.get(), &Hauptform::ended);
+  click("Ende");
+  EXPECT_EQ(ended.count(), 1);
+  EXPECT_TRUE(dialogs.questions.empty());
+
+  ASSERT_TRUE(start());
+  QSignalSpy closed(window.get(), &Hauptform::ended);
+  window->close();
+  EXPECT_EQ(closed.count(), 1);
+  EXPECT_TRUE(dialogs.questions.empty());
+}
+
+TEST_F(HauptformTest, RestoreAnsweredNoChangesNothingAndYesReadsThePristineCopy) {
+  // A pristine copy with the first substance only.
+  std::string pristine;
+  {
+    std::istringstream lines(read(input() / "feedstuff1.tab"));
+    std::string line;
+    while (std::getline(lines, line)) {
+      std::vector<std::string> cells;
+      std::istringstream split(line);
+      for (std::string cell; std::getline(split, cell, '\t');) cells.push_back(cell);
+      for (int c = 0; c < 11; ++c) pristine += cells[c] + (c < 10 ? "\t" : "");
+      pristine += line.back() == '\r' ? "\n" : "\r\n";
+    }
+  }
+  write(input() / "feedstuff1.tab", pristine);
+  const std::string database = read(input() / "feedstuff.tab");
+  ASSERT_TRUE(start());
+  click("alle_rein");
+  click("Optimierung");
+
+  dialogs.answers = {false};
+  trigger(*window, "restore");
+  EXPECT_EQ(dialogs.questions.back(), "You want to reset the data base settings?");
+  EXPECT_EQ(items("Schadstoffliste").size(), 5);
+  EXPECT_EQ(read(input() / "feedstuff.tab"), database);
+  EXPECT_TRUE(shown("Ergebnis"));
+
+  dialogs.answers = {true};
+  trigger(*window, "restore");
+  EXPECT_EQ(items("Schadstoffliste"), QStringList{"Example substance A (fungicide)"});
+  EXPECT_EQ(read(input() / "feedstuff.tab"), pristine);
+  EXPECT_FALSE(enabled("Loeschen"));
+  EXPECT_TRUE(items("Fischfutter2").isEmpty());
+  EXPECT_FALSE(shown("Ergebnis"));
+  EXPECT_TRUE(dialogs.messages.empty());
+}
+
+TEST_F(HauptformTest, AnUnreadableTableAtStartUpIsNamedAndNothingIsShown) {
+  std::string table = read(input() / "feedstuff.tab");
+  const size_t cell = table.find("\t12.4\t");
+  ASSERT_NE(cell, std::string::npos);
+  table.replace(cell, 6, "\t12,4x\t");
+  write(input() / "feedstuff.tab", table);
+  EXPECT_FALSE(start());
+  ASSERT_EQ(dialogs.messages.size(), 1u);
+  EXPECT_NE(dialogs.messages[0].find("feedstuff.tab"), std::string::npos);
+  EXPECT_NE(dialogs.messages[0].find("line 2"), std::string::npos) << dialogs.messages[0];
+  EXPECT_NE(dialogs.messages[0].find("cell 5"), std::string::npos) << dialogs.messages[0];
+  EXPECT_FALSE(window->isVisible());
+}
+
+TEST_F(HauptformTest, EqualSubstanceNamesAreNamedOnceAtStartUp) {
+  std::string table = read(input() / "feedstuff.tab");
+  const std::string second = "Example substance B (herbicide)";
+  table.replace(table.find(second), second.size(), "Example substance A (fungicide)");
+  write(input() / "feedstuff.tab", table);
+  ASSERT_TRUE(start());
+  ASSERT_EQ(dialogs.messages.size(), 1u);
+  EXPECT_NE(dialogs.messages[0].find("Example substance A (fungicide)"), std::string::npos);
+}
+
+// The About window from the menu waits for "OK"; from the logo it leaves the window usable.
+TEST_F(HauptformTest, AboutIsModalFromTheMenuAndNotFromTheLogo) {
+  ASSERT_TRUE(start());
+  QString shownVersion;
+  bool wasModal = false;
+  QTimer::singleShot(0, [&] {
+    auto* about = qobject_cast<Ueber*>(QApplication::activeModalWidget());
+    ASSERT_NE(about, nullptr);
+    wasModal = about->isModal();
+    shownVersion = about->findChild<QLabel*>("Label1")->text();
+    QTest::mouseClick(about->findChild<QAbstractButton*>("Command1"), Qt::LeftButton);
+  });
+  trigger(*window, "M_About");
+  EXPECT_TRUE(wasModal);
+  EXPECT_EQ(shownVersion, "Pescavo 1.0.20");
+
+  click("Image1");
+  auto* about = window->findChild<Ueber*>();
+  ASSERT_NE(about, nullptr);
+  EXPECT_TRUE(about->isVisible());
+  EXPECT_FALSE(about->isModal());
+  EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+}
+
+TEST(InfoscreenTest, ShowsVersionAndDateAndStartsEitherLayout) {
+  Infoscreen screen;
+  screen.show();
+  EXPECT_TRUE(screen.windowFlags() & Qt::FramelessWindowHint);
+  EXPECT_EQ(screen.findChild<QLabel*>("Label1")->text(), "Pescavo 1.0.20");
+  EXPECT_EQ(screen.findChild<QLabel*>("Label3")->text(), "08-Mar-2018");
+  QSignalSpy started(&screen, &Infoscreen::started);
+  QSignalSpy exit(&screen, &Infoscreen::exitRequested);
+  QTest::mouseClick(screen.findChild<QAbstractButton*>("Command1"), Qt::LeftButton);
+  QTest::mouseClick(screen.findChild<QAbstractButton*>("SimpleButton"), Qt::LeftButton);
+  QTest::mouseClick(screen.findChild<QAbstractButton*>("Command2"), Qt::LeftButton);
+  ASSERT_EQ(started.count(), 2);
+  EXPECT_FALSE(started[0][0].toBool());
+  EXPECT_TRUE(started[1][0].toBool());
+  EXPECT_EQ(exit.count(), 1);
+}
+
+}  // namespace
+}  // namespace pescavo

@@ -1,0 +1,203 @@
+#include <QAction>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QMenuBar>
+#include <QRadioButton>
+#include <QTextEdit>
+
+#include "HauptformFixture.h"
+
+namespace pescavo {
+namespace {
+
+QRect pixels(int left, int top, int width, int height) { return QRect(left, top, width, height); }
+
+TEST_F(HauptformTest, FullLayoutShowsTheListsAndHidesTheFixedOptions) {
+  ASSERT_TRUE(start(false));
+  EXPECT_EQ(window->centralWidget()->width(), 1184);
+  EXPECT_EQ(window->windowTitle(), "Pescavo");
+  for (const char* visible : {"Schadstoffliste", "Fischfutter1", "Fischfutter2", "Rein", "raus",
+                              "alle_rein", "alle_raus", "Frame2", "Optimierung", "Ende", "Command1",
+                              "Image1", "Image2", "Line1", "Line2", "Label31"})
+    EXPECT_TRUE(shown(visible)) << visible;
+  for (const char* hidden :
+       {"Check1", "Check2", "Check4", "Check5", "Frame1", "Fischmehl", "FischmehlCaption",
+        "Fischarten", "MinMax", "Optimierung2", "Abbrechen", "ReportButton", "Ergebnis",
+        "schadstoffwerte", "EingabeSchadstoff", "Suche", "Go", "Image6", "Label5"})
+    EXPECT_FALSE(shown(hidden)) << hidden;
+  for (const char* checked : {"Check1", "Check2", "Check4", "Check5"})
+    EXPECT_TRUE(find<QCheckBox>(checked)->isChecked()) << checked;
+  EXPECT_TRUE(find<QRadioButton>("Option3")->isChecked());
+  EXPECT_TRUE(enabled("Loeschen"));  // the sample holds five substances
+  EXPECT_FALSE(enabled("raus"));
+  EXPECT_FALSE(enabled("alle_raus"));
+  EXPECT_EQ(find("Optimierung")->geometry(), pixels(1056, 80, 113, 41));
+  EXPECT_EQ(find("Fischfutter2")->geometry(), pixels(560, 56, 177, 310));
+  EXPECT_EQ(find<QAbstractButton>("alle_rein")->toolTip(),
+            "Add all available components to optimization.");
+  EXPECT_TRUE(window->findChild<QAction*>("restore")->isVisible());
+  EXPECT_FALSE(window->findChild<QAction*>("MenuEdit")->isVisible());
+  EXPECT_EQ(window->findChild<QAction*>("save")->shortcut(), QKeySequence("Ctrl+S"));
+  EXPECT_EQ(window->findChild<QAction*>("exit")->shortcut(), QKeySequence("Ctrl+E"));
+  EXPECT_EQ(window->findChild<QAction*>("menuHilfe")->shortcut(), QKeySequence(Qt::Key_F1));
+  EXPECT_EQ(find<QListWidget>("Schadstoffliste")->currentRow(), 0);
+  EXPECT_EQ(items("Fischfutter1").size(), 12);
+}
+
+TEST_F(HauptformTest, SimpleLayoutIsNarrowAndOffersTheFishmealGrade) {
+  ASSERT_TRUE(start(true));
+  EXPECT_EQ(window->centralWidget()->width(), 600);
+  for (const char* visible :
+       {"Fischfutter1", "Fischmehl", "FischmehlCaption", "Optimierung", "Label1", "Command1"})
+    EXPECT_TRUE(shown(visible)) << visible;
+  for (const char* hidden : {"Fischfutter2", "Rein", "raus", "alle_rein", "alle_raus", "Label31",
+                             "Check1", "Check2", "Optimierung2", "MinMax", "Image6"})
+    EXPECT_FALSE(shown(hidden)) << hidden;
+  EXPECT_TRUE(find<QCheckBox>("Check1")->isChecked());
+  EXPECT_EQ(find("Optimierung")->geometry(), pixels(467, 40, 113, 41));
+  EXPECT_EQ(find("Fischmehl")->geometry().topLeft(), QPoint(267, 227));
+  EXPECT_EQ(find("Fischfutter1")->geometry().left(), 267);
+  // Nothing overlaps the fish-meal chooser that now sits in the list's column.
+  EXPECT_LT(find("Fischfutter1")->geometry().bottom(), find("FischmehlCaption")->y());
+  EXPECT_EQ(find<QComboBox>("Fischmehl")->currentIndex(), 2);
+  EXPECT_FALSE(window->findChild<QAction*>("restore")->isVisible());
+  EXPECT_FALSE(window->findChild<QAction*>("MenuEdit")->isVisible());
+}
+
+TEST_F(HauptformTest, MovingComponentsSkipsDuplicatesAndKeepsTheCurrentPosition) {
+  ASSERT_TRUE(start());
+  const QStringList available = items("Fischfutter1");
+  select("Fischfutter1", {0, 1, 2});
+  click("Rein");
+  EXPECT_TRUE(enabled("raus"));
+  EXPECT_TRUE(enabled("alle_raus"));
+  select("Fischfutter1", {1, 3, 4});  // Oat is in already
+  click("Rein");
+  ASSERT_EQ(items("Fischfutter2"), available.mid(0, 5));
+
+  auto* chosen = find<QListWidget>("Fischfutter2");
+  chosen->setCurrentRow(2);
+  click("raus");
+  EXPECT_EQ(items("Fischfutter2"),
+            QStringList({available[0], available[1], available[3], available[4]}));
+  EXPECT_EQ(chosen->currentRow(), 2);
+  select("Fischfutter1", {2});
+  click("Rein");  // five again, the last one removed next
+  chosen->setCurrentRow(4);
+  click("raus");
+  EXPECT_EQ(chosen->currentRow(), 3);
+
+  click("alle_raus");
+  EXPECT_TRUE(items("Fischfutter2").isEmpty());
+  EXPECT_FALSE(enabled("raus"));
+  EXPECT_FALSE(enabled("alle_raus"));
+  select("Fischfutter1", {5});
+  click("Rein");
+  chosen->setCurrentRow(0);
+  click("raus");  // the last remaining entry
+  EXPECT_TRUE(items("Fischfutter2").isEmpty());
+  EXPECT_TRUE(enabled("Rein"));
+  EXPECT_FALSE(enabled("raus"));
+
+  click("alle_rein");
+  EXPECT_EQ(items("Fischfutter2"), available);
+  EXPECT_EQ(find<QListWidget>("Fischfutter1")->selectedItems().size(), available.size());
+}
+
+TEST_F(HauptformTest, PressingAnAvailableComponentShowsItsFiguresUntilThePointerLeaves) {
+  ASSERT_TRUE(start());
+  auto* list = find<QListWidget>("Fischfutter1");
+  QWidget* viewport = list->viewport();
+  const QPoint barley = list->visualItemRect(list->item(0)).center();
+  QTest::mousePress(viewport, Qt::LeftButton, {}, barley);
+  QTest::mouseRelease(viewport, Qt::LeftButton, {}, barley);
+  const QString figures =
+      "Protein content: 12.4 %, Lipid content: 2.1 %  Testicide content: 0.21 mg/kg. "
+      "Max. content in food: 30 %";
+  EXPECT_EQ(list->toolTip(), figures);
+  QTest::mouseMove(viewport, barley + QPoint(6, 0));  // along one axis only
+  EXPECT_EQ(list->toolTip(), figures);
+  QTest::mouseMove(viewport, barley + QPoint(9, 4));
+  EXPECT_EQ(list->toolTip(), "");
+}
+
+// The statement's colour is that of its text, bold throughout.
+QColor statementColour(QTextEdit* box) {
+  QTextCursor cursor(box->document());
+  cursor.movePosition(QTextCursor::NextCharacter);
+  EXPECT_EQ(cursor.charFormat().fontWeight(), QFont::Bold);
+  return cursor.charFormat().foreground().color();
+}
+
+TEST_F(HauptformTest, ARunShowsTheStatementRedAboveATenthAndBlackOtherwise) {
+  ASSERT_TRUE(start());
+  click("alle_rein");
+  click("Optimierung");
+  auto* box = find<QTextEdit>("Ergebnis");
+  ASSERT_TRUE(shown("Ergebnis"));
+  EXPECT_TRUE(shown("ReportButton"));
+  EXPECT_EQ(box->toPlainText(),
+            "Maximum content dietary burden based on Example substance A (fungicide) is 0.204 "
+            "mg/kg.");
+  EXPECT_EQ(statementColour(box), QColor(255, 0, 0));
+  EXPECT_EQ(find<QLabel>("Gegenpruefung")->text(), "Independent check: agrees.");
+  EXPECT_TRUE(shown("Gegenpruefung"));
+  EXPECT_TRUE(dialogs.messages.empty());
+
+  chooseSubstance(1);  // the lists are rebuilt and the result withdrawn
+  EXPECT_FALSE(shown("Ergebnis"));
+  EXPECT_FALSE(shown("Gegenpruefung"));
+  EXPECT_TRUE(items("Fischfutter2").isEmpty());
+  click("alle_rein");
+  click("Optimierung");
+  EXPECT_EQ(box->toPlainText(),
+            "Maximum content dietary burden based on Example substance B (herbicide) is 0.065 "
+            "mg/kg.");
+  EXPECT_EQ(statementColour(box), QColor(0, 0, 0));
+
+  click("Option4");  // any option click withdraws the result
+  EXPECT_FALSE(shown("Ergebnis"));
+  EXPECT_FALSE(shown("ReportButton"));
+}
+
+TEST_F(HauptformTest, AnEmptyListIsRefusedWithItsCaptionRedWhileTheMessageIsUp) {
+  ASSERT_TRUE(start());
+  auto* caption = find<QLabel>("Label1");
+  QColor whileShown;
+  dialogs.onMessage = [&](const std::string&) {
+    whileShown = caption->palette().color(QPalette::WindowText);
+  };
+  click("Optimierung");
+  EXPECT_EQ(dialogs.messages, std::vector<std::string>{"Please add components."});
+  EXPECT_EQ(whileShown, QColor(255, 0, 0));
+  EXPECT_EQ(caption->palette().color(QPalette::WindowText), QColor(0, 0, 0));
+  EXPECT_FALSE(shown("Ergebnis"));
+  EXPECT_FALSE(shown("ReportButton"));
+}
+
+TEST_F(HauptformTest, SimpleModeRunsOnEveryAvailableComponent) {
+  ASSERT_TRUE(start(true));
+  click("Optimierung");
+  EXPECT_TRUE(dialogs.messages.empty());
+  EXPECT_EQ(find<QTextEdit>("Ergebnis")->toPlainText(),
+            "Maximum content dietary burden based on Example substance A (fungicide) is 0.204 "
+            "mg/kg.");
+  EXPECT_EQ(find<QComboBox>("Fischmehl")->currentIndex(), 2);
+}
+
+TEST_F(HauptformTest, EveryControlCanBeFoundByAScreenReader) {
+  ASSERT_TRUE(start());
+  for (QWidget* widget : window->centralWidget()->findChildren<QWidget*>()) {
+    if (widget->objectName().isEmpty() || widget->objectName().startsWith("qt_")) continue;
+    if (widget->parentWidget() != window->centralWidget() &&
+        !widget->parentWidget()->inherits("QGroupBox"))
+      continue;  // the parts Qt builds inside a control
+    EXPECT_FALSE(widget->accessibleName().isEmpty()) << widget->objectName().toStdString();
+  }
+  EXPECT_EQ(find("Image1")->accessibleName(), "Pescavo logo, About");
+  EXPECT_EQ(find("Fischfutter2")->accessibleName(), "Components in optimization");
+}
+
+}  // namespace
+}  // namespace pescavo
