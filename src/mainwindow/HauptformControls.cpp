@@ -112,6 +112,11 @@ void Hauptform::buildControls() {
   auto* result = control<QTextEdit>("Ergebnis");
   result->setReadOnly(true);
   result->setFrameShape(QFrame::StyledPanel);
+  // The small box shows the whole statement of a usual substance name without scrolling.
+  result->document()->setDocumentMargin(2);
+  QFont resultFont = result->font();
+  resultFont.setPointSize(7);
+  result->setFont(resultFont);
 }
 
 QWidget* Hauptform::makeControl(const std::string& name, const ControlState& state,

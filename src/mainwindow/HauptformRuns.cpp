@@ -92,6 +92,7 @@ void Hauptform::showResult() {
   format.setForeground(m_model->resultRed() ? QColor(255, 0, 0) : QColor(0, 0, 0));
   QTextCursor cursor(box->document());
   cursor.insertText(QString::fromStdString(m_model->resultText()), format);
+  box->moveCursor(QTextCursor::Start);
   auto* check = control<QLabel>("Gegenpruefung");
   const QString sentence = QString::fromStdString(m_model->checkSentence());
   check->setText(sentence);
