@@ -453,6 +453,9 @@ void MainWindowModel::save() {
   Ergebnis_ausblenden();
   try {
     writeComponentTable(m_table, feedstuffPath(), m_decimalSeparator);
+    // After writing, so the file holds the table as it was; only while editing, since
+    // outside it there is no grid to take over.
+    if (editing()) uebernehme_Werte();
   } catch (const TableError& error) {
     m_dialogs.information(error.what());
   }
@@ -460,6 +463,10 @@ void MainWindowModel::save() {
 }
 
 bool MainWindowModel::Ende_Click() {
+  if (editing()) {  // "Done"
+    leaveEditing();
+    return false;
+  }
   if (!m_databaseModified) return true;
   if (!m_dialogs.askYesNo(kSaveQuestion)) return true;
   try {

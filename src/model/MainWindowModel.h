@@ -10,6 +10,7 @@
 #include "model/Dialogs.h"
 #include "model/MainWindowLayout.h"
 #include "model/ReportState.h"
+#include "model/ResidueGrid.h"
 #include "tables/ComponentTable.h"
 #include "tables/ComponentViews.h"
 #include "tables/FishTables.h"
@@ -72,6 +73,59 @@ class MainWindowModel {
   void Futterliste_aktualisieren();
   const std::vector<std::array<std::string, 6>>& residueGrid() const { return m_residueGrid; }
   bool deleteSubstanceEnabled() const { return m_layout.at("Loeschen").enabled; }
+
+  // Substance database and editing. Schadstoffliste's Click is selectSubstance. While a
+  // substance is added or edited Ende reads "Done", grid() is the residue grid and the window
+  // forwards each of its events to one operation below. Key codes are the platform's virtual
+  // key codes (Delete 46, C 67, Escape 27, digits 48 to 57, keypad 96 to 105).
+  enum class GridEditor { None, EditBox, BasisChooser };
+  // EditMode: an existing substance is edited (false while adding and outside editing).
+  bool editMode() const { return m_editMode && editing(); }
+  bool editing() const { return m_layout.at("Ende").caption != "Exit"; }
+  const ResidueGrid& grid() const { return m_grid; }
+  const std::string& substanceNameText() const { return m_layout.at("Schadstoffname").caption; }
+  void setSubstanceNameText(std::string text);
+  void Schadstoffliste_DblClick();
+  void Schadstoffliste_KeyDown(int key, bool control);  // Delete: "Del"; Ctrl+C: "Copy "
+  void Add_Click();
+  void Edit_Click();
+  void Kopieren_Click();
+  void Loeschen_Click();
+  void Abbrechen_Click();
+  // "Done": stores the grid and returns to the normal view. False when nothing was stored
+  // (a value the table can't hold, or no room for another substance): editing goes on.
+  bool leaveEditing();
+  bool uebernehme_Werte();
+  // The grid's current cell and the other end of its row selection, as the grid reports them.
+  void setGridCursor(int row, int column, int selectionEnd);
+  // A click on the current cell: which in-place editor the window places over it.
+  GridEditor schadstoffwerte_Click();
+  // Keys on the grid; the text for the clipboard after Ctrl+C.
+  std::optional<std::string> schadstoffwerte_KeyDown(int key, bool control);
+  // The wheel over the grid: the top row to show, or nothing when it stays.
+  std::optional<int> MouseWheel(int rotation, int topRow, int gridHeight, int headerHeight) const {
+    return ResidueGrid::wheelTopRow(topRow, rotation, gridHeight, headerHeight, m_grid.rowCount());
+  }
+  // Place the edit box or the drop-down over a cell of the grid at gridLeft, gridTop; all in
+  // twips. The editor's place, also in the layout, which shows it.
+  TwipsRect Eingabefeld_platzieren(int gridLeft, int gridTop, const TwipsRect& cell);
+  TwipsRect Auswahlfeld_platzieren(int gridLeft, int gridTop, const TwipsRect& cell);
+  // The edit box: a typed character (false when dropped; Enter is EingabeSchadstoff_Enter),
+  // what the box shows after the platform's own editing (caret moves, mouse selection), Enter
+  // (the row the box moves to; nothing when it hides), Ctrl+C (the text for the clipboard),
+  // Ctrl+V, click, double-click.
+  bool EingabeSchadstoff_KeyPress(int key);
+  void setEditBox(std::string text, int selectionStart, int selectionLength);
+  std::optional<int> EingabeSchadstoff_Enter();
+  std::string EingabeSchadstoff_Copy() const { return m_grid.editText(); }
+  void EingabeSchadstoff_Paste(std::string_view clipboard);
+  void EingabeSchadstoff_Click();
+  void EingabeSchadstoff_DblClick();
+  void ArtSchadstoffwertCombo_Click(int position);
+  // Suche and Go; Enter in Suche is Go.
+  const std::string& searchText() const { return m_layout.at("Suche").caption; }
+  void setSearchText(std::string text);
+  void Go_Click();
 
   // Component lists and their buttons.
   const std::vector<ListEntry>& available() const { return m_available; }
@@ -241,6 +295,17 @@ class MainWindowModel {
   LastTextPosition m_lookup;    // Laden's, kept from run to run
   std::vector<int> m_matched;   // per chosen entry, the available position the last Laden used
   bool m_chosenChanged = true;  // since Laden last named the variables after the chosen list
+
+  // Substance editing state.
+  void showEditingLayout();
+  void showNormalLayout();
+  // The simple layout as leaving the editing mode applies it: fish meal lower, second grade.
+  void applySimpleLayoutAfterEditing();
+  // The substance uebernehme_Werte stores into and a basis choice goes to.
+  int targetSubstance() const;
+  bool tableFull();  // shows why another substance can't be added
+  bool m_editMode = false;
+  ResidueGrid m_grid;
 
   MainWindowLayout m_layout;
   ReportState m_report;

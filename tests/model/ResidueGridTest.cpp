@@ -1,0 +1,302 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdint>
+#include <limits>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "model/ResidueGrid.h"
+#include "tables/ComponentViews.h"
+#include "tables/NumericText.h"
+
+namespace pescavo {
+namespace {
+
+// Four components, two substances: the second has the codes 1, 0, 1, 0.
+ComponentTable smallTable() {
+  ComponentTable table;
+  table.addSubstance("Alpha");
+  table.addSubstance("Beta");
+  const char* crops[4] = {"Maize", "Wheat", "Sweet MAIZE", "Rape"};
+  const char* categories[4] = {"Cereal Grains/ Crop Seeds", "Cereal Grains/ Crop Seeds",
+                               "Roots and Tubers", "By-Products"};
+  for (int i = 0; i < 4; ++i) {
+    table.addComponent({categories[i], crops[i], i == 3 ? "meal of maize" : "grain",
+                        "4-00-" + std::to_string(i), 10, 2, 88, 40, 20});
+    table.setResidue(1, i + 1, 0.5 * (i + 1));
+    table.setResidue(2, i + 1, 0.1 * (i + 1));
+    table.setBasis(2, i + 1, static_cast<std::int16_t>((i + 1) % 2));
+  }
+  return table;
+}
+
+class GridTest : public ::testing::Test {
+ protected:
+  void SetUp() override { grid.startEditing(lade_Schadstoffwerte(table, 2), table, 2); }
+  std::string column5() const {
+    std::string texts;
+    for (int r = 1; r < grid.rowCount(); ++r) texts += grid.text(r, 5) + ";";
+    return texts;
+  }
+
+  ComponentTable table = smallTable();
+  ResidueGrid grid;
+};
+
+TEST(PlainDecimalText, ShortestTextThatReadsBackExactly) {
+  EXPECT_EQ(ResidueGrid::plainDecimalText(0), "0");
+  EXPECT_EQ(ResidueGrid::plainDecimalText(-0.0), "0");
+  EXPECT_EQ(ResidueGrid::plainDecimalText(12), "12");
+  EXPECT_EQ(ResidueGrid::plainDecimalText(12.5), "12.5");
+  EXPECT_EQ(ResidueGrid::plainDecimalText(0.1), "0.1");
+  EXPECT_EQ(ResidueGrid::plainDecimalText(-1), "-1");
+  EXPECT_EQ(ResidueGrid::plainDecimalText(1e6), "1000000");
+  EXPECT_EQ(ResidueGrid::plainDecimalText(0.1 + 0.2), "0.30000000000000004");
+  EXPECT_EQ(ResidueGrid::plainDecimalText(0.00001), "0.00001");
+  EXPECT_EQ(ResidueGrid::plainDecimalText(1e-7), "0.0000001");
+  EXPECT_EQ(ResidueGrid::plainDecimalText(1.5e-8), "1.5E-08");
+  EXPECT_EQ(ResidueGrid::plainDecimalText(123456789012345.0), "123456789012345");
+  EXPECT_EQ(ResidueGrid::plainDecimalText(1e15), "1E+15");
+  EXPECT_EQ(ResidueGrid::plainDecimalText(2.5e-300), "2.5E-300");
+
+  std::mt19937_64 random(7);
+  std::uniform_real_distribution<double> mantissa(1, 10);
+  std::uniform_int_distribution<int> exponent(-12, 17);
+  for (int k = 0; k < 20000; ++k) {
+    const double value = mantissa(random) * std::pow(10.0, exponent(random)) * (k % 5 ? 1 : -1);
+    const std::string text = ResidueGrid::plainDecimalText(value);
+    ASSERT_EQ(leadingNumber(text), value) << text;
+    ASSERT_EQ(text.find(','), std::string::npos);
+    ASSERT_LE(text.size(), 26u) << text;
+  }
+}
+
+TEST(EditBoxKeys, NumericFilterOnTextAndCaret) {
+  EditBoxKey key = ResidueGrid::filterEditKey("1", 1, ',');
+  EXPECT_TRUE(key.taken);
+  EXPECT_EQ(key.text, "1.");
+  key = ResidueGrid::filterEditKey(key.text, key.caret, '5');
+  EXPECT_EQ(key.text, "1.5");
+  EXPECT_EQ(key.caret, 3);
+
+  // The comma's point goes to the end whatever the caret; the caret follows it.
+  key = ResidueGrid::filterEditKey("25", 0, ',');
+  EXPECT_EQ(key.text, "25.");
+  EXPECT_EQ(key.caret, 3);
+  key = ResidueGrid::filterEditKey("25", 1, '7');  // typed at the caret
+  EXPECT_EQ(key.text, "275");
+  EXPECT_EQ(key.caret, 2);
+  key = ResidueGrid::filterEditKey("275", 2, ResidueGrid::kBackspace);
+  EXPECT_EQ(key.text, "25");
+  EXPECT_EQ(key.caret, 1);
+
+  for (int dropped :
+       {int{'-'}, int{'+'}, int{'e'}, int{'E'}, int{' '}, int{'a'}, ResidueGrid::kEnter, 3, 22}) {
+    key = ResidueGrid::filterEditKey("1.2", 1, dropped);
+    EXPECT_FALSE(key.taken) << dropped;
+    EXPECT_EQ(key.text, "1.2");
+    EXPECT_EQ(key.caret, 1);
+  }
+  // Several points can be typed; the stored number ends at the second.
+  key = ResidueGrid::filterEditKey("1.2", 3, '.');
+  EXPECT_EQ(key.text, "1.2.");
+}
+
+TEST_F(GridTest, TypedKeysReplaceTheEditBoxSelection) {
+  grid.setEditBox("0.4", 0, 3);  // as placing the box leaves it
+  EXPECT_TRUE(grid.typeIntoEditBox('7'));
+  EXPECT_EQ(grid.editText(), "7");
+  EXPECT_FALSE(grid.typeIntoEditBox('x'));
+  grid.setEditBox("123", 1, 1);  // Backspace takes the selection only
+  EXPECT_TRUE(grid.typeIntoEditBox(ResidueGrid::kBackspace));
+  EXPECT_EQ(grid.editText(), "13");
+  EXPECT_EQ(grid.editSelectionStart(), 1);
+  grid.setEditBox("123", 0, 2);  // a comma leaves the selection and appends
+  EXPECT_TRUE(grid.typeIntoEditBox(','));
+  EXPECT_EQ(grid.editText(), "123.");
+  EXPECT_EQ(grid.editSelectionStart(), 4);
+  EXPECT_EQ(grid.editSelectionLength(), 0);
+}
+
+TEST_F(GridTest, EnterTypesAColumnTopToBottom) {
+  grid.setCursor(3, 5, 3);
+  grid.setEditBox("7", 1, 0);
+  EXPECT_EQ(grid.enterEditBox(), 4);
+  EXPECT_EQ(grid.text(3, 5), "7");
+  EXPECT_EQ(grid.editText(), "0.4");  // the next cell, all selected
+  EXPECT_EQ(grid.editSelectionLength(), 3);
+  EXPECT_EQ(grid.row(), 4);
+  EXPECT_EQ(grid.selectionEnd(), 4);
+  grid.setEditBox("8", 1, 0);
+  EXPECT_EQ(grid.enterEditBox(), std::nullopt);  // last row: written, then the box hides
+  EXPECT_EQ(column5(), "0.1;0.2;7;8;");
+}
+
+TEST_F(GridTest, PasteWritesCompleteLinesDownColumnFive) {
+  grid.setCursor(3, 5, 3);
+  grid.paste("0.1\r\n0.2\r\n");
+  EXPECT_EQ(column5(), "0.1;0.2;0.1;0.2;");
+  EXPECT_EQ(grid.row(), 3);
+
+  grid.setCursor(1, 2, 1);  // column 5 whatever the current column; the tail is not written
+  grid.paste("5\r\n\r\n9");
+  EXPECT_EQ(column5(), "5;;0.1;0.2;");
+  EXPECT_EQ(grid.text(1, 2), "grain");
+
+  grid.setCursor(3, 5, 3);  // beyond the last row dropped; a bare line feed ends a line too
+  grid.paste("1\n2\r\n3\r\n4\r\n");
+  EXPECT_EQ(column5(), "5;;1;2;");
+  grid.paste("no line end");
+  EXPECT_EQ(column5(), "5;;1;2;");
+}
+
+TEST_F(GridTest, SelectionFillsAndCopiesWhicheverEndIsActive) {
+  grid.setCursor(2, 5, 2);
+  EXPECT_EQ(grid.copyText(), "0.2");  // one cell: its text alone
+
+  grid.setCursor(4, 5, 2);  // selected from row 4 upwards
+  EXPECT_EQ(grid.copyText(), "0.2\r\n0.30000000000000004\r\n0.4\r\n");
+  grid.setEditBox("2.5", 0, 3);
+  grid.fillSelectionFromEditBox();
+  EXPECT_EQ(column5(), "0.1;2.5;2.5;2.5;");
+
+  grid.setCursor(1, 4, 3);
+  grid.chooseBasis(1, table, 2);
+  EXPECT_EQ(grid.basisChoice(), 1);
+  grid.setCursor(3, 4, 2);
+  grid.chooseBasis(0, table, 2);
+  const char* expected[5] = {"", "STMR-P", "STMR", "STMR", "STMR"};
+  const std::int16_t codes[5] = {0, 1, 0, 0, 0};
+  for (int r = 1; r <= 4; ++r) {
+    EXPECT_EQ(grid.text(r, 4), expected[r]) << r;
+    EXPECT_EQ(grid.basisCopy().code(table, 2, r), codes[r]) << r;
+    EXPECT_EQ(grid.basisCopy().code(table, 1, r), 0);
+  }
+  EXPECT_EQ(table.basis(2, 3), 1);  // the table keeps its codes until they are stored
+  grid.chooseBasis(2, table, 2);    // no such item
+  EXPECT_EQ(grid.text(1, 4), "STMR-P");
+
+  // A click on column 4 shows the cell's item in the drop-down.
+  grid.setCursor(1, 4, 1);
+  grid.showBasisOfCurrentCell();
+  EXPECT_EQ(grid.basisChoice(), 1);
+  grid.setCursor(2, 4, 2);
+  grid.showBasisOfCurrentCell();
+  EXPECT_EQ(grid.basisChoice(), 0);
+}
+
+TEST_F(GridTest, KeysOnTheGridEditColumnFive) {
+  grid.setCursor(2, 1, 2);
+  const int keys[] = {ResidueGrid::kDelete, '1', 188, 98, 190, 110, 57, ResidueGrid::kBackspace};
+  for (int key : keys) EXPECT_EQ(grid.gridKey(key, false), std::nullopt);
+  EXPECT_EQ(grid.column(), 5);
+  EXPECT_EQ(grid.text(2, 5), "1.2..");
+  EXPECT_EQ(grid.text(2, 1), "Wheat");
+  // Letters, Enter, Escape and control keys change no text.
+  for (int key : {65, ResidueGrid::kEnter, ResidueGrid::kEscape, 86, 112})
+    EXPECT_EQ(grid.gridKey(key, false), std::nullopt);
+  EXPECT_EQ(grid.gridKey(ResidueGrid::kKeyC, false), std::nullopt);
+  EXPECT_EQ(grid.text(2, 5), "1.2..");
+  EXPECT_EQ(grid.gridKey(ResidueGrid::kKeyC, true), "1.2..");
+
+  grid.setCursor(4, 0, 4);
+  grid.gridKey(ResidueGrid::kDelete, false);
+  EXPECT_EQ(grid.gridKey(ResidueGrid::kBackspace, false), std::nullopt);  // empty stays empty
+  EXPECT_EQ(grid.text(4, 5), "");
+  EXPECT_EQ(grid.value(4), 0);
+  grid.setCursor(4, 5, 3);
+  EXPECT_EQ(grid.gridKey(ResidueGrid::kKeyC, true), "0.30000000000000004\r\n\r\n");
+}
+
+TEST_F(GridTest, SearchMarksCellsContainingTheTextInAnyCase) {
+  grid.search("mAiZe");
+  const bool expected[5][4] = {{false, false, false, false},
+                               {false, true, false, false},
+                               {false, false, false, false},
+                               {false, true, false, false},
+                               {false, false, true, false}};
+  for (int r = 0; r <= 4; ++r) {
+    for (int c = 0; c < 6; ++c) EXPECT_EQ(grid.marked(r, c), c < 4 && expected[r][c]) << r << c;
+  }
+  grid.search("4-00-3");  // a new search clears the earlier marks
+  EXPECT_FALSE(grid.marked(1, 1));
+  EXPECT_TRUE(grid.marked(4, 3));
+  grid.search("GRAINS/ CROP");
+  EXPECT_TRUE(grid.marked(1, 0) && grid.marked(2, 0));
+  EXPECT_FALSE(grid.marked(3, 0));
+
+  // The search sees what the cells hold now, and Latin-1 capitals match their small letters.
+  grid.setCursor(2, 2, 2);
+  grid.setEditBox("Ölsaat ÉCORCE", 0, 0);
+  grid.enterEditBox();
+  grid.search("écorce");
+  EXPECT_TRUE(grid.marked(2, 2));
+  grid.search("öl");
+  EXPECT_TRUE(grid.marked(2, 2));
+  grid.search("x");
+  EXPECT_FALSE(grid.marked(2, 2));
+
+  grid.search("maize");
+  grid.home();  // every start of editing clears them
+  EXPECT_FALSE(grid.marked(1, 1));
+}
+
+TEST_F(GridTest, ValuesTheTableCannotHoldAreMarked) {
+  grid.setCursor(1, 5, 1);
+  grid.paste("1000000\r\n1000000.5\r\n1E999\r\n-1\r\n");
+  EXPECT_EQ(grid.markUnstorableValues(), 2);
+  EXPECT_FALSE(grid.marked(1, 5));
+  EXPECT_TRUE(grid.marked(2, 5));
+  EXPECT_TRUE(grid.marked(3, 5));
+  EXPECT_FALSE(grid.marked(4, 5));  // negative: no value, as in the file
+  grid.paste("1\r\n2\r\n3\r\n");
+  EXPECT_EQ(grid.markUnstorableValues(), 0);
+  EXPECT_FALSE(grid.marked(2, 5));
+  // Non-numeric text stores its leading number.
+  grid.paste("1.2.3\r\n5 % maybe\r\nabc\r\n");
+  EXPECT_EQ(grid.value(1), 1.2);
+  EXPECT_EQ(grid.value(2), 5);
+  EXPECT_EQ(grid.value(3), 0);
+  // A pasted decimal comma is the value it shows, not the 0 before it.
+  grid.paste("0,5\r\n");
+  EXPECT_EQ(grid.value(1), 0.5);
+}
+
+TEST(BasisCopyTest, ReadsThroughUntilSetAndFreezesBeforeTheTableChanges) {
+  ComponentTable table = smallTable();
+  BasisCopy copy;
+  copy.copyAll();
+  EXPECT_EQ(copy.code(table, 2, 1), 1);
+  copy.setCode(table, 2, 3, 0);
+  EXPECT_EQ(copy.code(table, 2, 3), 0);
+  EXPECT_EQ(copy.code(table, 2, 1), 1);  // the rest of the substance as copied
+  EXPECT_EQ(table.basis(2, 3), 1);
+  EXPECT_EQ(copy.code(table, 3, 1), 0);  // no such substance yet
+
+  copy.freeze(table);
+  table.deleteSubstance(1);
+  EXPECT_EQ(copy.code(table, 1, 1), 0);  // substance 1 as copied, not the one moved there
+  EXPECT_EQ(copy.code(table, 2, 3), 0);
+  EXPECT_EQ(copy.code(table, 2, 4), 0);
+  EXPECT_EQ(copy.code(table, 2, 1), 1);
+  copy.copyAll();  // a new copy
+  EXPECT_EQ(copy.code(table, 1, 1), 1);
+}
+
+TEST(MouseWheel, StepsByAPageOfRows) {
+  // 4935 twips over 240-twip rows: 20 rows a step.
+  EXPECT_EQ(ResidueGrid::wheelTopRow(1, -120, 4935, 240, 1001), 21);
+  EXPECT_EQ(ResidueGrid::wheelTopRow(990, 0, 4935, 240, 1001), 1000);
+  EXPECT_EQ(ResidueGrid::wheelTopRow(30, 120, 4935, 240, 1001), 10);
+  EXPECT_EQ(ResidueGrid::wheelTopRow(5, 1, 4935, 240, 1001), 1);
+  // At least 10 rows, however tall the header.
+  EXPECT_EQ(ResidueGrid::wheelTopRow(1, -1, 4935, 1000, 1001), 11);
+  // Nothing to judge by, or no row to show: the top row stays.
+  EXPECT_EQ(ResidueGrid::wheelTopRow(1, -1, 4935, 0, 1001), std::nullopt);
+  EXPECT_EQ(ResidueGrid::wheelTopRow(1, -1, 4935, 240, 1), std::nullopt);
+}
+
+}  // namespace
+}  // namespace pescavo

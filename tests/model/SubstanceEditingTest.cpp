@@ -1,0 +1,498 @@
+#include <gtest/gtest.h>
+#include <stdlib.h>
+
+#include <cstdint>
+#include <deque>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "model/MainWindowModel.h"
+
+namespace pescavo {
+namespace {
+
+class ScriptedDialogs : public Dialogs {
+ public:
+  void information(const std::string& text) override { messages.push_back(text); }
+  bool askYesNo(const std::string& text) override {
+    questions.push_back(text);
+    if (answers.empty()) return false;
+    const bool answer = answers.front();
+    answers.pop_front();
+    return answer;
+  }
+  std::vector<std::string> messages;
+  std::vector<std::string> questions;
+  std::deque<bool> answers;
+};
+
+const char* const kSaveQuestion = "You modified the substance database. Do you want to save?";
+
+// Four substances on five components. Residue (s, i) = s + i / 10, except component 3, which
+// has none for substance 2; basis code (s, i) = (s + i) % 2.
+class EditingTest : public ::testing::Test {
+ protected:
+  EditingTest() : model(dialogs, '.') {}
+  void SetUp() override {
+    for (const char* name : {"Alpha", "Beta", "Gamma", "Delta"}) table.addSubstance(name);
+    for (const char* crop : {"Wheat", "Maize", "Oats", "Soybean", "Rape"})
+      table.addComponent(
+          {"By-Products", crop, "feed", std::string("IFN ") + crop, 12, 3, 88, 40, 20});
+    for (int s = 1; s <= 4; ++s) {
+      for (int i = 1; i <= 5; ++i) {
+        table.setResidue(s, i, s == 2 && i == 3 ? 0 : s + i / 10.0);
+        table.setBasis(s, i, static_cast<std::int16_t>((s + i) % 2));
+      }
+    }
+    load();
+  }
+  void load(bool simple = false) {
+    model.load(table, {{"Common carp", 8, 35}, {"Rainbow trout", 15, 42}},
+               {{60, 12}, {62, 11}, {65, 10}, {68, 9}, {70, 8}}, simple);
+  }
+  std::string names() const {
+    std::string out;
+    for (int s = 1; s <= model.table().substanceCount(); ++s)
+      out += model.table().substanceName(s) + ";";
+    return out;
+  }
+  std::string column5() const {
+    std::string out;
+    for (int r = 1; r < model.grid().rowCount(); ++r) out += model.grid().text(r, 5) + ";";
+    return out;
+  }
+  std::string column4() const {
+    std::string out;
+    for (int r = 1; r < model.grid().rowCount(); ++r) out += model.grid().text(r, 4) + ";";
+    return out;
+  }
+  // Substance s of the model's table has the residues and codes of substance from of `table`.
+  void expectSubstance(int s, int from) const {
+    for (int i = 1; i <= 5; ++i) {
+      EXPECT_EQ(model.table().residue(s, i), table.residue(from, i)) << s << " " << i;
+      EXPECT_EQ(model.table().basis(s, i), table.basis(from, i)) << s << " " << i;
+    }
+  }
+  // A click into column 5 of row and the edit box placed there.
+  void openEditBox(int row) {
+    model.setGridCursor(row, 5, row);
+    ASSERT_EQ(model.schadstoffwerte_Click(), MainWindowModel::GridEditor::EditBox);
+    model.Eingabefeld_platzieren(240, 600, {0, 240 * row, 1500, 240});
+  }
+  void type(const std::string& keys) {
+    for (char key : keys) model.EingabeSchadstoff_KeyPress(key);
+  }
+  bool visible(const char* name) const { return model.layout().at(name).visible; }
+
+  ComponentTable table;
+  ScriptedDialogs dialogs;
+  MainWindowModel model;
+};
+
+TEST_F(EditingTest, DeletingKeepsEverySubstanceWithItsValuesAndCodes) {
+  model.selectSubstance(3);
+  model.Loeschen_Click();
+  EXPECT_EQ(names(), "Alpha;Beta;Gamma;");
+  EXPECT_EQ(model.substancePosition(), 2);  // the new last one
+  EXPECT_TRUE(model.databaseModified());
+  EXPECT_TRUE(model.deleteSubstanceEnabled());
+
+  load();
+  model.selectSubstance(1);
+  model.Schadstoffliste_KeyDown(ResidueGrid::kDelete, false);  // no question asked
+  EXPECT_TRUE(dialogs.questions.empty());
+  EXPECT_EQ(names(), "Alpha;Gamma;Delta;");
+  EXPECT_EQ(model.substancePosition(), 1);
+  EXPECT_EQ(model.substanceName(), "Gamma");
+  expectSubstance(1, 1);
+  expectSubstance(2, 3);
+  expectSubstance(3, 4);
+  EXPECT_EQ(model.available().size(), 5u);  // the lists follow the new current substance
+  EXPECT_EQ(model.workingSet()[2].residue, 3.3);
+
+  model.Loeschen_Click();
+  model.Loeschen_Click();
+  EXPECT_EQ(names(), "Alpha;");
+  EXPECT_FALSE(model.deleteSubstanceEnabled());
+  model.Loeschen_Click();  // refused silently
+  EXPECT_EQ(names(), "Alpha;");
+  EXPECT_TRUE(dialogs.messages.empty());
+}
+
+TEST_F(EditingTest, CopyAppendsWithoutMarkingTheDatabase) {
+  model.selectSubstance(2);
+  model.Kopieren_Click();
+  EXPECT_EQ(names(), "Alpha;Beta;Gamma;Delta;Gamma;");
+  EXPECT_EQ(model.substancePosition(), 4);
+  expectSubstance(5, 3);
+  model.Schadstoffliste_KeyDown(ResidueGrid::kKeyC, true);
+  model.Schadstoffliste_KeyDown(ResidueGrid::kKeyC, false);  // C alone does nothing
+  EXPECT_EQ(model.table().substanceCount(), 6);
+  EXPECT_FALSE(model.databaseModified());
+  EXPECT_TRUE(model.Ende_Click());
+  EXPECT_TRUE(dialogs.questions.empty());
+
+  // Copying the only substance enables "Del".
+  for (int s = 4; s >= 2; --s) table.deleteSubstance(s);
+  load();
+  EXPECT_FALSE(model.deleteSubstanceEnabled());
+  model.Kopieren_Click();
+  EXPECT_TRUE(model.deleteSubstanceEnabled());
+}
+
+TEST_F(EditingTest, AddCancelAddStartsAFreshSubstance) {
+  model.Add_Click();
+  EXPECT_TRUE(model.editing());
+  EXPECT_FALSE(model.editMode());
+  EXPECT_EQ(model.substanceNameText(), "New substance");
+  EXPECT_EQ(column5(), "0;0;0;0;0;");
+  EXPECT_EQ(column4(), "STMR;STMR;STMR;STMR;STMR;");
+  model.setSubstanceNameText("Typed");
+  model.setGridCursor(2, 4, 4);
+  model.ArtSchadstoffwertCombo_Click(1);
+  model.schadstoffwerte_KeyDown('9', false);
+  model.Abbrechen_Click();
+  EXPECT_FALSE(model.editing());
+  EXPECT_EQ(model.substanceNameText(), "");
+  EXPECT_EQ(names(), "Alpha;Beta;Gamma;Delta;");
+  EXPECT_FALSE(model.databaseModified());
+
+  model.Add_Click();
+  EXPECT_EQ(model.substanceNameText(), "New substance");
+  EXPECT_EQ(column5(), "0;0;0;0;0;");
+  EXPECT_EQ(column4(), "STMR;STMR;STMR;STMR;STMR;");
+  ASSERT_TRUE(model.leaveEditing());
+  for (int i = 1; i <= 5; ++i) EXPECT_EQ(model.table().basis(5, i), 0);
+
+  // A start-up in the middle of an edit leaves no edit behind.
+  model.Edit_Click();
+  load();
+  EXPECT_FALSE(model.editMode());
+  model.Add_Click();
+  EXPECT_EQ(model.substanceNameText(), "New substance");
+}
+
+TEST_F(EditingTest, EditTwoValuesThenDoneThenTheExitAsks) {
+  model.selectSubstance(1);
+  model.Schadstoffliste_DblClick();
+  EXPECT_TRUE(model.editMode());
+  EXPECT_EQ(model.substanceNameText(), "Beta");
+  EXPECT_EQ(column5(), "2.1;2.2;0;2.4;2.5;");
+  EXPECT_EQ(column4(), "STMR-P;STMR;STMR-P;STMR;STMR-P;");
+
+  openEditBox(2);
+  EXPECT_EQ(model.grid().editText(), "2.2");
+  type("1,5");
+  EXPECT_EQ(model.grid().editText(), "1.5");
+  EXPECT_EQ(model.EingabeSchadstoff_Enter(), 3);  // on to the next row
+  EXPECT_EQ(model.grid().editText(), "0");
+  model.setGridCursor(4, 1, 4);  // typing on the grid goes to column 5
+  for (int key : {ResidueGrid::kDelete, 96 + 3, 190, 53}) model.schadstoffwerte_KeyDown(key, false);
+  EXPECT_EQ(model.grid().column(), 5);
+  model.setSubstanceNameText("Beta (new)");
+
+  EXPECT_FALSE(model.Ende_Click());  // "Done": no question
+  EXPECT_TRUE(dialogs.questions.empty());
+  EXPECT_FALSE(model.editing());
+  EXPECT_EQ(model.layout().at("Ende").caption, "Exit");
+  EXPECT_EQ(names(), "Alpha;Beta (new);Gamma;Delta;");
+  EXPECT_EQ(model.substancePosition(), 1);
+  const double expected[5] = {2.1, 1.5, 0, 3.5, 2.5};
+  for (int i = 1; i <= 5; ++i) {
+    EXPECT_EQ(model.table().residue(2, i), expected[i - 1]);
+    EXPECT_EQ(model.table().basis(2, i), table.basis(2, i));
+  }
+  expectSubstance(1, 1);
+  expectSubstance(3, 3);
+  EXPECT_EQ(model.available().size(), 4u);
+  EXPECT_EQ(model.workingSet()[1].residue, 1.5);
+  EXPECT_TRUE(model.databaseModified());
+
+  EXPECT_TRUE(model.Ende_Click());
+  EXPECT_EQ(dialogs.questions, std::vector<std::string>{kSaveQuestion});
+}
+
+TEST_F(EditingTest, EscapeOnTheGridCancels) {
+  model.Edit_Click();
+  model.setGridCursor(1, 5, 1);
+  model.schadstoffwerte_KeyDown('7', false);
+  EXPECT_EQ(model.grid().text(1, 5), "1.17");
+  EXPECT_EQ(model.schadstoffwerte_KeyDown(ResidueGrid::kEscape, false), std::nullopt);
+  EXPECT_FALSE(model.editing());
+  EXPECT_FALSE(model.editMode());
+  expectSubstance(1, 1);
+  EXPECT_FALSE(model.databaseModified());
+  // Outside the editing mode the grid takes no keys.
+  model.schadstoffwerte_KeyDown('5', false);
+  EXPECT_EQ(model.grid().text(1, 5), "1.17");
+}
+
+TEST_F(EditingTest, DoneAfterAddSelectsTheNewLastSubstance) {
+  for (int s = 4; s >= 2; --s) table.deleteSubstance(s);
+  load();
+  EXPECT_FALSE(model.deleteSubstanceEnabled());
+  model.Add_Click();
+  model.setSubstanceNameText("Epsilon");
+  openEditBox(3);
+  model.EingabeSchadstoff_Paste("0.25\r\n1.5\r\n");
+  EXPECT_FALSE(visible("EingabeSchadstoff"));
+  EXPECT_EQ(column5(), "0;0;0.25;1.5;0;");
+  model.setGridCursor(4, 4, 3);
+  model.ArtSchadstoffwertCombo_Click(1);
+  ASSERT_TRUE(model.leaveEditing());
+  EXPECT_EQ(names(), "Alpha;Epsilon;");
+  EXPECT_EQ(model.substancePosition(), 1);
+  EXPECT_TRUE(model.deleteSubstanceEnabled());
+  const double residues[5] = {0, 0, 0.25, 1.5, 0};
+  const std::int16_t codes[5] = {0, 0, 1, 1, 0};
+  for (int i = 1; i <= 5; ++i) {
+    EXPECT_EQ(model.table().residue(2, i), residues[i - 1]);
+    EXPECT_EQ(model.table().basis(2, i), codes[i - 1]);
+  }
+  ASSERT_EQ(model.available().size(), 2u);
+  EXPECT_EQ(model.available()[1].text, "Soybean (feed)");
+  EXPECT_EQ(model.available()[1].artSchadstoffwert, "1");
+}
+
+TEST_F(EditingTest, EditingLayoutAndBack) {
+  model.Add_Click();
+  for (const char* name : {"Image2",
+                           "Image3",
+                           "Image7",
+                           "Line1",
+                           "Line2",
+                           "Label7",
+                           "Label9",
+                           "Frame1",
+                           "Frame2",
+                           "Optimierung",
+                           "Optimierung2",
+                           "Edit",
+                           "Add",
+                           "Command1",
+                           "Loeschen",
+                           "Kopieren",
+                           "Fischmehl",
+                           "Check1",
+                           "Check5",
+                           "MinMax",
+                           "Fischarten",
+                           "Fischfutter1",
+                           "Fischfutter2",
+                           "Label1",
+                           "Label31",
+                           "alle_rein",
+                           "alle_raus",
+                           "Rein",
+                           "raus",
+                           "ReportButton",
+                           "Ergebnis",
+                           "EingabeSchadstoff",
+                           "ArtSchadstoffwertCombo"})
+    EXPECT_FALSE(visible(name)) << name;
+  for (const char* name : {"Image6", "Schadstoffname", "Label5", "Suche", "Go", "Abbrechen",
+                           "schadstoffwerte", "Ende", "Schadstoffliste", "Label32"})
+    EXPECT_TRUE(visible(name)) << name;
+  const ControlState& grid = model.layout().at("schadstoffwerte");
+  EXPECT_EQ(TwipsRect({grid.left, grid.top, grid.width, grid.height}),
+            TwipsRect({240, 600, 15135, 4935}));
+  EXPECT_EQ(model.layout().at("Ende").caption, "Done");
+  EXPECT_EQ(model.searchText(), "Search...");
+  EXPECT_EQ(model.layout().width(), MainWindowLayout::kFullWidth);
+
+  model.setSearchText("oats");
+  model.Go_Click();
+  EXPECT_TRUE(model.grid().marked(3, 1));
+  model.Abbrechen_Click();
+  EXPECT_EQ(model.searchText(), "Search...");
+  for (const char* name :
+       {"Edit",         "Command1",     "Add",    "Loeschen", "Kopieren",  "Optimierung",
+        "Fischfutter1", "Fischfutter2", "Label1", "Label31",  "alle_rein", "alle_raus",
+        "Rein",         "raus",         "Line1",  "Line2",    "Label7",    "Label8",
+        "Label9",       "Frame2",       "Image2"})
+    EXPECT_TRUE(visible(name)) << name;
+  for (const char* name : {"schadstoffwerte", "Schadstoffname", "Label5", "Image6", "Abbrechen",
+                           "Suche", "Go", "MinMax", "Fischarten", "Fischmehl", "Check1"})
+    EXPECT_FALSE(visible(name)) << name;
+  EXPECT_TRUE(model.layout().at("Edit").enabled);
+
+  // Editing starts with the search marks gone.
+  model.Edit_Click();
+  EXPECT_FALSE(model.grid().marked(3, 1));
+  EXPECT_EQ(model.MouseWheel(-120, 1, 4935, 240), 5);
+}
+
+TEST_F(EditingTest, SimpleLayoutAfterDoneAndCancel) {
+  load(true);
+  EXPECT_EQ(model.layout().width(), MainWindowLayout::kSimpleWidth);
+  model.Edit_Click();
+  // The editing controls need the full width; the fish-meal chooser hides with its caption.
+  EXPECT_EQ(model.layout().width(), MainWindowLayout::kFullWidth);
+  EXPECT_EQ(model.layout().at("Ende").left, 15840);
+  EXPECT_FALSE(visible("Fischmehl") || visible("FischmehlCaption"));
+  EXPECT_TRUE(visible("Abbrechen"));
+
+  ASSERT_FALSE(model.Ende_Click());
+  EXPECT_EQ(model.layout().width(), MainWindowLayout::kSimpleWidth);
+  EXPECT_EQ(model.layout().at("Ende").left, 7000);
+  EXPECT_EQ(model.layout().at("Ende").caption, "Exit");
+  EXPECT_TRUE(visible("Fischmehl") && visible("FischmehlCaption"));
+  EXPECT_EQ(model.layout().at("Fischmehl").top, 3600);
+  EXPECT_EQ(model.layout().at("FischmehlCaption").top, 3250);
+  EXPECT_EQ(model.fishmealGrade(), 1);
+  for (const char* name : {"Fischfutter2", "alle_rein", "Rein", "raus", "Label31", "Check1"})
+    EXPECT_FALSE(visible(name)) << name;
+  EXPECT_TRUE(model.pseudoComponents().pc);
+
+  load(true);
+  model.Add_Click();
+  model.Abbrechen_Click();
+  EXPECT_EQ(model.layout().width(), MainWindowLayout::kSimpleWidth);
+  EXPECT_EQ(model.layout().at("Fischmehl").top, 3600);
+  EXPECT_FALSE(visible("Fischfutter2"));
+  EXPECT_EQ(model.fishmealGrade(), 1);
+}
+
+TEST_F(EditingTest, DecimalCommaLocaleStillEditsWithAPoint) {
+  table.setResidue(3, 1, 12.5);
+  table.setResidue(3, 2, 0.1 + 0.2);
+  table.setResidue(3, 3, 0.00001);
+  table.setResidue(3, 4, 1.0 / 3);
+  load();
+  model.setDecimalSeparator(',');
+  model.selectSubstance(2);
+  model.Edit_Click();
+  EXPECT_EQ(column5(), "12.5;0.30000000000000004;0.00001;0.3333333333333333;3.5;");
+  ASSERT_TRUE(model.leaveEditing());
+  expectSubstance(3, 3);  // bit for bit
+
+  model.Edit_Click();
+  openEditBox(5);
+  type("2,75");
+  model.EingabeSchadstoff_Enter();
+  ASSERT_TRUE(model.leaveEditing());
+  EXPECT_EQ(model.table().residue(3, 5), 2.75);
+}
+
+TEST_F(EditingTest, InPlaceEditorsAndTheFlag) {
+  model.Edit_Click();
+  EXPECT_EQ(model.Eingabefeld_platzieren(240, 600, {1200, 480, 1500, 240}),
+            TwipsRect({1455, 1095, 1500, 240}));
+  const ControlState& box = model.layout().at("EingabeSchadstoff");
+  EXPECT_TRUE(box.visible);
+  EXPECT_EQ(TwipsRect({box.left, box.top, box.width, box.height}),
+            TwipsRect({1455, 1095, 1500, 240}));
+
+  model.setGridCursor(2, 4, 2);
+  EXPECT_EQ(model.schadstoffwerte_Click(), MainWindowModel::GridEditor::BasisChooser);
+  EXPECT_FALSE(box.visible);
+  EXPECT_EQ(model.grid().basisChoice(), 1);  // row 2 reads STMR-P
+  EXPECT_EQ(model.Auswahlfeld_platzieren(240, 600, {1000, 480, 1200, 240}),
+            TwipsRect({1255, 1095, 1200, 315}));
+  EXPECT_TRUE(visible("ArtSchadstoffwertCombo"));
+  model.setGridCursor(2, 4, 1);
+  model.ArtSchadstoffwertCombo_Click(1);
+  EXPECT_EQ(column4(), "STMR-P;STMR-P;STMR;STMR-P;STMR;");
+  EXPECT_FALSE(visible("ArtSchadstoffwertCombo") || visible("EingabeSchadstoff"));
+  model.setGridCursor(1, 0, 1);
+  EXPECT_EQ(model.schadstoffwerte_Click(), MainWindowModel::GridEditor::None);
+
+  // A click into the box fills the selection; a double-click also hides the box.
+  openEditBox(3);
+  model.setEditBox("4", 1, 0);
+  model.setGridCursor(5, 5, 3);
+  model.EingabeSchadstoff_Click();
+  EXPECT_EQ(column5(), "1.1;1.2;4;4;4;");
+  EXPECT_TRUE(visible("EingabeSchadstoff"));
+  model.setGridCursor(1, 5, 1);
+  model.EingabeSchadstoff_DblClick();
+  EXPECT_EQ(column5(), "4;1.2;4;4;4;");
+  EXPECT_FALSE(visible("EingabeSchadstoff"));
+  EXPECT_EQ(model.EingabeSchadstoff_Copy(), "4");
+  model.setGridCursor(1, 5, 2);
+  EXPECT_EQ(model.schadstoffwerte_KeyDown(ResidueGrid::kKeyC, true), "4\r\n1.2\r\n");
+  // None of this touched the flag, in either state.
+  EXPECT_FALSE(model.databaseModified());
+  model.Abbrechen_Click();
+  model.Loeschen_Click();
+  model.Edit_Click();
+  model.setGridCursor(1, 4, 1);
+  model.ArtSchadstoffwertCombo_Click(0);
+  model.EingabeSchadstoff_Click();
+  model.Abbrechen_Click();
+  EXPECT_TRUE(model.databaseModified());
+}
+
+TEST_F(EditingTest, WhatTheTableCannotHoldIsRefused) {
+  model.Edit_Click();
+  model.setGridCursor(2, 5, 2);
+  model.EingabeSchadstoff_Paste("2000000\r\n");
+  EXPECT_FALSE(model.Ende_Click());
+  ASSERT_EQ(dialogs.messages.size(), 1u);
+  EXPECT_NE(dialogs.messages[0].find("1000000 mg/kg"), std::string::npos);
+  EXPECT_TRUE(model.editing());  // nothing stored, nothing lost
+  EXPECT_TRUE(model.grid().marked(2, 5));
+  expectSubstance(1, 1);
+  EXPECT_FALSE(model.databaseModified());
+  model.EingabeSchadstoff_Paste("1000000\r\n");
+  ASSERT_TRUE(model.leaveEditing());
+  EXPECT_EQ(model.table().residue(1, 2), 1000000);
+
+  // A full database takes no further substance.
+  ComponentTable full;
+  full.addComponent({"Fat", "Oil", "crude", "IFN", 0, 100, 100, 10, 10});
+  for (int s = 1; s <= ComponentTable::kMaxSubstances; ++s) full.addSubstance("S");
+  model.load(full, {{"Common carp", 8, 35}}, {{60, 12}, {62, 11}, {65, 10}});
+  dialogs.messages.clear();
+  model.Add_Click();
+  model.Kopieren_Click();
+  EXPECT_FALSE(model.editing());
+  EXPECT_EQ(model.table().substanceCount(), ComponentTable::kMaxSubstances);
+  EXPECT_EQ(dialogs.messages.size(), 2u);
+  model.Edit_Click();
+  EXPECT_TRUE(model.leaveEditing());
+}
+
+TEST_F(EditingTest, ListKeysWhileEditingKeepTheCopyOfTheCodes) {
+  // Editing Alpha, the (covered) list takes Delete: Alpha goes, Beta becomes current, and
+  // "Done" stores the grid and the codes as copied when editing began over Beta.
+  model.Edit_Click();
+  model.Schadstoffliste_KeyDown(ResidueGrid::kDelete, false);
+  EXPECT_EQ(names(), "Beta;Gamma;Delta;");
+  ASSERT_TRUE(model.leaveEditing());
+  EXPECT_EQ(names(), "Alpha;Gamma;Delta;");
+  expectSubstance(1, 1);
+  expectSubstance(2, 3);
+}
+
+TEST(SaveWhileEditing, TakesTheGridOverAfterWriting) {
+  namespace fs = std::filesystem;
+  std::string folder = (fs::temp_directory_path() / "pescavo-editing-XXXXXX").string();
+  ASSERT_NE(::mkdtemp(folder.data()), nullptr);
+  fs::copy(PESCAVO_SAMPLE_INPUT, folder, fs::copy_options::recursive);
+  const std::string file = folder + "/feedstuff.tab";
+  ScriptedDialogs dialogs;
+  MainWindowModel model(dialogs, '.');
+  model.startUp(folder);
+  const int substances = model.table().substanceCount();
+  const double before = model.table().residue(1, 1);
+
+  model.save();  // outside editing: the file, nothing appended
+  EXPECT_EQ(model.table().substanceCount(), substances);
+  EXPECT_FALSE(model.databaseModified());
+
+  model.Edit_Click();
+  model.setGridCursor(1, 5, 1);
+  model.EingabeSchadstoff_Paste("7.25\r\n");
+  model.save();
+  EXPECT_TRUE(model.editing());
+  EXPECT_TRUE(model.databaseModified());
+  EXPECT_EQ(model.table().residue(1, 1), 7.25);
+  EXPECT_EQ(readComponentTable(file).residue(1, 1), before);
+  EXPECT_TRUE(dialogs.messages.empty());
+  fs::remove_all(folder);
+}
+
+}  // namespace
+}  // namespace pescavo
