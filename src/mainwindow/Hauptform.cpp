@@ -5,6 +5,7 @@
 #include <QMouseEvent>
 
 #include "desktop/DesktopDialogs.h"
+#include "reportwindows/Report.h"
 #include "tables/TableError.h"
 
 namespace pescavo {

@@ -80,6 +80,9 @@ class Hauptform : public QMainWindow {
   void showOptions();
   void showResult();
   void Optimierung_Click();
+
+  // HauptformReports.cpp
+  Report& reportWindow();
   void Optimierung2_Click();
   void ReportButton_Click();
 
@@ -104,7 +107,7 @@ class Hauptform : public QMainWindow {
   QPoint m_pressPoint;  // where the last press on the available list was
   QPointer<Ueber> m_about;
   QPointer<Dialog> m_information;
-  Report* m_report = nullptr;
+  std::unique_ptr<Report> m_report;
 };
 
 }  // namespace pescavo

@@ -7,6 +7,7 @@
 #include "reports/ReportText.h"
 #include "reports/RtfWriter.h"
 #include "reports/TextFiles.h"
+#include "tables/NumericText.h"
 
 namespace pescavo {
 
@@ -65,6 +66,22 @@ PieChart Diagrammzeichnen(const MainWindowModel& model, int kind) {
   model.fillReportValues(values);
   return pescavo::Diagrammzeichnen(values, model.report().burdenSum, kind,
                                    model.decimalSeparator());
+}
+
+ReportLabels reportLabels(const MainWindowModel& model) {
+  ReportLabels labels;
+  labels.substance = model.substanceName();
+  const auto& table = model.speciesTable();
+  const int position = model.species();
+  FishSpecies species;
+  if (position >= 0 && position < static_cast<int>(table.size())) species = table[position];
+  const char sep = model.decimalSeparator();
+  labels.speciesName = species.name;
+  labels.speciesTargets = "(" + fixedForm(species.lipid, "0.00", sep) + "% Lipid; " +
+                          fixedForm(species.protein, "0.00", sep) + "% Protein)";
+  labels.printTitle = "Pescavo - Substance: " + labels.substance +
+                      "\tSpecies: " + labels.speciesName + labels.speciesTargets;
+  return labels;
 }
 
 std::string reportTxtPath(const MainWindowModel& model) { return reportFile(model, "Report.txt"); }

@@ -20,6 +20,16 @@ void Berichtschreiben(MainWindowModel& model);
 std::vector<CompositionRow> compositionTable(const MainWindowModel& model);
 PieChart Diagrammzeichnen(const MainWindowModel& model, int kind);
 
+// What the report windows show above the table and title their printouts with, from the main
+// window's current substance and species.
+struct ReportLabels {
+  std::string substance;       // TextSubstanz
+  std::string speciesName;     // TextFischname
+  std::string speciesTargets;  // TextFischname2: "(" + lipid + "% Lipid; " + protein + "% Protein)"
+  std::string printTitle;      // "Pescavo - Substance: " + substance + TAB + "Species: " ...
+};
+ReportLabels reportLabels(const MainWindowModel& model);
+
 std::string reportTxtPath(const MainWindowModel& model);
 std::string reportRtfPath(const MainWindowModel& model);
 

@@ -201,6 +201,9 @@ ScenarioDetails runScenarioDetails(MainWindowModel& model, int index) {
   details.text = model.report().berichtNeu;
   details.caption = "Report Szenario " + number(run, model.decimalSeparator()) + ": " +
                     model.report().scenarioCells[run][1];
+  details.labels = reportLabels(model);
+  details.verdict = model.check().verdict;
+  details.checkSentence = model.checkSentence();
   details.table = compositionTable(model);
   details.feedComposition = Diagrammzeichnen(model, kFeedComposition);
   details.dietaryLoad = Diagrammzeichnen(model, kDietaryLoad);

@@ -3,6 +3,8 @@
 #include <string>
 #include <vector>
 
+#include "engine/IndependentCheck.h"
+#include "model/ReportRun.h"
 #include "reports/ResultTables.h"
 #include "reports/Scenarios.h"
 
@@ -30,11 +32,18 @@ std::string openFullReportFile(MainWindowModel& model);
 void reportDone(MainWindowModel& model);
 void reportWindowUnloaded(MainWindowModel& model);
 
+// Headings of the two columns beside the scenario table that show each run's independent check.
+constexpr const char* kCheckColumnHeadings[2] = {"Independent check", "True optimum"};
+
 // What a "Details" button hands to its single-result window.
 struct ScenarioDetails {
   bool shown = false;   // false when the repeated run was refused or not solvable
   std::string caption;  // "Report Szenario " + number + ": " + description
   std::string text;     // title block and the run's section
+  ReportLabels labels;
+  // The independent check of the repeated run.
+  CheckVerdict verdict = CheckVerdict::CouldNotRun;
+  std::string checkSentence;
   std::vector<CompositionRow> table;
   PieChart feedComposition;  // drawn when the window loads
   PieChart dietaryLoad;

@@ -1,5 +1,6 @@
 #include <QAction>
 #include <QLabel>
+#include <QPlainTextEdit>
 #include <QSignalSpy>
 #include <QTimer>
 
@@ -126,6 +127,35 @@ TEST(InfoscreenTest, ShowsVersionAndDateAndStartsEitherLayout) {
   EXPECT_FALSE(started[0][0].toBool());
   EXPECT_TRUE(started[1][0].toBool());
   EXPECT_EQ(exit.count(), 1);
+}
+
+}  // namespace
+}  // namespace pescavo
+
+namespace pescavo {
+namespace {
+
+// "Report" opens the report of the run shown, modal, with the main window switched off.
+TEST_F(HauptformTest, TheReportButtonOpensTheRunsReportWithTheMainWindowOff) {
+  ASSERT_TRUE(start());
+  click("alle_rein");
+  click("Optimierung");
+  bool mainWindowOff = false;
+  QString caption;
+  QString text;
+  QTimer::singleShot(0, [&] {
+    QWidget* report = QApplication::activeModalWidget();
+    ASSERT_NE(report, nullptr);
+    caption = report->windowTitle();
+    mainWindowOff = !window->isEnabled();
+    if (auto* box = report->findChild<QPlainTextEdit*>("Bericht")) text = box->toPlainText();
+    report->close();
+  });
+  click("ReportButton");
+  EXPECT_EQ(caption, "Report");
+  EXPECT_TRUE(mainWindowOff);
+  EXPECT_TRUE(text.contains("Example substance A (fungicide)")) << text.toStdString();
+  EXPECT_TRUE(window->isEnabled());
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <random>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "model/MainWindowModel.h"
@@ -147,6 +148,63 @@ TEST(ScenarioSweep, RunSevenAtDmZeroMinimumSummaryAndFailures) {
   EXPECT_FALSE(s.m.report().fileWriteFailed);  // each sweep starts afresh
   EXPECT_EQ(s.m.report().scenarioCells[0][2], "Minimum Residue Value");
   EXPECT_EQ(s.m.report().scenarioSummary.rfind("Scenario\tMinimum Residue Value\r\n___", 0), 0u);
+}
+
+// The labels above the report windows' tables and the print title follow the current species,
+// with the regional decimal separator; a Details run hands them on with its check.
+TEST(ScenarioSweep, LabelsAndPrintTitleAndTheDetailsCheck) {
+  Sweep s;
+  s.m.setDecimalSeparator(',');
+  ASSERT_TRUE(Optimierung2_Click(s.m));
+  const ReportLabels labels = reportLabels(s.m);
+  EXPECT_EQ(labels.substance, "Substance A");
+  EXPECT_EQ(labels.speciesName, "Common carp");
+  EXPECT_EQ(labels.speciesTargets, "(10,00% Lipid; 40,00% Protein)");
+  EXPECT_EQ(labels.printTitle,
+            "Pescavo - Substance: Substance A\tSpecies: Common carp(10,00% Lipid; 40,00% Protein)");
+  const ScenarioDetails details = runScenarioDetails(s.m, 2);
+  ASSERT_TRUE(details.shown);
+  EXPECT_EQ(details.labels.printTitle, labels.printTitle);
+  EXPECT_EQ(std::pair(details.verdict, details.checkSentence),
+            std::pair(CheckVerdict::Agrees, std::string("Independent check: agrees.")));
+}
+
+// Only 100 % of "Second" meets the carp targets, so its 5 mg/kg is the true minimum; the method
+// reports 3 mg/kg from "First". The scenario cells keep what the method found; the check beside
+// them says it differs, and the Details run says so too.
+TEST(ScenarioSweep, RunsWhereTheMethodErrsCarryTheVerdict) {
+  RecordingDialogs dialogs;
+  MainWindowModel m(dialogs, '.');
+  ComponentTable table;
+  table.addSubstance("Substance A");
+  table.addComponent({"By-Products", "First", "feed", "", 20, 10, 100, 100, 100});
+  table.addComponent({"By-Products", "Second", "feed", "", 35, 10, 100, 100, 100});
+  table.setResidue(1, 1, 3);
+  table.setResidue(1, 2, 5);
+  m.load(table, {{"Common carp", 10, 35}}, {{60, 8}, {62, 9}, {65, 10}});
+  const auto folder = std::filesystem::temp_directory_path() /
+                      ("pescavo-errs-" + std::to_string(std::random_device()()));
+  std::filesystem::create_directories(folder);
+  m.report().reportFolder = folder.string();
+  m.alle_rein();
+  m.setCriterionOption(Criterion::Minimum);
+  ASSERT_TRUE(Optimierung2_Click(m));
+  const ReportState& report = m.report();
+  for (int run : {1, 2}) {
+    EXPECT_EQ(report.scenarioCells[run][2], "3.000");
+    EXPECT_EQ(report.scenarioChecks[run - 1].verdict, CheckVerdict::Differs);
+    EXPECT_EQ(report.scenarioVerdicts[run - 1], "differs");
+    EXPECT_EQ(report.scenarioTrueOptima[run - 1], "5.000");
+    EXPECT_EQ(report.scenarioVerdictTooltips[run - 1].rfind(
+                  "Differs from an independent LP solver: the true minimum is 5.000 mg/kg", 0),
+              0u);
+  }
+  const ScenarioDetails details = runScenarioDetails(m, 0);
+  EXPECT_EQ(details.verdict, CheckVerdict::Differs);
+  EXPECT_EQ(details.checkSentence.rfind("Independent check: the true minimum is 5.000 mg/kg", 0),
+            0u);
+  std::error_code ignored;
+  std::filesystem::remove_all(folder, ignored);
 }
 
 // A single run's report: title block and section, the composition table, the main window off.

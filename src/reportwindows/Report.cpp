@@ -1,0 +1,265 @@
+#include "reportwindows/Report.h"
+
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+#include <QWindow>
+
+#include "desktop/DesktopDialogs.h"
+#include "model/MainWindowModel.h"
+#include "model/ReportRun.h"
+#include "reportwindows/HandPointer.h"
+#include "reportwindows/ReportSingle.h"
+#include "reportwindows/ReportViews.h"
+#include "reportwindows/ScenarioGrid.h"
+
+namespace pescavo {
+
+namespace {
+
+const QString kConvertIntoChart = QStringLiteral("Convert into chart");
+const QString kConvertIntoTable = QStringLiteral("Convert into table");
+const QString kDrawPieChart = QStringLiteral("Draw pie chart");
+const QString kBack = QStringLiteral("Back");
+const QString kOpenFullReport = QStringLiteral("Open Full Report File");
+
+}  // namespace
+
+Report::Report(MainWindowModel& model, DesktopDialogs& dialogs, QWidget* mainWindow)
+    : QDialog(nullptr), m_model(model), m_dialogs(dialogs), m_mainWindow(mainWindow) {
+  setObjectName("Report");
+  setWindowTitle(QStringLiteral("Report"));
+  setWindowFlag(Qt::WindowMaximizeButtonHint);
+  setSizeGripEnabled(true);
+  buildControls();
+  connectControls();
+  resize(1000, 660);
+  load();
+}
+
+Report::~Report() = default;
+
+void Report::buildControls() {
+  m_labelRow = std::make_unique<ReportLabelRow>(this);
+  m_checkWarning = std::make_unique<CheckWarning>(this);
+  m_bericht = std::make_unique<ReportTextBox>(this, "Bericht");
+  m_ergebnisGrid = new CompositionGrid(this);
+  m_allScnErgebnis = new ScenarioGrid(this);
+  m_chart = new PieChartView(this);
+  m_combo1 = makeChartChooser(this);
+  m_command1 = makeButton(this, "Command1", kConvertIntoChart);
+  m_command2 = makeButton(this, "Command2", kDrawPieChart);
+  m_command3 = makeButton(this, "Command3", kOpenFullReport);
+  m_drucken = makeButton(this, "Drucken", QStringLiteral("Print"));
+  m_kopieren = makeButton(this, "Kopieren", QStringLiteral("Copy into Clipboard"));
+  m_fertig = makeButton(this, "Fertig", QStringLiteral("Done"));
+
+  auto* chooser = new QHBoxLayout;
+  chooser->addWidget(m_combo1);
+  chooser->addStretch();
+  auto* buttons = new QHBoxLayout;
+  for (QPushButton* button : {m_command1, m_command2, m_command3}) buttons->addWidget(button);
+  buttons->addStretch();
+  for (QPushButton* button : {m_drucken, m_kopieren, m_fertig}) buttons->addWidget(button);
+  auto* page = new QVBoxLayout(this);
+  page->addWidget(m_labelRow->widget());
+  page->addWidget(m_checkWarning->widget());
+  page->addLayout(chooser);
+  page->addWidget(m_bericht->widget(), 1);
+  page->addWidget(m_ergebnisGrid, 1);
+  page->addWidget(m_allScnErgebnis, 1);
+  page->addWidget(m_chart, 1);
+  page->addLayout(buttons);
+
+  const auto cursorFile = [this] {
+    return QString::fromStdString(m_model.inputFolder() + "/harrow.cur");
+  };
+  for (QPushButton* button : {m_command1, m_command2, m_command3, m_drucken, m_kopieren, m_fertig})
+    useHandPointer(button, cursorFile);
+  for (int i = 0; i < 16; ++i) useHandPointer(m_allScnErgebnis->detailsButton(i), cursorFile);
+}
+
+void Report::connectControls() {
+  connect(m_command1, &QPushButton::clicked, this, &Report::Command1_Click);
+  connect(m_command2, &QPushButton::clicked, this, &Report::Command2_Click);
+  connect(m_command3, &QPushButton::clicked, this, &Report::Command3_Click);
+  connect(m_drucken, &QPushButton::clicked, this, &Report::Drucken_Click);
+  connect(m_kopieren, &QPushButton::clicked, this, &Report::Kopieren_Click);
+  connect(m_fertig, &QPushButton::clicked, this, &Report::Fertig_Click);
+  connect(m_combo1, &QComboBox::activated, this, &Report::Diagrammzeichnen);
+  m_allScnErgebnis->onDetails = [this](int index) { Command4_Click(index); };
+}
+
+// The window as it is loaded, before an activation: the text on screen, nothing else.
+void Report::load() {
+  m_tableShown = m_chartShown = m_scenarioTableShown = false;
+  m_labelRow->setShown(false);
+  m_checkWarning->widget()->hide();
+  m_bericht->setText(std::string());
+  m_bericht->widget()->show();
+  for (QWidget* hidden :
+       std::initializer_list<QWidget*>{m_ergebnisGrid, m_allScnErgebnis, m_chart, m_combo1})
+    hidden->hide();
+  m_allScnErgebnis->setButtonsShown(false);
+  m_combo1->setCurrentIndex(-1);
+  setCaption(m_command1, kConvertIntoChart);
+  setCaption(m_command2, kDrawPieChart);
+  setCaption(m_command3, kOpenFullReport);
+  for (QPushButton* button : {m_command1, m_command2, m_command3}) button->show();
+}
+
+// Runs when the window is opened, not at every change of focus: coming back from a scenario
+// window or the text editor keeps the view the user left.
+void Report::activate() {
+  m_labels = reportLabels(m_model);
+  m_labelRow->setLabels(m_labels);
+  if (m_allScenarios) {
+    m_allScnErgebnis->show();
+    m_labelRow->setShown(true);
+    m_command3->show();
+    for (QWidget* hidden :
+         std::initializer_list<QWidget*>{m_command1, m_command2, m_combo1, m_bericht->widget()})
+      hidden->hide();
+    m_scenarioTableShown = true;
+    // A new sweep shows its table with the buttons that belong to it.
+    setCaption(m_command3, kOpenFullReport);
+    m_allScnErgebnis->setButtonsShown(true);
+    return;
+  }
+  m_allScnErgebnis->setButtonsShown(false);
+  for (QWidget* hidden : std::initializer_list<QWidget*>{m_command3, m_allScnErgebnis, m_chart})
+    hidden->hide();
+  setCaption(m_command1, kConvertIntoTable);
+  setCaption(m_command2, kDrawPieChart);
+  m_labelRow->setShown(false);
+  m_combo1->hide();
+  addChartKinds(m_combo1);
+  m_bericht->widget()->setFocus();
+}
+
+void Report::openSingle() {
+  if (isVisible()) close();  // the all-scenario window goes as if closed by its frame
+  Berichtschreiben(m_model);
+  applyMainWindowState();
+  load();
+  m_allScenarios = false;
+  const ReportState& report = m_model.report();
+  m_bericht->setText(report.bericht);
+  m_ergebnisGrid->setRows(report.ergebnisGrid);
+  m_checkWarning->show(m_model.check().verdict, m_model.checkSentence());
+  activate();
+  keepAboveMainWindow();
+  exec();
+}
+
+void Report::Command1_Click() {
+  m_tableShown = !m_tableShown;
+  m_labelRow->setShown(m_tableShown);
+  m_ergebnisGrid->setVisible(m_tableShown);
+  m_bericht->widget()->setVisible(!m_tableShown);
+  setCaption(m_command1, m_tableShown ? kBack : kConvertIntoTable);
+  m_command2->setVisible(!m_tableShown);
+}
+
+void Report::Command2_Click() {
+  if (m_chartShown) {
+    m_chartShown = false;
+    m_chart->hide();
+    setCaption(m_command2, kDrawPieChart);
+    m_command1->show();
+    m_combo1->hide();
+    m_bericht->widget()->show();
+    return;
+  }
+  // The chart view always opens on the feed composition.
+  m_combo1->setCurrentIndex(kFeedComposition);
+  Diagrammzeichnen();
+  m_chartShown = true;
+  setCaption(m_command2, kBack);
+  m_command1->hide();
+  m_combo1->show();
+  m_bericht->widget()->hide();
+  m_chart->show();
+}
+
+void Report::Diagrammzeichnen() {
+  const int kind = m_combo1->currentIndex();
+  if (kind < 0) return;
+  m_chart->draw(pescavo::Diagrammzeichnen(m_model, kind));
+}
+
+void Report::Drucken_Click() {
+  if (m_allScenarios) {
+    if (m_scenarioTableShown)
+      printGrid(m_dialogs, *m_allScnErgebnis, m_labels.printTitle);
+    else
+      m_bericht->print(m_dialogs);
+    return;
+  }
+  if (m_chartShown)
+    printChart(m_dialogs, *m_chart);
+  else if (m_tableShown)
+    printGrid(m_dialogs, *m_ergebnisGrid, m_labels.printTitle, CompositionGrid::kRepeatedColumns);
+  else
+    m_bericht->print(m_dialogs);
+}
+
+void Report::Kopieren_Click() {
+  if (m_allScenarios) {
+    if (m_scenarioTableShown)
+      copyGrid(m_dialogs, *m_allScnErgebnis);
+    else
+      m_dialogs.setClipboardText(m_bericht->text());
+    return;
+  }
+  if (m_chartShown)
+    copyChart(m_dialogs, *m_chart);
+  else if (m_tableShown)
+    copyGrid(m_dialogs, *m_ergebnisGrid);
+  else
+    m_dialogs.setClipboardText(m_bericht->text());
+}
+
+void Report::Fertig_Click() {
+  unload(true);
+  hide();
+}
+
+void Report::closeEvent(QCloseEvent* event) {
+  if (isVisible()) unload(false);
+  event->accept();
+  QWidget::closeEvent(event);
+}
+
+// Escape closes the window as its frame does.
+void Report::reject() { close(); }
+
+// "Done" resets Report.txt to a single blank line; any other way of closing leaves it alone.
+void Report::unload(bool done) {
+  if (m_unloading) return;
+  m_unloading = true;
+  if (done)
+    reportDone(m_model);
+  else
+    reportWindowUnloaded(m_model);
+  closeScenarioWindows();
+  applyMainWindowState();
+  m_unloading = false;
+  emit modelChanged();
+}
+
+void Report::applyMainWindowState() {
+  if (m_mainWindow) m_mainWindow->setEnabled(m_model.report().mainWindowEnabled);
+}
+
+// Not a child of the main window, yet kept in front of it by the window manager.
+void Report::keepAboveMainWindow() {
+  if (!m_mainWindow || !m_mainWindow->windowHandle()) return;
+  winId();
+  windowHandle()->setTransientParent(m_mainWindow->windowHandle());
+}
+
+}  // namespace pescavo

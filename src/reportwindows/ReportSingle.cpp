@@ -1,0 +1,148 @@
+#include "reportwindows/ReportSingle.h"
+
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "desktop/DesktopDialogs.h"
+#include "reportwindows/ReportViews.h"
+
+namespace pescavo {
+
+namespace {
+
+const QString kConvertIntoTable = QStringLiteral("Convert into table");
+const QString kDrawPieChart = QStringLiteral("Draw pie chart");
+const QString kBack = QStringLiteral("Back");
+
+}  // namespace
+
+ReportSingle::ReportSingle(DesktopDialogs& dialogs, QWidget* reportWindow)
+    : QDialog(reportWindow, Qt::Window), m_dialogs(dialogs) {
+  setObjectName("ReportSingle");
+  setWindowTitle(QStringLiteral("Form1"));
+  setAttribute(Qt::WA_DeleteOnClose);
+  setSizeGripEnabled(true);
+  buildControls();
+  resize(940, 600);
+}
+
+ReportSingle::~ReportSingle() = default;
+
+void ReportSingle::buildControls() {
+  m_labelRow = std::make_unique<ReportLabelRow>(this);
+  m_checkWarning = std::make_unique<CheckWarning>(this);
+  m_berichtNeu = std::make_unique<ReportTextBox>(this, "BerichtNeu");
+  m_ergebnisGrid = new CompositionGrid(this);
+  m_chart = new PieChartView(this);
+  m_combo1 = makeChartChooser(this);
+  m_command1 = makeButton(this, "Command1", QStringLiteral("Convert into chart"));
+  m_command2 = makeButton(this, "Command2", kDrawPieChart);
+  m_drucken = makeButton(this, "Drucken", QStringLiteral("Print"));
+  m_kopieren = makeButton(this, "Kopieren", QStringLiteral("Copy into Clipboard"));
+  m_fertig = makeButton(this, "Fertig", QStringLiteral("Done"));
+
+  auto* chooser = new QHBoxLayout;
+  chooser->addWidget(m_combo1);
+  chooser->addStretch();
+  auto* buttons = new QHBoxLayout;
+  buttons->addWidget(m_command1);
+  buttons->addWidget(m_command2);
+  buttons->addStretch();
+  for (QPushButton* button : {m_drucken, m_kopieren, m_fertig}) buttons->addWidget(button);
+  auto* page = new QVBoxLayout(this);
+  page->addWidget(m_labelRow->widget());
+  page->addWidget(m_checkWarning->widget());
+  page->addLayout(chooser);
+  page->addWidget(m_berichtNeu->widget(), 1);
+  page->addWidget(m_ergebnisGrid, 1);
+  page->addWidget(m_chart, 1);
+  page->addLayout(buttons);
+
+  connect(m_command1, &QPushButton::clicked, this, &ReportSingle::Command1_Click);
+  connect(m_command2, &QPushButton::clicked, this, &ReportSingle::Command2_Click);
+  connect(m_drucken, &QPushButton::clicked, this, &ReportSingle::Drucken_Click);
+  connect(m_kopieren, &QPushButton::clicked, this, &ReportSingle::Kopieren_Click);
+  connect(m_fertig, &QPushButton::clicked, this, &QWidget::close);
+  connect(m_combo1, &QComboBox::activated, this, &ReportSingle::Diagrammzeichnen);
+}
+
+// Every load shows the run it is given whole, so that text, table and chart never belong to
+// different runs.
+void ReportSingle::load(const ScenarioDetails& details) {
+  m_details = details;
+  setWindowTitle(QString::fromStdString(details.caption));
+  m_labelRow->setLabels(details.labels);
+  m_checkWarning->show(details.verdict, details.checkSentence);
+  setCaption(m_command1, kConvertIntoTable);
+  setCaption(m_command2, kDrawPieChart);
+  m_labelRow->setShown(false);
+  m_combo1->hide();
+  m_ergebnisGrid->hide();
+  m_command1->show();
+  m_command2->show();
+  m_berichtNeu->setText(details.text);
+  m_berichtNeu->widget()->show();
+  addChartKinds(m_combo1);
+  m_combo1->setCurrentIndex(kFeedComposition);
+  Diagrammzeichnen();
+  m_chart->hide();
+  m_ergebnisGrid->setRows(details.table);
+}
+
+void ReportSingle::Command1_Click() {
+  const bool show = !tableShown();
+  m_labelRow->setShown(show);
+  m_ergebnisGrid->setVisible(show);
+  m_berichtNeu->widget()->setVisible(!show);
+  m_command2->setVisible(!show);
+  setCaption(m_command1, show ? kBack : kConvertIntoTable);
+}
+
+// The chart last drawn comes back; the chosen kind stays as it was.
+void ReportSingle::Command2_Click() {
+  const bool show = !chartShown();
+  setCaption(m_command2, show ? kBack : kDrawPieChart);
+  m_command1->setVisible(!show);
+  m_berichtNeu->widget()->setVisible(!show);
+  m_combo1->setVisible(show);
+  m_chart->setVisible(show);
+}
+
+void ReportSingle::Diagrammzeichnen() {
+  const int kind = m_combo1->currentIndex();
+  if (kind < 0) return;
+  m_chart->draw(kind == kDietaryLoad ? m_details.dietaryLoad : m_details.feedComposition);
+}
+
+void ReportSingle::Drucken_Click() {
+  const std::string& title = m_details.labels.printTitle;
+  if (chartShown())
+    printChart(m_dialogs, *m_chart);
+  else if (tableShown())
+    printGrid(m_dialogs, *m_ergebnisGrid, title, CompositionGrid::kRepeatedColumns);
+  else
+    m_berichtNeu->print(m_dialogs);
+}
+
+void ReportSingle::Kopieren_Click() {
+  if (chartShown())
+    copyChart(m_dialogs, *m_chart);
+  else if (tableShown())
+    copyGrid(m_dialogs, *m_ergebnisGrid);
+  else
+    m_dialogs.setClipboardText(m_berichtNeu->text());
+}
+
+// Escape and the frame close the window as "Done" does.
+void ReportSingle::closeEvent(QCloseEvent* event) { QWidget::closeEvent(event); }
+
+void ReportSingle::reject() { close(); }
+
+bool ReportSingle::tableShown() const { return !m_ergebnisGrid->isHidden(); }
+
+bool ReportSingle::chartShown() const { return !m_chart->isHidden(); }
+
+}  // namespace pescavo

@@ -1,0 +1,158 @@
+#include "reportwindows/ScenarioGrid.h"
+
+#include <QEvent>
+#include <QFontMetrics>
+#include <QHeaderView>
+#include <QPushButton>
+#include <algorithm>
+
+#include "model/ReportState.h"
+#include "model/ScenarioSweep.h"
+#include "reportwindows/ReportViews.h"
+
+namespace pescavo {
+
+namespace {
+
+// Headings wrap into the row's height, on screen and on paper.
+constexpr int kWrap = Qt::TextWordWrap;
+const QColor kDiffers(255, 200, 200);
+const QColor kUnchecked(255, 236, 179);
+const QColor kWarningText(160, 0, 0);
+// Pure green, as the sweep colours them, drawn flat so that the colour is the one given.
+const QString kDetailsStyle = QStringLiteral(
+    "QPushButton { background-color: rgb(0, 255, 0); border: 1px solid rgb(0, 128, 0); }"
+    "QPushButton:pressed { background-color: rgb(0, 200, 0); }");
+
+Qt::Alignment alignment(int code) {
+  return code == kAlignCentre ? Qt::Alignment(Qt::AlignCenter)
+                              : Qt::Alignment(Qt::AlignLeft | Qt::AlignVCenter);
+}
+
+}  // namespace
+
+ScenarioGrid::ScenarioGrid(QWidget* parent) : QTableWidget(kScenarioRuns, kColumns, parent) {
+  setObjectName("AllScnErgebnis");
+  setAccessibleName(QStringLiteral("Scenario table"));
+  setEditTriggers(QAbstractItemView::NoEditTriggers);
+  verticalHeader()->hide();
+  horizontalHeader()->setDefaultAlignment(Qt::AlignCenter);
+  horizontalHeader()->setHighlightSections(false);
+  setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+  for (int i = 0; i < kScenarioRuns; ++i) {
+    const QString number = QString::number(i + 1);
+    QPushButton* button = makeButton(this, qPrintable(QStringLiteral("Command4_%1").arg(i)),
+                                     QStringLiteral("Details"));
+    button->setAccessibleName(QStringLiteral("Details, scenario ") + number);
+    button->setStyleSheet(kDetailsStyle);
+    button->hide();
+    connect(button, &QPushButton::clicked, this, [this, i] {
+      if (onDetails) onDetails(i);
+    });
+    setCellWidget(i, 3, button);
+    m_buttons[i] = button;
+  }
+}
+
+void ScenarioGrid::fill(const ReportState& report) {
+  const ScenarioCells& cells = report.scenarioCells;
+  for (int c = 0; c < 4; ++c) {
+    auto* header = new QTableWidgetItem(QString::fromStdString(cells[0][c]));
+    header->setTextAlignment(Qt::Alignment(alignment(report.scenarioAlignment[0][c]) | kWrap));
+    setHorizontalHeaderItem(c, header);
+  }
+  for (int c : {kVerdictColumn, kTrueOptimumColumn}) {
+    auto* header = new QTableWidgetItem(QString::fromUtf8(kCheckColumnHeadings[c - 4]));
+    header->setTextAlignment(Qt::Alignment(int(Qt::AlignCenter) | kWrap));
+    setHorizontalHeaderItem(c, header);
+  }
+  for (int run = 1; run <= kScenarioRuns; ++run) {
+    for (int c = 0; c < 3; ++c) setCell(run, c, cells[run][c], report.scenarioAlignment[run][c]);
+    setCell(run, kVerdictColumn, report.scenarioVerdicts[run - 1], kAlignCentre);
+    setCell(run, kTrueOptimumColumn, report.scenarioTrueOptima[run - 1], kAlignCentre);
+    markRun(report, run);
+  }
+  fitCheckColumns();
+  m_appliedWidth = -1;
+  applyWidths();
+}
+
+void ScenarioGrid::setCell(int row, int column, const std::string& text, int code) {
+  auto* cell = new QTableWidgetItem(QString::fromStdString(text));
+  cell->setTextAlignment(alignment(code));
+  setItem(row - 1, column, cell);
+}
+
+// Runs not yet made by an unfinished sweep have no check and no mark.
+void ScenarioGrid::markRun(const ReportState& report, int run) {
+  const bool made = !report.scenarioVerdicts[run - 1].empty();
+  const CheckVerdict verdict = report.scenarioChecks[run - 1].verdict;
+  const bool marked = made && verdict != CheckVerdict::Agrees;
+  const QString tooltip = QString::fromStdString(report.scenarioVerdictTooltips[run - 1]);
+  for (int c = 0; c < kColumns; ++c) {
+    QTableWidgetItem* cell = item(run - 1, c);
+    if (!cell) continue;
+    if (marked) {
+      cell->setBackground(verdict == CheckVerdict::Differs ? kDiffers : kUnchecked);
+      cell->setToolTip(tooltip);
+    }
+    if (c == kVerdictColumn) cell->setToolTip(tooltip);
+    if (marked && c >= kVerdictColumn) {
+      QFont font = cell->font();
+      font.setBold(true);
+      cell->setFont(font);
+      cell->setForeground(kWarningText);
+    }
+  }
+}
+
+void ScenarioGrid::setButtonsShown(bool shown) {
+  for (QPushButton* button : m_buttons) button->setVisible(shown);
+}
+
+// As narrow as their cells and the longest word of their headings, which wrap.
+void ScenarioGrid::fitCheckColumns() {
+  const QFontMetrics metrics(horizontalHeader()->font());
+  for (int c : {kVerdictColumn, kTrueOptimumColumn}) {
+    int widest = 0;
+    for (const QString& word : horizontalHeaderItem(c)->text().split(QLatin1Char(' ')))
+      widest = std::max(widest, metrics.horizontalAdvance(word));
+    setColumnWidth(c, std::max(sizeHintForColumn(c), widest + 2 * metrics.averageCharWidth()));
+  }
+}
+
+// The header row is as high as its highest wrapped heading.
+void ScenarioGrid::fitHeaderHeight() {
+  const QFontMetrics metrics(horizontalHeader()->font());
+  const int margin = 2 * metrics.averageCharWidth();
+  int lines = 1;
+  for (int c = 0; c < kColumns; ++c) {
+    const QTableWidgetItem* header = horizontalHeaderItem(c);
+    if (!header) continue;
+    const QRect room(0, 0, std::max(1, columnWidth(c) - margin), 10000);
+    const int height =
+        metrics.boundingRect(room, Qt::AlignCenter | Qt::TextWordWrap, header->text()).height();
+    lines = std::max(lines, (height + metrics.lineSpacing() - 1) / metrics.lineSpacing());
+  }
+  horizontalHeader()->setFixedHeight(lines * metrics.lineSpacing() + metrics.height() / 2 + 4);
+}
+
+// The viewport narrows when the vertical scroll bar comes in; the columns follow it.
+bool ScenarioGrid::viewportEvent(QEvent* event) {
+  const bool handled = QTableWidget::viewportEvent(event);
+  if (event->type() == QEvent::Resize) applyWidths();
+  return handled;
+}
+
+// The four columns share what the check's columns leave of the grid's width.
+void ScenarioGrid::applyWidths() {
+  const int width = viewport()->width();
+  if (width == m_appliedWidth) return;
+  m_appliedWidth = width;
+  const int checkColumns = columnWidth(kVerdictColumn) + columnWidth(kTrueOptimumColumn);
+  const std::array<int, 4> widths = scenarioColumnWidths(std::max(0, width - checkColumns));
+  for (int c = 0; c < 4; ++c) setColumnWidth(c, widths[c]);
+  fitHeaderHeight();
+}
+
+}  // namespace pescavo

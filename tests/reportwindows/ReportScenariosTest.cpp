@@ -1,0 +1,336 @@
+// The report window after "Optimize all Scenarios" on the sample data: the scenario table and
+// its Details buttons, the scenario windows, the full report, the independent check's marks,
+// and Report.txt after "Done" and after closing by the frame.
+
+#include <QCursor>
+#include <QEvent>
+#include <QPieSeries>
+#include <QPieSlice>
+#include <QPlainTextEdit>
+#include <QScrollBar>
+
+#include "ReportTestSupport.h"
+#include "model/ReportRun.h"
+#include "model/ScenarioSweep.h"
+#include "reports/ReportText.h"
+#include "reportwindows/Report.h"
+#include "reportwindows/ReportSingle.h"
+#include "reportwindows/ReportViews.h"
+
+namespace pescavo::test {
+namespace {
+
+const char kNotSolvable[] = "The problem is not solvable. Add more or try different components.";
+
+class ScenariosTest : public ReportWindowTest {
+ protected:
+  void SetUp() override {
+    ReportWindowTest::SetUp();
+    model.alle_rein();
+  }
+  QTableWidget* table() { return child<QTableWidget>(report, "AllScnErgebnis"); }
+  QPushButton* details(int index) {
+    return child<QPushButton>(report, qPrintable(QStringLiteral("Command4_%1").arg(index)));
+  }
+  QList<ReportSingle*> scenarioWindows() {
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    return report.findChildren<ReportSingle*>();
+  }
+  // Every Details button lies exactly over its row's cell in column 3.
+  void expectButtonsOverTheirCells() {
+    QTableWidget* grid = table();
+    for (int i = 0; i < 16; ++i)
+      EXPECT_EQ(details(i)->geometry(), grid->visualRect(grid->model()->index(i, 3))) << i;
+  }
+  // Turns the scenario table into lines of TAB-separated cells, as the clipboard gets it.
+  QStringList copiedLines() {
+    click(report, "Kopieren");
+    return QString::fromStdString(dialogs.clipboard).split("\r\n");
+  }
+
+  Report report{model, dialogs, &mainWindow};
+};
+
+TEST_F(ScenariosTest, TheSweepShowsItsTableWithADetailsButtonOverEveryRow) {
+  report.openAllScenarios();
+  ASSERT_TRUE(report.isVisible());
+  EXPECT_FALSE(report.isModal());
+  EXPECT_TRUE(mainWindow.isEnabled());
+  QTableWidget* grid = table();
+  ASSERT_EQ(grid->rowCount(), 16);
+  const QStringList headers = {"Szenario", "Description",       "Maximum Residue Value",
+                               "",         "Independent check", "True optimum"};
+  for (int c = 0; c < 6; ++c) EXPECT_EQ(grid->horizontalHeaderItem(c)->text(), headers[c]);
+  const ScenarioCells& cells = model.report().scenarioCells;
+  for (int run = 1; run <= 16; ++run)
+    for (int c = 0; c < 3; ++c)
+      EXPECT_EQ(grid->item(run - 1, c)->text().toStdString(), cells[run][c]) << run << c;
+  // Without fish meal no sample feed reaches the carp's protein target.
+  EXPECT_EQ(grid->item(0, 2)->text(), "-");
+  EXPECT_EQ(grid->item(4, 2)->text(), "-");
+  EXPECT_EQ(grid->item(2, 2)->text(), "0.306");
+  EXPECT_EQ(grid->item(1, 1)->text(),
+            "Without PC, CC, F - \"maximum reasonable balanced diet (MRBD)\"");
+  EXPECT_EQ(grid->item(2, 4)->text(), "agrees");
+  EXPECT_EQ(grid->item(0, 5)->text(), "not solvable");
+  EXPECT_EQ(grid->item(0, 1)->textAlignment(), int(Qt::AlignLeft | Qt::AlignVCenter));
+  EXPECT_EQ(grid->item(0, 2)->textAlignment(), int(Qt::AlignCenter));
+
+  EXPECT_EQ(child<QLineEdit>(report, "TextSubstanz")->text(), "Example substance A (fungicide)");
+  EXPECT_EQ(child<QLineEdit>(report, "TextFischname")->text(), "Common carp");
+  for (const char* hidden : {"Command1", "Command2", "Combo1", "Bericht", "ErgebnisGrid"})
+    EXPECT_FALSE(shown(report, hidden)) << hidden;
+  EXPECT_EQ(caption(report, "Command3"), "Open Full Report File");
+
+  for (int i = 0; i < 16; ++i) {
+    QPushButton* button = details(i);
+    ASSERT_NE(button, nullptr);
+    EXPECT_EQ(button->text(), "Details");
+    EXPECT_EQ(button->accessibleName(), QStringLiteral("Details, scenario %1").arg(i + 1));
+  }
+  EXPECT_TRUE(details(0)->isVisible());
+  EXPECT_EQ(details(0)->grab().toImage().pixelColor(details(0)->width() / 2, 3), QColor(0, 255, 0));
+  expectButtonsOverTheirCells();
+
+  // The four columns share the width the check's columns leave, whatever the window's size.
+  for (const QSize size : {QSize(700, 300), QSize(1400, 900)}) {
+    report.resize(size);
+    QApplication::processEvents();
+    int columns = 0;
+    for (int c = 0; c < 6; ++c) columns += grid->columnWidth(c);
+    EXPECT_LE(columns, grid->viewport()->width());
+    EXPECT_GT(columns, grid->viewport()->width() * 9 / 10);
+    expectButtonsOverTheirCells();
+  }
+  report.resize(700, 300);
+  QApplication::processEvents();
+  grid->verticalScrollBar()->setValue(grid->verticalScrollBar()->maximum());
+  QApplication::processEvents();
+  ASSERT_GT(grid->verticalScrollBar()->value(), 0);
+  expectButtonsOverTheirCells();
+  EXPECT_TRUE(details(15)->isVisible());
+}
+
+TEST_F(ScenariosTest, DetailsOpensItsRunInAWindowOfItsOwn) {
+  report.openAllScenarios();
+  const std::string afterSweep = reportFile();
+  QTest::mouseClick(details(2), Qt::LeftButton);  // run 3: PC
+  ASSERT_EQ(scenarioWindows().size(), 1);
+  ReportSingle& window = *scenarioWindows().front();
+  EXPECT_TRUE(window.isVisible());
+  EXPECT_FALSE(window.isModal());
+  EXPECT_EQ(window.windowTitle(), "Report Szenario 3: PC");
+  EXPECT_TRUE(model.pseudoComponents().pc && !model.pseudoComponents().cc);
+  auto* text = child<QPlainTextEdit>(window, "BerichtNeu");
+  EXPECT_TRUE(text->isVisible());
+  EXPECT_TRUE(text->toPlainText().startsWith(QString(70, '-') + "\n\nPescavo concerning"));
+  EXPECT_TRUE(text->toPlainText().contains("Fish meal (65.00% protein, 10.00% lipid)"));
+  // Its section goes to Report.txt as well.
+  const std::string& shownText = model.report().berichtNeu;
+  EXPECT_EQ(reportFile(),
+            afterSweep + shownText.substr(titleBlock(model.substanceName()).size()) + "\r\n");
+
+  click(window, "Command1");
+  EXPECT_TRUE(shown(window, "ErgebnisGrid") && shown(window, "TextSubstanz"));
+  EXPECT_FALSE(shown(window, "BerichtNeu") || shown(window, "Command2"));
+  EXPECT_EQ(caption(window, "Command1"), "Back");
+  auto* grid = child<QTableWidget>(window, "ErgebnisGrid");
+  ASSERT_NE(grid, nullptr);
+  EXPECT_EQ(grid->item(grid->rowCount() - 1, 0)->text(), "Fish meal ");
+  click(window, "Kopieren");
+  EXPECT_TRUE(QString::fromStdString(dialogs.clipboard).startsWith("Category\tCrop (Commodity)\t"));
+  click(window, "Command1");
+
+  click(window, "Command2");
+  EXPECT_TRUE(shown(window, "MSChart1") && shown(window, "Combo1"));
+  EXPECT_FALSE(shown(window, "Command1") || shown(window, "BerichtNeu"));
+  auto* chart = child<PieChartView>(window, "MSChart1");
+  EXPECT_EQ(chart->title(), "Worst case feed composition regarding Common carp");
+  QStringList labels;
+  for (QPieSlice* slice : chart->series()->slices()) labels << slice->label();
+  EXPECT_EQ(labels
+                .filter(QRegularExpression("^Fish meal \\(65\\.00% protein, 10\\.00% lipid\\) "
+                                           "\\(\\d+\\.\\d\\d %\\)$"))
+                .size(),
+            1)
+      << labels.join(" | ").toStdString();
+  chooseChart(window, kDietaryLoad);
+  EXPECT_EQ(chart->title(), "Dietary load regarding Common carp");
+  click(window, "Command2");
+  click(window, "Command2");  // the kind last chosen stays
+  EXPECT_EQ(chart->title(), "Dietary load regarding Common carp");
+  click(window, "Command2");
+
+  // A run that cannot meet the targets says so and opens nothing; the same button reuses its
+  // window, showing the text again.
+  dialogs.messages.clear();
+  QTest::mouseClick(details(0), Qt::LeftButton);
+  EXPECT_EQ(dialogs.messages, std::vector<std::string>{kNotSolvable});
+  click(window, "Command1");
+  QTest::mouseClick(details(2), Qt::LeftButton);
+  EXPECT_EQ(scenarioWindows().size(), 1);
+  EXPECT_TRUE(shown(window, "BerichtNeu"));
+  EXPECT_FALSE(shown(window, "ErgebnisGrid"));
+  QTest::mouseClick(details(15), Qt::LeftButton);
+  EXPECT_EQ(scenarioWindows().size(), 2);
+
+  click(window, "Fertig");  // this window only
+  EXPECT_EQ(scenarioWindows().size(), 1);
+  EXPECT_TRUE(report.isVisible());
+  click(report, "Fertig");
+  EXPECT_TRUE(scenarioWindows().empty());
+  EXPECT_EQ(reportFile(), " \r\n");
+}
+
+TEST_F(ScenariosTest, FullReportFileAndBackToTheTable) {
+  report.openAllScenarios();
+  const std::string afterSweep = reportFile();
+  click(report, "Command3");
+  EXPECT_EQ(caption(report, "Command3"), "Back");
+  EXPECT_FALSE(shown(report, "AllScnErgebnis") || details(0)->isVisible());
+  auto* text = child<QPlainTextEdit>(report, "Bericht");
+  EXPECT_TRUE(text->isVisible());
+  const std::string& bericht = model.report().bericht;
+  EXPECT_EQ(text->toPlainText(), QString::fromStdString(bericht).remove('\r'));
+  EXPECT_NE(bericht.find("REPORT\r\n\r\nScenario\tMaximum Residue Value\r\n"), std::string::npos);
+  EXPECT_EQ(dialogs.opened, std::vector<std::string>{file("Report.txt")});
+  EXPECT_EQ(reportFile(),
+            model.report().headerText + model.report().scenarioSummary + afterSweep + "\r\n");
+  EXPECT_EQ(copiedLines().join("\r\n").toStdString(), bericht);
+  dialogs.printPdf = file("full.pdf");
+  click(report, "Drucken");
+  EXPECT_NE(pdfPageText(dialogs.printPdf, 1).find("REPORT"), std::string::npos);
+
+  click(report, "Command3");
+  EXPECT_EQ(caption(report, "Command3"), "Open Full Report File");
+  EXPECT_TRUE(shown(report, "AllScnErgebnis") && details(0)->isVisible());
+  EXPECT_FALSE(shown(report, "Bericht"));
+  const QStringList lines = copiedLines();
+  EXPECT_EQ(lines[0],
+            "Szenario\tDescription\tMaximum Residue Value\t\tIndependent check\tTrue optimum");
+  EXPECT_EQ(lines[1], "1\tWithout PC, CC, F \t-\t\tagrees\tnot solvable");
+  EXPECT_EQ(lines[3], "3\tPC\t0.306\t\tagrees\t0.306");
+  EXPECT_EQ(lines.size(), 18);
+
+  dialogs.printPdf = file("table.pdf");
+  click(report, "Drucken");
+  const std::string page = pdfPageText(dialogs.printPdf, 1);
+  EXPECT_NE(page.find("Pescavo - Substance: Example substance A (fungicide)"), std::string::npos)
+      << page;
+  EXPECT_NE(page.find(QDate::currentDate().toString("dd.MM.yyyy").toStdString()),
+            std::string::npos);
+  EXPECT_NE(page.find("Maximum Residue"), std::string::npos);
+  EXPECT_NE(page.find("PC, CC and F used"), std::string::npos);
+}
+
+TEST_F(ScenariosTest, DoneResetsReportTxtAndTheFrameLeavesIt) {
+  report.openAllScenarios();
+  const std::string afterSweep = reportFile();
+  ASSERT_GT(afterSweep.size(), 1000u);
+  report.close();
+  EXPECT_FALSE(report.isVisible());
+  EXPECT_EQ(reportFile(), afterSweep);
+  EXPECT_TRUE(mainWindow.isEnabled());
+
+  report.openAllScenarios();
+  QTest::mouseClick(details(2), Qt::LeftButton);
+  click(report, "Fertig");
+  EXPECT_FALSE(report.isVisible());
+  EXPECT_TRUE(scenarioWindows().empty());
+  EXPECT_EQ(reportFile(), " \r\n");
+}
+
+TEST_F(ScenariosTest, AStoppedSweepShowsNoWindowAndASingleReportReplacesTheOpenOne) {
+  model.alle_raus();
+  report.openAllScenarios();
+  EXPECT_EQ(dialogs.messages, std::vector<std::string>{"Please add components."});
+  EXPECT_FALSE(report.isVisible());
+
+  model.alle_rein();
+  report.openAllScenarios();
+  const std::string afterSweep = reportFile();
+  model.Optimierung_Click();
+  whileModal([&] { report.openSingle(); },
+             [&] {
+               EXPECT_TRUE(report.isModal());
+               EXPECT_FALSE(mainWindow.isEnabled());
+               EXPECT_TRUE(shown(report, "Bericht"));
+               EXPECT_FALSE(shown(report, "AllScnErgebnis") || shown(report, "Command3"));
+               click(report, "Command1");
+               EXPECT_TRUE(shown(report, "ErgebnisGrid"));
+               report.close();
+             });
+  EXPECT_EQ(reportFile(), afterSweep);  // the scenario window went as if closed by its frame
+  EXPECT_TRUE(mainWindow.isEnabled());
+}
+
+// The buttons take the hand pointer from harrow.cur in the input folder; without the file the
+// pointer stays as it was.
+TEST_F(ScenariosTest, ButtonsShowTheHandPointer) {
+  report.openAllScenarios();
+  for (QWidget* button : {static_cast<QWidget*>(details(4)), child(report, "Command3")}) {
+    QEvent enter(QEvent::Enter);
+    QApplication::sendEvent(button, &enter);
+    EXPECT_EQ(button->cursor().shape(), Qt::BitmapCursor);
+  }
+  std::filesystem::remove(root / "Input" / "harrow.cur");
+  QWidget* done = child(report, "Fertig");
+  QEvent enter(QEvent::Enter);
+  QApplication::sendEvent(done, &enter);
+  EXPECT_EQ(done->cursor().shape(), Qt::ArrowCursor);
+}
+
+// Only 100 % of "Second" meets the carp targets (true minimum 5 mg/kg); the method reports
+// 3 mg/kg from "First" in runs 1 and 2. Their rows keep the method's figures and are marked.
+class ErringRunsTest : public ScenariosTest {
+ protected:
+  void SetUp() override {
+    ReportWindowTest::SetUp();
+    ComponentTable components;
+    components.addSubstance("Substance A");
+    components.addComponent({"By-Products", "First", "feed", "", 20, 10, 100, 100, 100});
+    components.addComponent({"By-Products", "Second", "feed", "", 35, 10, 100, 100, 100});
+    components.setResidue(1, 1, 3);
+    components.setResidue(1, 2, 5);
+    model.load(components, {{"Common carp", 10, 35}}, {{60, 8}, {62, 9}, {65, 10}});
+    model.alle_rein();
+    model.setCriterionOption(Criterion::Minimum);
+  }
+};
+
+TEST_F(ErringRunsTest, TheirRowsCannotBeOverlookedOnScreenOnPaperOrInTheClipboard) {
+  report.openAllScenarios();
+  QTableWidget* grid = table();
+  ASSERT_EQ(model.report().scenarioChecks[0].verdict, CheckVerdict::Differs);
+  const QStringList run1 = {"1", "Without PC, CC, F ", "3.000", "", "differs", "5.000"};
+  for (int c = 0; c < 6; ++c) {
+    if (c == 3) continue;  // under the Details button
+    const QTableWidgetItem* cell = grid->item(0, c);
+    EXPECT_EQ(cell->text(), run1[c]);
+    EXPECT_NE(cell->background().style(), Qt::NoBrush) << c;
+    EXPECT_TRUE(cell->toolTip().startsWith(
+        "Differs from an independent LP solver: the true minimum is 5.000 mg/kg"))
+        << cell->toolTip().toStdString();
+  }
+  for (int run = 1; run <= 16; ++run) {
+    const bool differs = model.report().scenarioChecks[run - 1].verdict == CheckVerdict::Differs;
+    EXPECT_EQ(grid->item(run - 1, 1)->background().style() != Qt::NoBrush, differs) << run;
+  }
+  EXPECT_EQ(copiedLines()[1], run1.join('\t'));
+  dialogs.printPdf = file("erring.pdf");
+  click(report, "Drucken");
+  const std::string page = pdfPageText(dialogs.printPdf, 1);
+  EXPECT_NE(page.find("differs"), std::string::npos) << page;
+  EXPECT_NE(page.find("Minimum Residue"), std::string::npos);
+
+  QTest::mouseClick(details(0), Qt::LeftButton);
+  ASSERT_EQ(scenarioWindows().size(), 1);
+  ReportSingle& window = *scenarioWindows().front();
+  EXPECT_TRUE(shown(window, "CheckWarning"));
+  EXPECT_TRUE(child<QLabel>(window, "CheckWarning")
+                  ->text()
+                  .startsWith("Independent check: the true minimum is 5.000 mg/kg"));
+}
+
+}  // namespace
+}  // namespace pescavo::test

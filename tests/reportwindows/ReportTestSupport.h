@@ -1,0 +1,127 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTableWidget>
+#include <QTest>
+#include <QTimer>
+#include <cstdio>
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <random>
+#include <string>
+
+#include "ScriptedDialogs.h"
+#include "model/MainWindowModel.h"
+#include "reports/TextFiles.h"
+
+namespace pescavo::test {
+
+// The text a command prints, or what it wrote to stderr when it failed.
+inline std::string commandOutput(const std::string& command) {
+  std::string output;
+  if (FILE* pipe = popen((command + " 2>&1").c_str(), "r")) {
+    char buffer[4096];
+    for (std::size_t n; (n = fread(buffer, 1, sizeof buffer, pipe)) > 0;) output.append(buffer, n);
+    pclose(pipe);
+  }
+  return output;
+}
+
+// Page count and the text of one page of a PDF, through poppler-utils.
+inline int pdfPages(const std::string& pdf) {
+  const std::string info = commandOutput("pdfinfo '" + pdf + "'");
+  const auto at = info.find("Pages:");
+  EXPECT_NE(at, std::string::npos) << "pdfinfo (poppler-utils) is needed: " << info;
+  return at == std::string::npos ? 0 : std::stoi(info.substr(at + 6));
+}
+
+inline std::string pdfPageText(const std::string& pdf, int page) {
+  const std::string n = std::to_string(page);
+  return commandOutput("pdftotext -layout -f " + n + " -l " + n + " '" + pdf + "' -");
+}
+
+// Whether the first page of a PDF is wider than high.
+inline bool pdfLandscape(const std::string& pdf) {
+  const std::string info = commandOutput("pdfinfo '" + pdf + "'");
+  double width = 0, height = 0;
+  const auto at = info.find("Page size:");
+  if (at != std::string::npos)
+    std::sscanf(info.c_str() + at, "Page size: %lf x %lf", &width, &height);
+  EXPECT_GT(width, 0) << info;
+  return width > height;
+}
+
+// A temporary start folder with a copy of the sample tables; the model started from it, its
+// report files written there, and a stand-in for the main window.
+class ReportWindowTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    root = std::filesystem::temp_directory_path() /
+           ("pescavo-reportwindows-" + std::to_string(std::random_device()()));
+    std::filesystem::create_directories(root);
+    std::filesystem::copy(PESCAVO_SAMPLE_INPUT, root / "Input",
+                          std::filesystem::copy_options::recursive);
+    model.startUp((root / "Input").string());
+    model.report().reportFolder = root.string();
+    mainWindow.show();
+  }
+  void TearDown() override {
+    std::error_code ignored;
+    std::filesystem::remove_all(root, ignored);
+  }
+
+  std::string file(const std::string& name) const { return (root / name).string(); }
+  std::string reportFile() const { return txt_ReadAll(file("Report.txt")); }
+
+  template <typename T = QWidget>
+  static T* child(QWidget& window, const char* name) {
+    T* found = window.findChild<T*>(name);
+    EXPECT_NE(found, nullptr) << name;
+    return found;
+  }
+  static void click(QWidget& window, const char* name) {
+    if (auto* button = child<QPushButton>(window, name)) QTest::mouseClick(button, Qt::LeftButton);
+  }
+  static QString caption(QWidget& window, const char* name) {
+    auto* button = child<QPushButton>(window, name);
+    return button ? button->text() : QString();
+  }
+  static bool shown(QWidget& window, const char* name) {
+    QWidget* widget = child(window, name);
+    return widget && widget->isVisible();
+  }
+  // Chooses a chart kind as the user does, through the keyboard.
+  static void chooseChart(QWidget& window, int kind) {
+    auto* combo = child<QComboBox>(window, "Combo1");
+    if (!combo) return;
+    while (combo->currentIndex() < kind) QTest::keyClick(combo, Qt::Key_Down);
+    while (combo->currentIndex() > kind) QTest::keyClick(combo, Qt::Key_Up);
+  }
+
+  // Runs body while a modal window opened by open() is on screen, then closes it with "Done"
+  // unless body did; a failed check in body still lets the window go.
+  static void whileModal(const std::function<void()>& open, const std::function<void()>& body) {
+    bool ran = false;
+    QTimer::singleShot(0, [&] {
+      ran = true;
+      body();
+      if (QWidget* modal = QApplication::activeModalWidget()) modal->close();
+    });
+    open();
+    EXPECT_TRUE(ran);
+  }
+
+  std::filesystem::path root;
+  ScriptedDialogs dialogs;
+  MainWindowModel model{dialogs, '.'};
+  QWidget mainWindow;
+};
+
+}  // namespace pescavo::test
