@@ -27,6 +27,11 @@ bool Tabellezeichnen(MainWindowModel& model);
 // Report.txt for the window to open in the text editor.
 std::string openFullReportFile(MainWindowModel& model);
 
+// When the desktop has no program for Report.txt: the file and where the text is meanwhile.
+inline std::string cannotOpenReportFile(const std::string& path) {
+  return "No program could open " + path + ". The full report is shown here and kept in that file.";
+}
+
 // "Done": switches the main window on, forgets the window's texts and resets Report.txt to a
 // single blank line. reportWindowUnloaded is the same without the reset (closed otherwise).
 void reportDone(MainWindowModel& model);

@@ -52,7 +52,7 @@ void Report::Command3_Click() {
   const std::string path = openFullReportFile(m_model);
   m_bericht->setText(m_model.report().bericht);
   m_bericht->widget()->show();
-  m_dialogs.openWithDesktop(path);
+  if (!m_dialogs.openWithDesktop(path)) m_dialogs.information(cannotOpenReportFile(path));
 }
 
 void Report::Command4_Click(int index) {

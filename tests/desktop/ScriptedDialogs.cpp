@@ -32,7 +32,7 @@ bool ScriptedDialogs::choosePrinter(QPrinter& printer) {
 
 bool ScriptedDialogs::openWithDesktop(const std::string& path) {
   opened.push_back(path);
-  return true;
+  return openSucceeds;
 }
 
 }  // namespace pescavo

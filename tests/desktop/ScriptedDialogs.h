@@ -33,6 +33,7 @@ class ScriptedDialogs : public DesktopDialogs {
   std::string clipboard;
   QImage clipboardImage;
   std::vector<std::string> opened;
+  bool openSucceeds = true;  // false: no program of the desktop could open the file
 };
 
 }  // namespace pescavo

@@ -182,6 +182,15 @@ TEST_F(ScenariosTest, DetailsOpensItsRunInAWindowOfItsOwn) {
   EXPECT_EQ(reportFile(), " \r\n");
 }
 
+TEST_F(ScenariosTest, AFullReportNoProgramCanOpenIsNamed) {
+  report.openAllScenarios();
+  dialogs.openSucceeds = false;
+  click(report, "Command3");
+  ASSERT_EQ(dialogs.messages.size(), 1u);
+  EXPECT_NE(dialogs.messages[0].find(file("Report.txt")), std::string::npos);
+  EXPECT_TRUE(shown(report, "Bericht"));
+}
+
 TEST_F(ScenariosTest, FullReportFileAndBackToTheTable) {
   report.openAllScenarios();
   const std::string afterSweep = reportFile();
@@ -205,6 +214,7 @@ TEST_F(ScenariosTest, FullReportFileAndBackToTheTable) {
   EXPECT_EQ(caption(report, "Command3"), "Open Full Report File");
   EXPECT_TRUE(shown(report, "AllScnErgebnis") && details(0)->isVisible());
   EXPECT_FALSE(shown(report, "Bericht"));
+  EXPECT_TRUE(dialogs.messages.empty());
   const QStringList lines = copiedLines();
   EXPECT_EQ(lines[0],
             "Szenario\tDescription\tMaximum Residue Value\t\tIndependent check\tTrue optimum");
