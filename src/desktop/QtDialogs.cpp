@@ -17,19 +17,25 @@ const char* const kTitle = "Pescavo";
 
 }  // namespace
 
+// Over the window the user works in: a report window while it is open, else the main window.
+QWidget* QtDialogs::parent() const {
+  QWidget* active = QApplication::activeWindow();
+  return active ? active : m_parent.data();
+}
+
 void QtDialogs::information(const std::string& text) {
-  QMessageBox::information(m_parent, kTitle, QString::fromStdString(text));
+  QMessageBox::information(parent(), kTitle, QString::fromStdString(text));
 }
 
 bool QtDialogs::askYesNo(const std::string& text) {
   // The questions carry no icon.
   QMessageBox box(QMessageBox::NoIcon, kTitle, QString::fromStdString(text),
-                  QMessageBox::Yes | QMessageBox::No, m_parent);
+                  QMessageBox::Yes | QMessageBox::No, parent());
   return box.exec() == QMessageBox::Yes;
 }
 
 bool QtDialogs::choosePrinter(QPrinter& printer) {
-  QPrintDialog dialog(&printer, m_parent);
+  QPrintDialog dialog(&printer, parent());
   return dialog.exec() == QDialog::Accepted;
 }
 

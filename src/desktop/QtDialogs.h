@@ -21,6 +21,7 @@ class QtDialogs : public DesktopDialogs {
   bool openWithDesktop(const std::string& path) override;
 
  private:
+  QWidget* parent() const;
   QPointer<QWidget> m_parent;
 };
 
