@@ -16,6 +16,7 @@
 #include "reportwindows/Report.h"
 #include "reportwindows/ReportSingle.h"
 #include "reportwindows/ReportViews.h"
+#include "support/ErringTables.h"
 
 namespace pescavo::test {
 namespace {
@@ -296,15 +297,7 @@ class ErringRunsTest : public ScenariosTest {
  protected:
   void SetUp() override {
     ReportWindowTest::SetUp();
-    ComponentTable components;
-    components.addSubstance("Substance A");
-    components.addComponent({"By-Products", "First", "feed", "", 20, 10, 100, 100, 100});
-    components.addComponent({"By-Products", "Second", "feed", "", 35, 10, 100, 100, 100});
-    components.setResidue(1, 1, 3);
-    components.setResidue(1, 2, 5);
-    model.load(components, {{"Common carp", 10, 35}}, {{60, 8}, {62, 9}, {65, 10}});
-    model.alle_rein();
-    model.setCriterionOption(Criterion::Minimum);
+    loadErringTables(model);
   }
 };
 

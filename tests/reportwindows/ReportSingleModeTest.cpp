@@ -13,6 +13,7 @@
 #include "reportwindows/Report.h"
 #include "reportwindows/ReportSingle.h"
 #include "reportwindows/ReportViews.h"
+#include "support/ErringTables.h"
 
 namespace pescavo::test {
 namespace {
@@ -235,16 +236,8 @@ TEST_F(SingleModeTest, EveryControlHasAnAccessibleName) {
 TEST_F(SingleModeTest, AWarningWhenTheCheckDiffers) {
   withReport([&] { EXPECT_FALSE(shown(report, "CheckWarning")); });
 
-  ComponentTable table;
-  table.addSubstance("Substance A");
-  table.addComponent({"By-Products", "First", "feed", "", 20, 10, 100, 100, 100});
-  table.addComponent({"By-Products", "Second", "feed", "", 35, 10, 100, 100, 100});
-  table.setResidue(1, 1, 3);
-  table.setResidue(1, 2, 5);
-  model.load(table, {{"Common carp", 10, 35}}, {{60, 8}, {62, 9}, {65, 10}});
-  model.alle_rein();
+  loadErringTables(model);
   model.setPseudoComponents({false, false, false});
-  model.setCriterionOption(Criterion::Minimum);
   model.Optimierung_Click();
   ASSERT_EQ(model.check().verdict, CheckVerdict::Differs);
   withReport([&] {
