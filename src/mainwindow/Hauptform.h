@@ -95,6 +95,32 @@ class Hauptform : public QMainWindow {
   // Everything the model may have changed: lists, options, result and layout.
   void showAll();
 
+  // HauptformSubstances.cpp
+  void connectSubstanceEditing();
+  // The residue grid while a substance is added or edited.
+  void showGrid();
+  // A button of the substance database: its operation, then everything it may have changed.
+  void substanceCommand(void (MainWindowModel::*operation)());
+  bool Schadstoffliste_KeyDown(QEvent* event);
+  void schadstoffwerte_Click();
+  void schadstoffwerte_KeyDown(int key, bool control);
+  void schadstoffwerte_Wheel(int rotation);
+  void placeEditor(MainWindowModel::GridEditor editor);
+  // An open editor stays on its cell while the grid scrolls; what lies outside the cells is
+  // not shown.
+  void followGridScroll();
+  void clipEditors();
+  bool EingabeSchadstoff_Event(QEvent* event);
+  bool EingabeSchadstoff_KeyPress(QEvent* event);
+  void showEditBox();
+  void editBoxChanged();
+  void ArtSchadstoffwertCombo_Click(int position);
+  void Go_Click();
+  class ResidueGridView* m_gridView = nullptr;  // the grid's child
+  bool m_showingEditBox = false;  // the edit box follows the model: nothing to report back
+  std::pair<int, int> m_editBoxCell{1, 5};  // row and column each editor was placed on
+  std::pair<int, int> m_chooserCell{1, 4};
+
   DesktopDialogs& m_dialogs;
   std::unique_ptr<WindowDialogs> m_windowDialogs;
   std::unique_ptr<MainWindowModel> m_model;

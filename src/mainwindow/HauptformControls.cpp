@@ -220,6 +220,7 @@ void Hauptform::connectControls() {
   available->viewport()->setMouseTracking(true);
   available->viewport()->installEventFilter(this);
   connectOptions();
+  connectSubstanceEditing();
 }
 
 void Hauptform::applyLayout() {

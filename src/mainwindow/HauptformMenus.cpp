@@ -16,6 +16,7 @@ void Hauptform::showAll() {
   showOptions();
   showResult();
   applyLayout();
+  showGrid();
 }
 
 void Hauptform::save_Click() {

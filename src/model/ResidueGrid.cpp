@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <utility>
 
+#include "reports/ResultTables.h"
 #include "tables/ComponentViews.h"
 #include "tables/NumericText.h"
 
@@ -358,6 +359,13 @@ std::string ResidueGrid::plainDecimalText(double value) {
             digits.substr(static_cast<std::size_t>(exponent + 1));
   }
   return text;
+}
+
+std::array<int, ResidueGrid::kColumns> ResidueGrid::columnWidths(int gridWidth, int clientWidth) {
+  const int sixth = roundedWidth(gridWidth / 6.0);
+  const int seventh = roundedWidth(gridWidth / 7.0);
+  const int rest = clientWidth - 3 * sixth - 2 * seventh;
+  return {sixth, sixth, sixth, std::max(rest, seventh), seventh, seventh};
 }
 
 std::optional<int> ResidueGrid::wheelTopRow(int topRow, int rotation, int gridHeight,

@@ -141,6 +141,12 @@ class ResidueGrid {
   // read back to the same double, exponent form only below 1E-07 and from 1E+15 on.
   static std::string plainDecimalText(double value);
 
+  // Column widths in twips of a grid gridWidth wide whose cells have clientWidth inside its
+  // border and scroll bar: category, crop and commodity a sixth of the grid each, basis and
+  // value a seventh each. The IFN code takes what is left, so the columns end at the border;
+  // never less than a seventh.
+  static std::array<int, kColumns> columnWidths(int gridWidth, int clientWidth);
+
   // The mouse wheel: the new top row, or nothing when it stays (the grid's height or its
   // header row's height unusable, or no row to show).
   static std::optional<int> wheelTopRow(int topRow, int rotation, int gridHeight, int headerHeight,

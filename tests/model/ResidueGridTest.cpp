@@ -298,5 +298,17 @@ TEST(MouseWheel, StepsByAPageOfRows) {
   EXPECT_EQ(ResidueGrid::wheelTopRow(1, -1, 4935, 240, 1), std::nullopt);
 }
 
+TEST(ColumnWidths, SixthsAndSeventhsWithTheIfnCodeFillingTheRest) {
+  // 15135 / 6 = 2522.5 rounds to the even 2522; 15135 / 7 = 2162.14.
+  const std::array<int, 6> full = ResidueGrid::columnWidths(15135, 14850);
+  EXPECT_EQ(full, (std::array<int, 6>{2522, 2522, 2522, 2960, 2162, 2162}));
+  int sum = 0;
+  for (int width : full) sum += width;
+  EXPECT_EQ(sum, 14850);
+  EXPECT_EQ(ResidueGrid::columnWidths(15135, 12000)[3], 2162);  // too narrow: a seventh
+  EXPECT_EQ(ResidueGrid::columnWidths(7000, 6700),
+            (std::array<int, 6>{1167, 1167, 1167, 1199, 1000, 1000}));
+}
+
 }  // namespace
 }  // namespace pescavo

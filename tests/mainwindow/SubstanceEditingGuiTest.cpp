@@ -1,0 +1,591 @@
+#include <QAction>
+#include <QComboBox>
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QTableWidget>
+#include <QWheelEvent>
+#include <algorithm>
+#include <set>
+
+#include "HauptformFixture.h"
+
+namespace pescavo {
+namespace {
+
+const char* const kSaveQuestion = "You modified the substance database. Do you want to save?";
+const char* const kSortQuestion = "Do you want to sort the data base entries?";
+const QColor kGreen(0, 255, 0);
+
+// The sample database (61 components, substances A to E) driven through the real widgets. The
+// grid's rows are the model's rows 1.. under its header; the helpers take model rows.
+class SubstanceGuiTest : public HauptformTest {
+ protected:
+  QTableWidget* grid() const { return find<QTableWidget>("schadstoffwerte"); }
+  QLineEdit* editBox() const { return find<QLineEdit>("EingabeSchadstoff"); }
+  QComboBox* basisChooser() const { return find<QComboBox>("ArtSchadstoffwertCombo"); }
+  QTableWidgetItem* item(int row, int column) const { return grid()->item(row - 1, column); }
+  QString cell(int row, int column) const { return item(row, column)->text(); }
+  bool green(int row, int column) const {
+    return item(row, column)->background().color() == kGreen &&
+           item(row, column)->background().style() != Qt::NoBrush;
+  }
+  int components() const { return window->model().table().componentCount(); }
+
+  void clickCell(int row, int column, Qt::KeyboardModifiers modifiers = {}) {
+    grid()->scrollToItem(item(row, column));
+    const QPoint at = grid()->visualItemRect(item(row, column)).center();
+    QTest::mouseClick(grid()->viewport(), Qt::LeftButton, modifiers, at);
+  }
+  // The cell's rectangle in the coordinates of the controls' parent.
+  QRect cellOnWindow(int row, int column) const {
+    const QRect cell = grid()->visualItemRect(item(row, column));
+    return cell.translated(grid()->viewport()->mapTo(window->centralWidget(), QPoint(0, 0)));
+  }
+  void editSubstance(int position) {
+    chooseSubstance(position);
+    click("Edit");
+    ASSERT_TRUE(shown("schadstoffwerte"));
+  }
+  void replaceText(const char* box, const QString& text) {
+    auto* line = find<QLineEdit>(box);
+    line->selectAll();
+    QTest::keyClick(line, Qt::Key_Backspace);
+    QTest::keyClicks(line, text);
+  }
+  QStringList column(int c) const {
+    QStringList texts;
+    for (int r = 1; r <= components(); ++r) texts.append(cell(r, c));
+    return texts;
+  }
+  // What a user's double-click sends; QTest's sends the double-click event alone.
+  void doubleClick(QWidget* widget, QPoint at) {
+    QTest::mousePress(widget, Qt::LeftButton, {}, at);
+    QTest::mouseRelease(widget, Qt::LeftButton, {}, at);
+    QTest::mouseDClick(widget, Qt::LeftButton, {}, at);
+    QTest::mouseRelease(widget, Qt::LeftButton, {}, at);
+  }
+  void wheel(int rotation) {
+    QWidget* cells = grid()->viewport();
+    const QPointF at(cells->width() / 2.0, cells->height() / 2.0);
+    QWheelEvent turn(at, cells->mapToGlobal(at), QPoint(), QPoint(0, rotation), Qt::NoButton,
+                     Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(cells, &turn);
+  }
+};
+
+// Residue values and basis codes of substance s, component by component.
+std::vector<std::pair<double, int>> valuesOf(const ComponentTable& table, int s) {
+  std::vector<std::pair<double, int>> values;
+  for (int i = 1; i <= table.componentCount(); ++i)
+    values.emplace_back(table.residue(s, i), table.basis(s, i));
+  return values;
+}
+
+TEST_F(SubstanceGuiTest, DeletingKeepsEachSubstanceWithItsValuesAndCodes) {
+  ASSERT_TRUE(start());
+  const ComponentTable before = window->model().table();
+  ASSERT_EQ(before.substanceCount(), 5);
+  chooseSubstance(4);
+  click("Loeschen");  // four left: A to D
+  auto* list = find<QListWidget>("Schadstoffliste");
+  ASSERT_EQ(items("Schadstoffliste").size(), 4);
+
+  // The last of four: three left, the new last one current.
+  list->setFocus();
+  chooseSubstance(3);
+  QTest::keyClick(list, Qt::Key_Delete);
+  EXPECT_TRUE(dialogs.questions.empty());
+  EXPECT_EQ(items("Schadstoffliste"),
+            QStringList({"Example substance A (fungicide)", "Example substance B (herbicide)",
+                         "Example substance C (insecticide)"}));
+  EXPECT_EQ(list->currentRow(), 2);
+  EXPECT_TRUE(window->model().databaseModified());
+
+  // The second of four: the former third moves up with its values and its STMR-P codes.
+  ASSERT_TRUE(start());
+  list = find<QListWidget>("Schadstoffliste");
+  chooseSubstance(4);
+  click("Loeschen");
+  chooseSubstance(1);
+  click("Loeschen");
+  const ComponentTable& after = window->model().table();
+  EXPECT_EQ(items("Schadstoffliste"),
+            QStringList({"Example substance A (fungicide)", "Example substance C (insecticide)",
+                         "Example substance D (growth regulator)"}));
+  EXPECT_EQ(list->currentRow(), 1);
+  EXPECT_EQ(valuesOf(after, 1), valuesOf(before, 1));
+  EXPECT_EQ(valuesOf(after, 2), valuesOf(before, 3));
+  EXPECT_EQ(valuesOf(after, 3), valuesOf(before, 4));
+  const auto codes = valuesOf(before, 3);
+  EXPECT_TRUE(std::any_of(codes.begin(), codes.end(), [](auto v) { return v.second == 1; }));
+  // The available components are now those of C: Soybean (seed, heat treated) has 0.08.
+  EXPECT_TRUE(items("Fischfutter1").contains("Soybean (seed, heat treated)"));
+  EXPECT_FALSE(items("Fischfutter1").contains("Barley (grain)"));
+
+  click("Loeschen");
+  click("Loeschen");
+  EXPECT_EQ(items("Schadstoffliste"), QStringList{"Example substance A (fungicide)"});
+  EXPECT_FALSE(enabled("Loeschen"));
+  // Ctrl+C in the list copies the substance, which enables "Del" again, and marks nothing.
+  list->setFocus();
+  QTest::keyClick(list, Qt::Key_C, Qt::ControlModifier);
+  EXPECT_EQ(items("Schadstoffliste").size(), 2);
+  EXPECT_EQ(list->currentRow(), 1);
+  EXPECT_TRUE(enabled("Loeschen"));
+}
+
+TEST_F(SubstanceGuiTest, AddCancelAddStartsANewSubstanceEachTime) {
+  ASSERT_TRUE(start());
+  click("Add");
+  for (const char* name :
+       {"schadstoffwerte", "Schadstoffname", "Label5", "Suche", "Go", "Abbrechen", "Image6"})
+    EXPECT_TRUE(shown(name)) << name;
+  for (const char* name : {"Add", "Edit", "Kopieren", "Loeschen", "Fischfutter1", "Fischfutter2",
+                           "Optimierung", "Frame2", "EingabeSchadstoff", "ArtSchadstoffwertCombo"})
+    EXPECT_FALSE(shown(name)) << name;
+  EXPECT_EQ(find<QAbstractButton>("Ende")->text(), "Done");
+  EXPECT_EQ(find<QLineEdit>("Schadstoffname")->text(), "New substance");
+  EXPECT_EQ(find<QLineEdit>("Suche")->text(), "Search...");
+  ASSERT_EQ(grid()->rowCount(), 61);
+  EXPECT_EQ(column(4), QStringList(61, "STMR"));
+  EXPECT_EQ(column(5), QStringList(61, "0"));
+  EXPECT_EQ(cell(1, 1), "Barley");
+  EXPECT_EQ(cell(61, 0), "Roots and Tubers");
+  EXPECT_EQ(grid()->currentRow(), 0);
+  EXPECT_EQ(grid()->currentColumn(), 5);
+
+  auto* name = find<QLineEdit>("Schadstoffname");
+  QTest::mouseClick(name, Qt::LeftButton, {}, QPoint(5, name->height() / 2));
+  EXPECT_EQ(name->selectedText(), "New substance");  // a click selects the whole name
+  replaceText("Schadstoffname", "Typed");
+  clickCell(3, 5);
+  QTest::keyClicks(editBox(), "7");
+  QTest::keyClick(editBox(), Qt::Key_Return);
+  clickCell(2, 4);
+  QTest::keyClick(basisChooser(), Qt::Key_Down);
+  EXPECT_EQ(cell(3, 5), "7");
+  EXPECT_EQ(cell(2, 4), "STMR-P");
+  click("Abbrechen");
+  EXPECT_FALSE(shown("schadstoffwerte"));
+  EXPECT_FALSE(shown("Abbrechen"));
+  EXPECT_TRUE(shown("Add") && shown("Fischfutter2") && shown("Optimierung"));
+  EXPECT_EQ(find<QAbstractButton>("Ende")->text(), "Exit");
+  EXPECT_EQ(items("Schadstoffliste").size(), 5);
+  EXPECT_FALSE(window->model().databaseModified());
+
+  click("Add");
+  EXPECT_EQ(find<QLineEdit>("Schadstoffname")->text(), "New substance");
+  EXPECT_EQ(column(4), QStringList(61, "STMR"));
+  EXPECT_EQ(column(5), QStringList(61, "0"));
+  click("Ende");  // "Done": the new substance is the last and current one
+  EXPECT_EQ(items("Schadstoffliste").size(), 6);
+  EXPECT_EQ(items("Schadstoffliste").back(), "New substance");
+  EXPECT_EQ(find<QListWidget>("Schadstoffliste")->currentRow(), 5);
+  EXPECT_TRUE(items("Fischfutter1").isEmpty());  // no value above 0
+  for (int i = 1; i <= components(); ++i) {
+    EXPECT_EQ(window->model().table().residue(6, i), 0);
+    EXPECT_EQ(window->model().table().basis(6, i), 0);
+  }
+}
+
+TEST_F(SubstanceGuiTest, EditTwoValuesDoneAndTheExitAsksToSave) {
+  ASSERT_TRUE(start());
+  auto* list = find<QListWidget>("Schadstoffliste");
+  chooseSubstance(1);
+  doubleClick(list->viewport(), list->visualItemRect(list->item(1)).center());
+  ASSERT_TRUE(shown("schadstoffwerte"));
+  EXPECT_EQ(find<QLineEdit>("Schadstoffname")->text(), "Example substance B (herbicide)");
+  EXPECT_EQ(cell(1, 5), "0.02");
+  EXPECT_EQ(cell(18, 4), "STMR-P");  // Soybean meal
+  EXPECT_EQ(cell(18, 5), "0.06");
+
+  clickCell(2, 5);
+  ASSERT_TRUE(shown("EingabeSchadstoff"));
+  EXPECT_EQ(editBox()->text(), "0.01");
+  EXPECT_EQ(editBox()->selectedText(), "0.01");  // typing replaces it
+  QTest::keyClicks(editBox(), "0.5");
+  QTest::keyClick(editBox(), Qt::Key_Return);
+  EXPECT_EQ(cell(2, 5), "0.5");
+  EXPECT_EQ(grid()->currentRow(), 2);  // on down the column, the box with it
+  EXPECT_EQ(editBox()->text(), "0.02");
+  EXPECT_EQ(editBox()->geometry(), cellOnWindow(3, 5));
+
+  // Typed on the grid itself, in any column: the digits go to column 5.
+  clickCell(5, 1);
+  QTest::keyClick(grid(), Qt::Key_3);
+  EXPECT_EQ(cell(5, 5), "0.023");
+  EXPECT_EQ(grid()->currentColumn(), 5);
+  replaceText("Schadstoffname", "Herbicide B");
+
+  click("Ende");
+  EXPECT_TRUE(dialogs.questions.empty());
+  EXPECT_FALSE(shown("schadstoffwerte"));
+  EXPECT_EQ(find<QAbstractButton>("Ende")->text(), "Exit");
+  EXPECT_EQ(items("Schadstoffliste"), QStringList({"Example substance A (fungicide)", "Herbicide B",
+                                                   "Example substance C (insecticide)",
+                                                   "Example substance D (growth regulator)",
+                                                   "Example substance E (acaricide)"}));
+  EXPECT_EQ(list->currentRow(), 1);
+  const ComponentTable& table = window->model().table();
+  EXPECT_EQ(table.residue(2, 2), 0.5);
+  EXPECT_EQ(table.residue(2, 5), 0.023);
+  EXPECT_EQ(table.residue(2, 1), 0.02);
+  EXPECT_EQ(table.basis(2, 18), 1);
+
+  QSignalSpy ended(window.get(), &Hauptform::ended);
+  dialogs.answers = {false};
+  click("Ende");
+  EXPECT_EQ(dialogs.questions, std::vector<std::string>{kSaveQuestion});
+  EXPECT_EQ(ended.count(), 1);
+}
+
+TEST_F(SubstanceGuiTest, TheEditBoxTakesNumbersOnlyAndACommaAsThePoint) {
+  ASSERT_TRUE(start());
+  editSubstance(0);
+  clickCell(1, 5);
+  QTest::keyClicks(editBox(), "1,5");
+  EXPECT_EQ(editBox()->text(), "1.5");
+  QTest::keyClicks(editBox(), "x-e ");
+  EXPECT_EQ(editBox()->text(), "1.5");
+  QTest::keyClick(editBox(), Qt::Key_Backspace);
+  QTest::keyClicks(editBox(), "25");
+  EXPECT_EQ(editBox()->text(), "1.25");
+  // A caret moved by the box itself is where the next key goes.
+  QTest::keyClick(editBox(), Qt::Key_Home);
+  QTest::keyClick(editBox(), Qt::Key_Delete);
+  QTest::keyClicks(editBox(), "3");
+  EXPECT_EQ(editBox()->text(), "3.25");
+  QTest::keyClick(editBox(), Qt::Key_Return);
+  EXPECT_EQ(cell(1, 5), "3.25");
+
+  // Ctrl+C in the box puts its whole text on the clipboard.
+  clickCell(4, 5);
+  QTest::keyClick(editBox(), Qt::Key_End);
+  QTest::keyClick(editBox(), Qt::Key_C, Qt::ControlModifier);
+  EXPECT_EQ(dialogs.clipboard, "0.05");
+  EXPECT_EQ(editBox()->text(), "0.05");
+  click("Ende");
+  EXPECT_EQ(window->model().table().residue(1, 1), 3.25);
+}
+
+TEST_F(SubstanceGuiTest, PastingTwoLinesFillsRowsThreeAndFour) {
+  ASSERT_TRUE(start());
+  editSubstance(0);
+  clickCell(3, 5);
+  dialogs.clipboard = "0.1\r\n0.2\r\n";
+  QTest::keyClick(editBox(), Qt::Key_V, Qt::ControlModifier);
+  EXPECT_FALSE(shown("EingabeSchadstoff"));
+  EXPECT_EQ(column(5).mid(0, 5), QStringList({"0.21", "0", "0.1", "0.2", "0"}));
+
+  // Rows 3 and 4 selected, Ctrl+C on the grid: the same two lines.
+  clickCell(4, 2, Qt::ShiftModifier);
+  dialogs.clipboard.clear();
+  grid()->setFocus();
+  QTest::keyClick(grid(), Qt::Key_C, Qt::ControlModifier);
+  EXPECT_EQ(dialogs.clipboard, "0.1\r\n0.2\r\n");
+  click("Ende");
+  EXPECT_EQ(window->model().table().residue(1, 3), 0.1);
+  EXPECT_EQ(window->model().table().residue(1, 4), 0.2);
+}
+
+TEST_F(SubstanceGuiTest, ABlockOfRowsTakesOneValueAndOneBasis) {
+  ASSERT_TRUE(start());
+  const ComponentTable before = window->model().table();
+  editSubstance(0);
+  clickCell(2, 5);
+  clickCell(4, 5, Qt::ShiftModifier);  // rows 2 to 4; the box over row 4
+  EXPECT_EQ(editBox()->geometry(), cellOnWindow(4, 5));
+  QTest::keyClicks(editBox(), "9");
+  QTest::mouseClick(editBox(), Qt::LeftButton);
+  EXPECT_EQ(column(5).mid(0, 5), QStringList({"0.21", "9", "9", "9", "0"}));
+  EXPECT_TRUE(shown("EingabeSchadstoff"));
+  // A click inside the block makes that cell the whole selection once the button is up.
+  clickCell(3, 5);
+  EXPECT_EQ(grid()->selectedItems(), QList<QTableWidgetItem*>{item(3, 5)});
+  EXPECT_EQ(editBox()->geometry(), cellOnWindow(3, 5));
+  QTest::keyClicks(editBox(), "1");
+  doubleClick(editBox(), editBox()->rect().center());
+  EXPECT_FALSE(shown("EingabeSchadstoff"));
+  EXPECT_EQ(column(5).mid(0, 5), QStringList({"0.21", "9", "1", "9", "0"}));
+
+  clickCell(6, 4);
+  clickCell(3, 4, Qt::ShiftModifier);
+  ASSERT_TRUE(shown("ArtSchadstoffwertCombo"));
+  EXPECT_EQ(basisChooser()->currentText(), "STMR");
+  const QRect over = cellOnWindow(3, 4);
+  EXPECT_EQ(basisChooser()->geometry().topLeft(), over.topLeft());
+  EXPECT_EQ(basisChooser()->width(), over.width());
+  QTest::keyClick(basisChooser(), Qt::Key_Down);
+  EXPECT_FALSE(shown("ArtSchadstoffwertCombo"));
+  EXPECT_EQ(column(4).mid(0, 7),
+            QStringList({"STMR", "STMR", "STMR-P", "STMR-P", "STMR-P", "STMR-P", "STMR"}));
+  EXPECT_FALSE(window->model().databaseModified());
+  click("Ende");
+  const ComponentTable& table = window->model().table();
+  for (int i = 1; i <= 7; ++i) {
+    EXPECT_EQ(table.basis(1, i), i >= 3 && i <= 6 ? 1 : 0) << i;
+    EXPECT_EQ(table.residue(1, i), i == 3 ? 1 : i == 2 || i == 4 ? 9 : before.residue(1, i)) << i;
+  }
+}
+
+TEST_F(SubstanceGuiTest, TheEditorsSitExactlyOverTheirCellsInGreen) {
+  ASSERT_TRUE(start());
+  editSubstance(2);
+  for (int row : {1, 30, 61}) {
+    clickCell(row, 5);
+    const QRect over = cellOnWindow(row, 5);
+    EXPECT_EQ(editBox()->geometry(), over) << row;
+    EXPECT_EQ(window->centralWidget()->childAt(over.center()), editBox()) << row;
+    EXPECT_EQ(window->focusWidget(), editBox());
+    EXPECT_EQ(editBox()->selectedText(), cell(row, 5));
+  }
+  const QImage box = editBox()->grab().toImage();
+  EXPECT_EQ(box.pixelColor(box.width() - 4, box.height() / 2), kGreen);
+  clickCell(18, 4);  // Soybean meal
+  EXPECT_FALSE(shown("EingabeSchadstoff"));
+  EXPECT_EQ(basisChooser()->geometry().topLeft(), cellOnWindow(18, 4).topLeft());
+  EXPECT_EQ(basisChooser()->currentText(), "STMR-P");
+  const QImage chooser = basisChooser()->grab().toImage();
+  EXPECT_EQ(chooser.pixelColor(chooser.width() - 30, chooser.height() / 2), kGreen);
+  QWidget* onTop = window->centralWidget()->childAt(basisChooser()->geometry().center());
+  EXPECT_TRUE(onTop == basisChooser() || basisChooser()->isAncestorOf(onTop));
+  // Columns 0 to 3 open no editor.
+  clickCell(21, 2);
+  EXPECT_TRUE(shown("ArtSchadstoffwertCombo"));
+  EXPECT_FALSE(shown("EingabeSchadstoff"));
+}
+
+TEST_F(SubstanceGuiTest, TheGridShowsItsHeaderCentredInColumnsThatFillIt) {
+  ASSERT_TRUE(start());
+  editSubstance(0);
+  const QStringList headers = {
+      "Category", "Crop", "Commodity", "IFN Code", "residue input value", "residue value (mg/kg)"};
+  int width = 0;
+  for (int c = 0; c < 6; ++c) {
+    QTableWidgetItem* header = grid()->horizontalHeaderItem(c);
+    EXPECT_EQ(header->text(), headers[c]);
+    EXPECT_TRUE(header->font().bold());
+    EXPECT_EQ(item(7, c)->textAlignment(), Qt::AlignCenter) << c;
+    EXPECT_FALSE(item(7, c)->flags() & Qt::ItemIsEditable);
+    width += grid()->columnWidth(c);
+  }
+  QApplication::processEvents();  // the scroll bar takes its place
+  // A sixth and a seventh of the grid's 15135 twips; the IFN code takes the rest.
+  EXPECT_EQ(grid()->columnWidth(0), 168);
+  EXPECT_EQ(grid()->columnWidth(5), 144);
+  EXPECT_EQ(width, grid()->viewport()->width());
+  EXPECT_EQ(grid()->geometry(), QRect(16, 40, 1009, 329));
+}
+
+TEST_F(SubstanceGuiTest, KeysOnTheGridEditColumnFive) {
+  ASSERT_TRUE(start());
+  editSubstance(0);
+  clickCell(2, 0);
+  QTest::keyClick(grid(), Qt::Key_Delete);
+  EXPECT_EQ(cell(2, 5), "");
+  QTest::keyClick(grid(), Qt::Key_4, Qt::KeypadModifier);
+  QTest::keyClick(grid(), Qt::Key_Comma);
+  QTest::keyClick(grid(), Qt::Key_2);
+  QTest::keyClick(grid(), Qt::Key_Period, Qt::KeypadModifier);
+  EXPECT_EQ(cell(2, 5), "4.2.");
+  QTest::keyClick(grid(), Qt::Key_Backspace);
+  QTest::keyClick(grid(), Qt::Key_Period);
+  QTest::keyClick(grid(), Qt::Key_5);
+  QTest::keyClick(grid(), Qt::Key_X);  // nothing
+  QTest::keyClick(grid(), Qt::Key_Return);
+  EXPECT_EQ(cell(2, 5), "4.2.5");
+  EXPECT_EQ(grid()->currentRow(), 1);
+  QTest::keyClick(grid(), Qt::Key_C, Qt::ControlModifier);
+  EXPECT_EQ(dialogs.clipboard, "4.2.5");
+  // Arrow keys still move the current cell, from column 5.
+  QTest::keyClick(grid(), Qt::Key_Down);
+  EXPECT_EQ(grid()->currentRow(), 2);
+  EXPECT_EQ(grid()->currentColumn(), 5);
+  click("Ende");
+  EXPECT_EQ(window->model().table().residue(1, 2), 4.2);  // the leading number
+}
+
+TEST_F(SubstanceGuiTest, SearchMarksMaizeInAnyCaseWithoutMoving) {
+  ASSERT_TRUE(start());
+  editSubstance(0);
+  clickCell(5, 5);
+  const int top = grid()->verticalScrollBar()->value();
+  replaceText("Suche", "mAiZE");
+  QTest::keyClick(find<QLineEdit>("Suche"), Qt::Key_Return);
+  int marked = 0;
+  for (int r = 1; r <= components(); ++r) {
+    for (int c = 0; c < 6; ++c) {
+      const bool hit = c < 4 && cell(r, c).contains("maize", Qt::CaseInsensitive);
+      EXPECT_EQ(green(r, c), hit) << r << " " << c;
+      marked += hit;
+    }
+  }
+  EXPECT_EQ(marked, 6);  // grain, gluten meal, gluten feed, distillers grains, oil, silage
+  EXPECT_TRUE(green(2, 1));
+  EXPECT_EQ(grid()->currentRow(), 4);
+  EXPECT_EQ(grid()->selectedItems().size(), 1);
+  EXPECT_EQ(grid()->verticalScrollBar()->value(), top);
+
+  replaceText("Suche", "GRAIN");
+  click("Go");
+  EXPECT_FALSE(green(2, 1));
+  EXPECT_TRUE(green(2, 2));
+  EXPECT_TRUE(green(1, 0));  // "Cereal Grains/ Crop Seeds"
+  // A new editing starts without marks and with "Search..." again.
+  click("Abbrechen");
+  editSubstance(1);
+  EXPECT_EQ(find<QLineEdit>("Suche")->text(), "Search...");
+  for (int r = 1; r <= components(); ++r) EXPECT_FALSE(green(r, 0) || green(r, 2)) << r;
+}
+
+TEST_F(SubstanceGuiTest, EscapeOnTheGridCancelsTheEditing) {
+  ASSERT_TRUE(start());
+  editSubstance(0);
+  clickCell(1, 1);
+  QTest::keyClick(grid(), Qt::Key_7);
+  EXPECT_EQ(cell(1, 5), "0.217");
+  QTest::keyClick(grid(), Qt::Key_Escape);
+  EXPECT_FALSE(shown("schadstoffwerte"));
+  EXPECT_TRUE(shown("Edit"));
+  EXPECT_EQ(find<QAbstractButton>("Ende")->text(), "Exit");
+  EXPECT_EQ(window->model().table().residue(1, 1), 0.21);
+  EXPECT_FALSE(window->model().databaseModified());
+  QSignalSpy ended(window.get(), &Hauptform::ended);
+  click("Ende");  // nothing to save
+  EXPECT_TRUE(dialogs.questions.empty());
+  EXPECT_EQ(ended.count(), 1);
+}
+
+TEST_F(SubstanceGuiTest, TheWheelTurnsAPageOfRows) {
+  ASSERT_TRUE(start());
+  editSubstance(0);
+  const int page = std::max(grid()->height() / grid()->horizontalHeader()->height(), 10);
+  EXPECT_EQ(grid()->rowAt(0), 0);
+  wheel(-120);  // towards the user
+  EXPECT_EQ(grid()->rowAt(0), page);
+  wheel(-120);
+  EXPECT_EQ(grid()->rowAt(0), 2 * page);
+  wheel(120);
+  wheel(120);
+  wheel(120);
+  EXPECT_EQ(grid()->rowAt(0), 0);
+
+  // An open edit box keeps its cell and what was typed; out of view it is not shown.
+  clickCell(4, 5);
+  QTest::keyClicks(editBox(), "12");
+  wheel(-120);
+  EXPECT_TRUE(editBox()->mask().intersected(editBox()->rect()).isEmpty());
+  wheel(120);
+  EXPECT_EQ(editBox()->geometry(), cellOnWindow(4, 5));
+  EXPECT_TRUE(editBox()->mask().isEmpty());
+  QTest::keyClicks(editBox(), "3");
+  EXPECT_EQ(editBox()->text(), "123");
+  // Partly in view: clipped at the grid's lower edge.
+  grid()->verticalScrollBar()->setValue(5);
+  const int last = grid()->rowAt(grid()->viewport()->height() - 1) + 1;
+  const QRect cells(grid()->viewport()->mapTo(window->centralWidget(), QPoint(0, 0)),
+                    grid()->viewport()->size());
+  ASSERT_GT(cellOnWindow(last, 5).bottom(), cells.bottom());
+  clickCell(last, 5);  // wholly into view
+  EXPECT_TRUE(editBox()->mask().isEmpty());
+  grid()->verticalScrollBar()->setValue(5);
+  const QRect box = editBox()->geometry();
+  EXPECT_EQ(box, cellOnWindow(last, 5));
+  EXPECT_EQ(editBox()->mask(), QRegion(cells.intersected(box).translated(-box.topLeft())));
+  EXPECT_FALSE(editBox()->mask().isEmpty());
+}
+
+TEST_F(SubstanceGuiTest, AnAddedSubstanceIsSavedAndReadBack) {
+  ASSERT_TRUE(start());
+  click("Add");
+  replaceText("Schadstoffname", "Testicide Z");
+  clickCell(1, 5);
+  QTest::keyClicks(editBox(), "0.75");
+  QTest::keyClick(editBox(), Qt::Key_Return);
+  QTest::keyClicks(editBox(), "1,25");
+  QTest::keyClick(editBox(), Qt::Key_Return);
+  clickCell(2, 4);
+  QTest::keyClick(basisChooser(), Qt::Key_Down);
+  click("Ende");
+  auto* save = window->findChild<QAction*>("save");
+  ASSERT_EQ(save->shortcut(), QKeySequence("Ctrl+S"));
+  save->trigger();
+  EXPECT_TRUE(dialogs.messages.empty());
+  EXPECT_NE(read(input() / "feedstuff.tab").find("\tResidueInputValue\tTesticide Z\r\n"),
+            std::string::npos);
+
+  ASSERT_TRUE(start());
+  ASSERT_EQ(items("Schadstoffliste").size(), 6);
+  EXPECT_EQ(items("Schadstoffliste").back(), "Testicide Z");
+  chooseSubstance(5);
+  EXPECT_EQ(items("Fischfutter1"), QStringList({"Barley (grain)", "Maize (grain)"}));
+  click("Edit");
+  EXPECT_EQ(column(5).mid(0, 3), QStringList({"0.75", "1.25", "0"}));
+  EXPECT_EQ(column(4).mid(0, 3), QStringList({"STMR", "STMR-P", "STMR"}));
+}
+
+TEST_F(SubstanceGuiTest, DelThenExitSavesAndSortsTheFile) {
+  ASSERT_TRUE(start());
+  std::multiset<std::string> components;
+  for (int i = 1; i <= window->model().table().componentCount(); ++i) {
+    const FeedComponent& c = window->model().table().component(i);
+    components.insert(c.category + "|" + c.crop + "|" + c.commodity);
+  }
+  chooseSubstance(1);
+  click("Loeschen");
+  QSignalSpy ended(window.get(), &Hauptform::ended);
+  dialogs.answers = {true, true};
+  click("Ende");
+  EXPECT_EQ(dialogs.questions, std::vector<std::string>({kSaveQuestion, kSortQuestion}));
+  EXPECT_EQ(ended.count(), 1);
+
+  std::istringstream lines(read(input() / "feedstuff.tab"));
+  std::string line;
+  std::getline(lines, line);
+  EXPECT_EQ(line.find("Example substance B"), std::string::npos);
+  std::string previous;
+  int data = 0;
+  while (std::getline(lines, line)) {
+    const std::string category = line.substr(0, line.find('\t'));
+    EXPECT_LE(previous, category) << line;  // binary order: "By-Products" before "Cereal..."
+    previous = category;
+    ++data;
+  }
+  EXPECT_EQ(data, 61);
+
+  dialogs.questions.clear();
+  ASSERT_TRUE(start());
+  EXPECT_TRUE(dialogs.messages.empty());
+  EXPECT_EQ(
+      items("Schadstoffliste"),
+      QStringList({"Example substance A (fungicide)", "Example substance C (insecticide)",
+                   "Example substance D (growth regulator)", "Example substance E (acaricide)"}));
+  const ComponentTable& table = window->model().table();
+  EXPECT_EQ(table.component(1).category, "By-Products");
+  std::multiset<std::string> read;
+  for (int i = 1; i <= table.componentCount(); ++i)
+    read.insert(table.component(i).category + "|" + table.component(i).crop + "|" +
+                table.component(i).commodity);
+  EXPECT_EQ(read, components);
+}
+
+TEST_F(SubstanceGuiTest, SimpleModeEditsInTheFullWidthAndReturns) {
+  ASSERT_TRUE(start(true));
+  EXPECT_EQ(window->centralWidget()->width(), 600);
+  editSubstance(0);
+  EXPECT_EQ(window->centralWidget()->width(), 1184);
+  EXPECT_TRUE(shown("Abbrechen"));
+  EXPECT_FALSE(shown("Fischmehl") || shown("FischmehlCaption"));
+  EXPECT_EQ(find("Ende")->geometry().left(), 1056);
+  click("Ende");
+  EXPECT_EQ(window->centralWidget()->width(), 600);
+  EXPECT_EQ(window->width(), 600);
+  EXPECT_TRUE(shown("Fischmehl"));
+  EXPECT_EQ(find<QComboBox>("Fischmehl")->currentIndex(), 1);  // as leaving the editing sets it
+  EXPECT_FALSE(shown("Fischfutter2"));
+}
+
+}  // namespace
+}  // namespace pescavo
