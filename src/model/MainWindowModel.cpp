@@ -454,8 +454,17 @@ void MainWindowModel::save() {
   try {
     writeComponentTable(m_table, feedstuffPath(), m_decimalSeparator);
     // After writing, so the file holds the table as it was; only while editing, since
-    // outside it there is no grid to take over.
-    if (editing()) uebernehme_Werte();
+    // outside it there is no grid to take over. A new substance is stored once: editing then
+    // goes on with it, so that "Done" does not add it a second time.
+    if (editing()) {
+      keepEditBoxText();
+      const bool adding = !editMode();
+      if (uebernehme_Werte() && adding) {
+        m_substance = m_table.substanceCount() - 1;
+        m_editMode = true;
+        if (m_table.substanceCount() >= 2) setEnabled("Loeschen", true);
+      }
+    }
   } catch (const TableError& error) {
     m_dialogs.information(error.what());
   }

@@ -303,6 +303,8 @@ class MainWindowModel {
   void applySimpleLayoutAfterEditing();
   // The substance uebernehme_Werte stores into and a basis choice goes to.
   int targetSubstance() const;
+  // Typing in the edit box that Enter has not stored yet goes into its cell.
+  void keepEditBoxText();
   bool tableFull();  // shows why another substance can't be added
   bool m_editMode = false;
   ResidueGrid m_grid;

@@ -226,11 +226,25 @@ bool ResidueGrid::typeIntoEditBox(int key) {
   return true;
 }
 
+void ResidueGrid::openEditBox() {
+  setEditBox(text(m_row, m_column), 0, 0);
+  m_boxRow = m_row;
+}
+
+void ResidueGrid::keepEditBoxText() {
+  if (m_boxRow >= 1 && m_boxRow < rowCount() && text(m_boxRow, kValueColumn) != m_editText)
+    setText(m_boxRow, kValueColumn, m_editText);
+}
+
 std::optional<int> ResidueGrid::enterEditBox() {
   if (rowCount() < 2) return std::nullopt;
   setText(m_row, m_column, m_editText);
-  if (m_row >= rowCount() - 1) return std::nullopt;
+  if (m_row >= rowCount() - 1) {
+    m_boxRow = -1;
+    return std::nullopt;
+  }
   m_selectionEnd = ++m_row;
+  m_boxRow = m_row;
   m_editText = text(m_row, m_column);
   selectAllOfEditBox();
   return m_row;

@@ -101,6 +101,12 @@ class ResidueGrid {
   static EditBoxKey filterEditKey(std::string_view text, int caret, int key);
   // The same on the box, where a typed key replaces the selection; false when dropped.
   bool typeIntoEditBox(int key);
+  // The box opened over the current cell with that cell's text, and closed.
+  void openEditBox();
+  void closeEditBox() { m_boxRow = -1; }
+  // What was typed into an open box and not yet entered goes into the cell the box stands
+  // over, so that leaving the box another way than Enter loses nothing.
+  void keepEditBoxText();
   // Enter: the box's text into the current cell, then one row down with that cell's text in
   // the box. The row the box moves to, or nothing when it was the last row.
   std::optional<int> enterEditBox();
@@ -170,6 +176,7 @@ class ResidueGrid {
   int m_column = kValueColumn;
   int m_selectionEnd = 1;
   std::string m_editText;
+  int m_boxRow = -1;  // the row the open edit box stands over, -1 when it is closed
   int m_editStart = 0;
   int m_editLength = 0;
   int m_basisChoice = 0;

@@ -132,8 +132,16 @@ void MainWindowModel::Abbrechen_Click() {
   setSearchText(kSearchPrompt);
 }
 
+void MainWindowModel::keepEditBoxText() {
+  if (!m_layout.at("EingabeSchadstoff").visible) return;
+  m_grid.keepEditBoxText();
+  m_grid.closeEditBox();
+  m_layout.hide({"EingabeSchadstoff"});
+}
+
 bool MainWindowModel::leaveEditing() {
   if (!editing()) return false;
+  keepEditBoxText();
   const bool added = !editMode();
   if (!uebernehme_Werte()) return false;
   showNormalLayout();
@@ -203,13 +211,14 @@ void MainWindowModel::setGridCursor(int row, int column, int selectionEnd) {
 
 MainWindowModel::GridEditor MainWindowModel::schadstoffwerte_Click() {
   if (!editing() || m_grid.rowCount() < 2) return GridEditor::None;
+  keepEditBoxText();
   if (m_grid.column() == ResidueGrid::kBasisColumn) {
     m_grid.showBasisOfCurrentCell();
     m_layout.hide({"EingabeSchadstoff"});
     return GridEditor::BasisChooser;
   }
   if (m_grid.column() == ResidueGrid::kValueColumn) {
-    m_grid.setEditBox(m_grid.text(m_grid.row(), m_grid.column()), 0, 0);
+    m_grid.openEditBox();
     m_layout.hide({"ArtSchadstoffwertCombo"});
     return GridEditor::EditBox;
   }
@@ -263,6 +272,7 @@ std::optional<int> MainWindowModel::EingabeSchadstoff_Enter() {
 
 void MainWindowModel::EingabeSchadstoff_Paste(std::string_view clipboard) {
   m_grid.paste(clipboard);
+  m_grid.closeEditBox();
   m_layout.hide({"EingabeSchadstoff"});
 }
 
@@ -273,10 +283,12 @@ void MainWindowModel::EingabeSchadstoff_Click() {
 
 void MainWindowModel::EingabeSchadstoff_DblClick() {
   EingabeSchadstoff_Click();
+  m_grid.closeEditBox();
   m_layout.hide({"EingabeSchadstoff"});
 }
 
 void MainWindowModel::ArtSchadstoffwertCombo_Click(int position) {
+  keepEditBoxText();
   m_grid.chooseBasis(position, m_table, targetSubstance());
   m_layout.hide({"ArtSchadstoffwertCombo", "EingabeSchadstoff"});
 }

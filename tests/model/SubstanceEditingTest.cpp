@@ -466,6 +466,61 @@ TEST_F(EditingTest, ListKeysWhileEditingKeepTheCopyOfTheCodes) {
   expectSubstance(2, 3);
 }
 
+// Typing that Enter has not stored yet is not lost by leaving the box another way.
+TEST_F(EditingTest, TypingWithoutEnterIsKept) {
+  model.Edit_Click();
+  openEditBox(2);
+  type("7");
+  openEditBox(4);  // a click on another cell
+  EXPECT_EQ(model.grid().text(2, 5), "7");
+  type("9");
+  model.setGridCursor(1, 4, 1);
+  ASSERT_EQ(model.schadstoffwerte_Click(), MainWindowModel::GridEditor::BasisChooser);
+  EXPECT_EQ(model.grid().text(4, 5), "9");
+  openEditBox(5);
+  type("3.5");
+  ASSERT_TRUE(model.leaveEditing());  // "Done" with the box still open
+  EXPECT_EQ(model.table().residue(1, 2), 7);
+  EXPECT_EQ(model.table().residue(1, 4), 9);
+  EXPECT_EQ(model.table().residue(1, 5), 3.5);
+
+  model.Edit_Click();  // Cancel still discards what was typed
+  openEditBox(1);
+  type("8");
+  model.Abbrechen_Click();
+  EXPECT_EQ(model.table().residue(1, 1), table.residue(1, 1));
+}
+
+// A save while a new substance is added stores it once; "Done" then stores into it again
+// rather than adding a copy.
+TEST_F(EditingTest, ASaveWhileAddingStoresTheNewSubstanceOnce) {
+  namespace fs = std::filesystem;
+  std::string folder = (fs::temp_directory_path() / "pescavo-adding-XXXXXX").string();
+  ASSERT_NE(::mkdtemp(folder.data()), nullptr);
+  fs::copy(PESCAVO_SAMPLE_INPUT, folder, fs::copy_options::recursive);
+  model.startUp(folder);
+  const int substances = model.table().substanceCount();
+  model.Add_Click();
+  model.setSubstanceNameText("Added");
+  model.setGridCursor(1, 5, 1);
+  model.EingabeSchadstoff_Paste("0.5\r\n");
+  model.save();
+  ASSERT_EQ(model.table().substanceCount(), substances + 1);
+  EXPECT_TRUE(model.editing() && model.editMode());
+  EXPECT_EQ(model.substanceName(), "Added");
+  model.setGridCursor(1, 5, 1);
+  model.EingabeSchadstoff_Paste("0.75\r\n");
+  ASSERT_TRUE(model.leaveEditing());
+  EXPECT_EQ(model.table().substanceCount(), substances + 1);
+  EXPECT_EQ(model.table().residue(substances + 1, 1), 0.75);
+  model.save();
+  const ComponentTable saved = readComponentTable(folder + "/feedstuff.tab");
+  EXPECT_EQ(saved.substanceCount(), substances + 1);
+  EXPECT_EQ(saved.substanceName(substances + 1), "Added");
+  EXPECT_EQ(saved.residue(substances + 1, 1), 0.75);
+  fs::remove_all(folder);
+}
+
 TEST(SaveWhileEditing, TakesTheGridOverAfterWriting) {
   namespace fs = std::filesystem;
   std::string folder = (fs::temp_directory_path() / "pescavo-editing-XXXXXX").string();
