@@ -80,7 +80,7 @@ void MainWindowModel::Edit_Click() {
 void MainWindowModel::showEditingLayout() {
   static const MainWindowLayout design;
   for (std::string_view name : {"schadstoffwerte", "Label5", "Schadstoffname", "Suche", "Go",
-                                "Abbrechen", "Ende", "Image6"}) {
+                                "Abbrechen", "Ende", "Image6", "Image1"}) {
     const ControlState& from = design.at(name);
     ControlState& to = m_layout.at(name);
     to.left = from.left;

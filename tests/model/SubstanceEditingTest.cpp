@@ -330,12 +330,14 @@ TEST_F(EditingTest, SimpleLayoutAfterDoneAndCancel) {
   // The editing controls need the full width; the fish-meal chooser hides with its caption.
   EXPECT_EQ(model.layout().width(), MainWindowLayout::kFullWidth);
   EXPECT_EQ(model.layout().at("Ende").left, 15840);
+  EXPECT_EQ(model.layout().at("Image1").left, 16680);
   EXPECT_FALSE(visible("Fischmehl") || visible("FischmehlCaption"));
   EXPECT_TRUE(visible("Abbrechen"));
 
   ASSERT_FALSE(model.Ende_Click());
   EXPECT_EQ(model.layout().width(), MainWindowLayout::kSimpleWidth);
   EXPECT_EQ(model.layout().at("Ende").left, 7000);
+  EXPECT_EQ(model.layout().at("Image1").left, 7840);
   EXPECT_EQ(model.layout().at("Ende").caption, "Exit");
   EXPECT_TRUE(visible("Fischmehl") && visible("FischmehlCaption"));
   EXPECT_EQ(model.layout().at("Fischmehl").top, 3600);
