@@ -243,9 +243,10 @@ void Hauptform::applyLayout() {
       button->setText(caption);
     else if (auto* label = qobject_cast<QLabel*>(widget))
       label->setText(caption);
-    else if (auto* text = qobject_cast<QLineEdit*>(widget))
+    else if (auto* text = qobject_cast<QLineEdit*>(widget)) {
       text->setText(caption);
-    else if (auto* frame = qobject_cast<QGroupBox*>(widget))
+      text->setCursorPosition(0);  // a long substance name shows its beginning
+    } else if (auto* frame = qobject_cast<QGroupBox*>(widget))
       frame->setTitle(caption);
     if (!caption.isEmpty() && state.accessibleName.empty())
       widget->setAccessibleName(withoutAccelerator(state.caption));
