@@ -8,24 +8,10 @@
 #include <vector>
 
 #include "model/MainWindowModel.h"
+#include "support/RecordingDialogs.h"
 
 namespace pescavo {
 namespace {
-
-class AnsweringDialogs : public Dialogs {
- public:
-  void information(const std::string& text) override { messages.push_back(text); }
-  bool askYesNo(const std::string& text) override {
-    questions.push_back(text);
-    if (answers.empty()) throw std::logic_error("unexpected question: " + text);
-    const bool answer = answers.front();
-    answers.erase(answers.begin());
-    return answer;
-  }
-  std::vector<bool> answers;
-  std::vector<std::string> messages;
-  std::vector<std::string> questions;
-};
 
 // The model started on a copy of the sample tables.
 class MainWindowFilesTest : public ::testing::Test {
@@ -51,7 +37,7 @@ class MainWindowFilesTest : public ::testing::Test {
   }
 
   std::filesystem::path folder;
-  AnsweringDialogs dialogs;
+  RecordingDialogs dialogs;
   MainWindowModel model;
 };
 

@@ -5,20 +5,10 @@
 #include <vector>
 
 #include "model/MainWindowModel.h"
+#include "support/RecordingDialogs.h"
 
 namespace pescavo {
 namespace {
-
-class ScriptedDialogs : public Dialogs {
- public:
-  void information(const std::string& text) override {
-    messages.push_back(text);
-    if (onMessage) onMessage();
-  }
-  bool askYesNo(const std::string&) override { return false; }
-  std::vector<std::string> messages;
-  std::function<void()> onMessage;
-};
 
 FeedComponent component(const std::string& crop, double cp, double cl, double dm, double maxCarp,
                         double maxTrout) {
@@ -60,7 +50,7 @@ class ModelTest : public ::testing::Test {
 
   ComponentTable table;
   std::vector<FishSpecies> species = {{"Common carp", 8, 35}, {"Rainbow trout", 15, 42}};
-  ScriptedDialogs dialogs;
+  RecordingDialogs dialogs;
   MainWindowModel model;
 };
 

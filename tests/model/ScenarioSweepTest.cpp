@@ -14,15 +14,10 @@
 #include "reports/RtfWriter.h"
 #include "reports/TextFiles.h"
 #include "support/ErringTables.h"
+#include "support/RecordingDialogs.h"
 
 namespace pescavo::test {
 namespace {
-
-struct RecordingDialogs : Dialogs {
-  void information(const std::string& text) override { messages.push_back(text); }
-  bool askYesNo(const std::string&) override { return true; }
-  std::vector<std::string> messages;
-};
 
 const std::string kMrbd = "\"maximum reasonable balanced diet (MRBD)\"";
 const char kNotSolvable[] = "The problem is not solvable. Add more or try different components.";

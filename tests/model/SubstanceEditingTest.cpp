@@ -8,24 +8,10 @@
 #include <vector>
 
 #include "model/MainWindowModel.h"
+#include "support/RecordingDialogs.h"
 
 namespace pescavo {
 namespace {
-
-class ScriptedDialogs : public Dialogs {
- public:
-  void information(const std::string& text) override { messages.push_back(text); }
-  bool askYesNo(const std::string& text) override {
-    questions.push_back(text);
-    if (answers.empty()) return false;
-    const bool answer = answers.front();
-    answers.pop_front();
-    return answer;
-  }
-  std::vector<std::string> messages;
-  std::vector<std::string> questions;
-  std::deque<bool> answers;
-};
 
 const char* const kSaveQuestion = "You modified the substance database. Do you want to save?";
 
@@ -86,7 +72,7 @@ class EditingTest : public ::testing::Test {
   bool visible(const char* name) const { return model.layout().at(name).visible; }
 
   ComponentTable table;
-  ScriptedDialogs dialogs;
+  RecordingDialogs dialogs;
   MainWindowModel model;
 };
 
@@ -529,7 +515,7 @@ TEST(SaveWhileEditing, TakesTheGridOverAfterWriting) {
   ASSERT_NE(::mkdtemp(folder.data()), nullptr);
   fs::copy(PESCAVO_SAMPLE_INPUT, folder, fs::copy_options::recursive);
   const std::string file = folder + "/feedstuff.tab";
-  ScriptedDialogs dialogs;
+  RecordingDialogs dialogs;
   MainWindowModel model(dialogs, '.');
   model.startUp(folder);
   const int substances = model.table().substanceCount();
