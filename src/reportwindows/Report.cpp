@@ -194,7 +194,7 @@ void Report::Diagrammzeichnen() {
 void Report::Drucken_Click() {
   if (m_allScenarios) {
     if (m_scenarioTableShown)
-      printGrid(m_dialogs, *m_allScnErgebnis, m_labels.printTitle);
+      printGrid(m_dialogs, *m_allScnErgebnis, m_labels.printTitle, 1);  // the scenario number
     else
       m_bericht->print(m_dialogs);
     return;
