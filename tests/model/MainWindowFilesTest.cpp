@@ -128,5 +128,25 @@ TEST_F(MainWindowFilesTest, AFailedSaveNamesTheFileAndKeepsTheOldOne) {
   EXPECT_EQ(read("kept.tab"), database);
 }
 
+// At exit a failed save keeps the window open and the old file; the sort question waits.
+TEST_F(MainWindowFilesTest, AFailedSaveAtExitKeepsTheProgramOpen) {
+  start();
+  model.Loeschen_Click();
+  ASSERT_TRUE(model.databaseModified());
+  std::filesystem::rename(folder / "Input" / "feedstuff.tab", folder / "Input" / "kept.tab");
+  std::filesystem::create_directory(folder / "Input" / "feedstuff.tab");
+  dialogs.answers = {true};
+  EXPECT_FALSE(model.Ende_Click());
+  EXPECT_EQ(dialogs.questions,
+            std::vector<std::string>{"You modified the substance database. Do you want to save?"});
+  ASSERT_EQ(dialogs.messages.size(), 1u);
+  EXPECT_NE(dialogs.messages[0].find("feedstuff.tab"), std::string::npos);
+
+  std::filesystem::remove(folder / "Input" / "feedstuff.tab");
+  dialogs.answers = {true, false};  // saved now; no sort
+  EXPECT_TRUE(model.Ende_Click());
+  EXPECT_EQ(readComponentTable((folder / "Input" / "feedstuff.tab").string()).substanceCount(), 4);
+}
+
 }  // namespace
 }  // namespace pescavo
