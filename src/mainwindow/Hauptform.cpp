@@ -47,7 +47,11 @@ Hauptform::Hauptform(DesktopDialogs& dialogs, char decimalSeparator, QWidget* pa
   m_dialogs.setParentWindow(this);
 }
 
-Hauptform::~Hauptform() = default;
+// The controls go first, while the window their event hooks call is still whole.
+Hauptform::~Hauptform() {
+  control<QListWidget>("Fischfutter1")->viewport()->removeEventFilter(this);
+  delete centralWidget();
+}
 
 bool Hauptform::startUp(const std::string& inputFolder, bool simpleMode) {
   try {

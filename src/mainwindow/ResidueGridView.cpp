@@ -259,7 +259,8 @@ void ResidueGridView::setTopRow(int row) { m_table->verticalScrollBar()->setValu
 int ResidueGridView::headerHeight() const { return m_table->horizontalHeader()->height(); }
 
 bool ResidueGridView::eventFilter(QObject* watched, QEvent* event) {
-  QWidget* cells = m_table->viewport();
+  // Asked only for the events below: while the table is taken down it is no table any more.
+  const auto onCells = [&] { return watched == m_table->viewport(); };
   switch (event->type()) {
     case QEvent::KeyPress: {
       if (watched != m_table) break;
@@ -269,18 +270,18 @@ bool ResidueGridView::eventFilter(QObject* watched, QEvent* event) {
     }
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick:
-      if (watched == cells && static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton)
+      if (onCells() && static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton)
         m_pressed = true;
       break;
     case QEvent::MouseButtonRelease:
       // Without dragging of items the press and the moves have set the selection.
-      if (watched != cells || !m_pressed) break;
+      if (!m_pressed || !onCells()) break;
       if (static_cast<QMouseEvent*>(event)->button() != Qt::LeftButton) break;
       m_pressed = false;
       emit clicked();
       break;
     case QEvent::Wheel: {
-      if (watched != cells) break;
+      if (!onCells()) break;
       const int rotation = static_cast<QWheelEvent*>(event)->angleDelta().y();
       if (rotation == 0) break;  // a sideways wheel scrolls as the table does
       event->accept();
