@@ -1,9 +1,7 @@
 #include "model/ResidueGrid.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
-#include <cstdlib>
 #include <utility>
 
 #include "reports/ResultTables.h"
@@ -44,8 +42,6 @@ std::size_t previousCharacter(std::string_view text, std::size_t pos) {
   while (pos > 0 && (static_cast<unsigned char>(text[pos]) & 0xC0) == 0x80) --pos;
   return pos;
 }
-
-int clamp(int value, int low, int high) { return std::max(low, std::min(value, high)); }
 
 }  // namespace
 
@@ -170,16 +166,16 @@ void ResidueGrid::setText(int row, int column, std::string text) {
 
 void ResidueGrid::setCursor(int row, int column, int selectionEnd) {
   if (rowCount() < 2) return;
-  m_row = clamp(row, 1, rowCount() - 1);
-  m_column = clamp(column, 0, kColumns - 1);
-  m_selectionEnd = clamp(selectionEnd, 1, rowCount() - 1);
+  m_row = std::clamp(row, 1, rowCount() - 1);
+  m_column = std::clamp(column, 0, kColumns - 1);
+  m_selectionEnd = std::clamp(selectionEnd, 1, rowCount() - 1);
 }
 
 void ResidueGrid::setEditBox(std::string text, int selectionStart, int selectionLength) {
   m_editText = std::move(text);
   const int size = static_cast<int>(m_editText.size());
-  m_editStart = clamp(selectionStart, 0, size);
-  m_editLength = clamp(selectionLength, 0, size - m_editStart);
+  m_editStart = std::clamp(selectionStart, 0, size);
+  m_editLength = std::clamp(selectionLength, 0, size - m_editStart);
 }
 
 void ResidueGrid::selectAllOfEditBox() {
@@ -188,7 +184,7 @@ void ResidueGrid::selectAllOfEditBox() {
 }
 
 EditBoxKey ResidueGrid::filterEditKey(std::string_view text, int caret, int key) {
-  EditBoxKey result{false, std::string(text), clamp(caret, 0, static_cast<int>(text.size()))};
+  EditBoxKey result{false, std::string(text), std::clamp(caret, 0, static_cast<int>(text.size()))};
   const std::optional<int> passed = filterKey(key, result.text, result.caret);
   if (!passed) {
     result.taken = key == ',';  // the comma has appended its point
@@ -338,41 +334,6 @@ int ResidueGrid::markUnstorableValues() {
     count += bad;
   }
   return count;
-}
-
-std::string ResidueGrid::plainDecimalText(double value) {
-  if (!std::isfinite(value)) return generalForm(value, '.');
-  if (value == 0) return "0";
-  // The shortest digits that read back exactly, and the exponent of the first one.
-  char buffer[64];
-  const char* const end =
-      std::to_chars(buffer, buffer + sizeof buffer, std::fabs(value), std::chars_format::scientific)
-          .ptr;
-  std::string digits;
-  const char* p = buffer;
-  for (; p != end && *p != 'e'; ++p) {
-    if (*p != '.') digits += *p;
-  }
-  const int exponent = std::atoi(std::string(p + 1, end).c_str());
-  const int length = static_cast<int>(digits.size());
-
-  std::string text = value < 0 ? "-" : "";
-  if (exponent < -7 || exponent >= 15) {
-    text += digits[0];
-    if (length > 1) text += "." + digits.substr(1);
-    text += exponent < 0 ? "E-" : "E+";
-    const int magnitude = std::abs(exponent);
-    if (magnitude < 10) text += '0';
-    text += std::to_string(magnitude);
-  } else if (exponent < 0) {
-    text += "0." + std::string(static_cast<std::size_t>(-exponent - 1), '0') + digits;
-  } else if (length <= exponent + 1) {
-    text += digits + std::string(static_cast<std::size_t>(exponent + 1 - length), '0');
-  } else {
-    text += digits.substr(0, static_cast<std::size_t>(exponent + 1)) + "." +
-            digits.substr(static_cast<std::size_t>(exponent + 1));
-  }
-  return text;
 }
 
 std::array<int, ResidueGrid::kColumns> ResidueGrid::columnWidths(int gridWidth, int clientWidth) {

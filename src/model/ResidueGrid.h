@@ -143,10 +143,6 @@ class ResidueGrid {
   // finite) and clears the other column-5 marks; the number of cells marked.
   int markUnstorableValues();
 
-  // The text a residue value is edited as: "." whatever the locale, the fewest digits that
-  // read back to the same double, exponent form only below 1E-07 and from 1E+15 on.
-  static std::string plainDecimalText(double value);
-
   // Column widths in twips of a grid gridWidth wide whose cells have clientWidth inside its
   // border and scroll bar: category, crop and commodity a sixth of the grid each, basis and
   // value a seventh each. The IFN code takes what is left, so the columns end at the border;

@@ -193,13 +193,15 @@ double leadingNumber(std::string_view text) {
   return negative ? -value : value;
 }
 
-std::string generalForm(double value, char decimalSeparator) {
-  if (!std::isfinite(value)) return nonFiniteText(value);
-  if (value == 0) return "0";
-  const DecimalDigits d = generalDigits(std::fabs(value));
-  std::string text = value < 0 ? "-" : "";
+namespace {
+
+// The digits laid out with the separator, in exponent form below 10^lowestPlainExponent and
+// from 1E+15 on.
+std::string layoutDigits(const DecimalDigits& d, bool negative, char decimalSeparator,
+                         int lowestPlainExponent) {
+  std::string text = negative ? "-" : "";
   const int length = static_cast<int>(d.digits.size());
-  if (d.exponent < -4 || d.exponent >= 15) {
+  if (d.exponent < lowestPlainExponent || d.exponent >= 15) {
     text += d.digits[0];
     if (length > 1) text += decimalSeparator + d.digits.substr(1);
     const int magnitude = std::abs(d.exponent);
@@ -218,6 +220,23 @@ std::string generalForm(double value, char decimalSeparator) {
     text += d.digits.substr(static_cast<std::size_t>(d.exponent + 1));
   }
   return text;
+}
+
+}  // namespace
+
+std::string generalForm(double value, char decimalSeparator) {
+  if (!std::isfinite(value)) return nonFiniteText(value);
+  if (value == 0) return "0";
+  return layoutDigits(generalDigits(std::fabs(value)), value < 0, decimalSeparator, -4);
+}
+
+std::string plainDecimalText(double value) {
+  if (!std::isfinite(value)) return nonFiniteText(value);
+  if (value == 0) return "0";
+  char buffer[64];
+  const auto formatted = std::to_chars(buffer, buffer + sizeof buffer, std::fabs(value),
+                                       std::chars_format::scientific);
+  return layoutDigits(scientificDigits(buffer, formatted.ptr), value < 0, '.', -7);
 }
 
 namespace {

@@ -18,6 +18,10 @@ double leadingNumber(std::string_view text);
 // reads back through zahl to the same value.
 std::string generalForm(double value, char decimalSeparator);
 
+// The text a residue value is edited as: "." whatever the locale, the fewest digits that read
+// back to the same double, exponent form only below 1E-07 and from 1E+15 on.
+std::string plainDecimalText(double value);
+
 // format is "0", "0.0", "0.00" or "0.000"; rounds half away from zero on the value as
 // written with 15 significant digits.
 std::string fixedForm(double value, std::string_view format, char decimalSeparator);
