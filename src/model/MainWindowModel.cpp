@@ -449,24 +449,28 @@ const char* const kResetQuestion = "You want to reset the data base settings?";
 
 }  // namespace
 
-void MainWindowModel::save() {
-  Ergebnis_ausblenden();
+bool MainWindowModel::writeDatabase() {
   try {
     writeComponentTable(m_table, feedstuffPath(), m_decimalSeparator);
-    // After writing, so the file holds the table as it was; only while editing, since
-    // outside it there is no grid to take over. A new substance is stored once: editing then
-    // goes on with it, so that "Done" does not add it a second time.
-    if (editing()) {
-      keepEditBoxText();
-      const bool adding = !editMode();
-      if (uebernehme_Werte() && adding) {
-        m_substance = m_table.substanceCount() - 1;
-        m_editMode = true;
-        if (m_table.substanceCount() >= 2) setEnabled("Loeschen", true);
-      }
-    }
+    return true;
   } catch (const TableError& error) {
     m_dialogs.information(error.what());
+    return false;
+  }
+}
+
+void MainWindowModel::save() {
+  Ergebnis_ausblenden();
+  // After writing, so the file holds the table as it was; only while editing, since outside it
+  // there is no grid to take over. A new substance is stored once: editing then goes on with
+  // it, so that "Done" does not add it a second time.
+  if (writeDatabase() && editing()) {
+    keepEditBoxText();
+    const bool adding = !editMode();
+    if (uebernehme_Werte() && adding) {
+      selectAddedSubstance();
+      m_editMode = true;
+    }
   }
   Futterliste_aktualisieren();
 }
@@ -478,13 +482,8 @@ bool MainWindowModel::Ende_Click() {
   }
   if (!m_databaseModified) return true;
   if (!m_dialogs.askYesNo(kSaveQuestion)) return true;
-  try {
-    writeComponentTable(m_table, feedstuffPath(), m_decimalSeparator);
-  } catch (const TableError& error) {
-    // Nothing is lost: the old file stands and the window stays open to try again.
-    m_dialogs.information(error.what());
-    return false;
-  }
+  // Nothing is lost by a failed write: the old file stands and the window stays open.
+  if (!writeDatabase()) return false;
   if (!m_dialogs.askYesNo(kSortQuestion)) return true;
   try {
     sortComponentFile(feedstuffPath());

@@ -303,6 +303,10 @@ class MainWindowModel {
   void applySimpleLayoutAfterEditing();
   // The substance uebernehme_Werte stores into and a basis choice goes to.
   int targetSubstance() const;
+  // A substance just added becomes the current one.
+  void selectAddedSubstance();
+  // Writes feedstuff.tab; false, with the file and the reason shown, when it can't.
+  bool writeDatabase();
   // Typing in the edit box that Enter has not stored yet goes into its cell.
   void keepEditBoxText();
   bool tableFull();  // shows why another substance can't be added

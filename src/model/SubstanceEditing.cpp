@@ -139,16 +139,18 @@ void MainWindowModel::keepEditBoxText() {
   m_layout.hide({"EingabeSchadstoff"});
 }
 
+void MainWindowModel::selectAddedSubstance() {
+  selectSubstance(m_table.substanceCount() - 1);
+  if (m_table.substanceCount() >= 2) setEnabled("Loeschen", true);
+}
+
 bool MainWindowModel::leaveEditing() {
   if (!editing()) return false;
   keepEditBoxText();
   const bool added = !editMode();
   if (!uebernehme_Werte()) return false;
   showNormalLayout();
-  if (added) {
-    selectSubstance(m_table.substanceCount() - 1);
-    if (m_table.substanceCount() >= 2) setEnabled("Loeschen", true);
-  }
+  if (added) selectAddedSubstance();
   m_editMode = false;
   Futterliste_aktualisieren();
   if (m_simpleMode) applySimpleLayoutAfterEditing();
