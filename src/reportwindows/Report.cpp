@@ -9,9 +9,9 @@
 #include <QWindow>
 
 #include "desktop/DesktopDialogs.h"
+#include "desktop/HandPointer.h"
 #include "model/MainWindowModel.h"
 #include "model/ReportRun.h"
-#include "reportwindows/HandPointer.h"
 #include "reportwindows/ReportSingle.h"
 #include "reportwindows/ReportViews.h"
 #include "reportwindows/ScenarioGrid.h"

@@ -13,9 +13,9 @@
 #include <sstream>
 
 #include "ReportTestSupport.h"
+#include "desktop/HandPointer.h"
 #include "desktop/PrintGrid.h"
 #include "desktop/PrintPicture.h"
-#include "reportwindows/HandPointer.h"
 
 namespace pescavo::test {
 namespace {

@@ -1,4 +1,4 @@
-#include "reportwindows/HandPointer.h"
+#include "desktop/HandPointer.h"
 
 #include <QEvent>
 #include <QFile>
