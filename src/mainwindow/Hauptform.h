@@ -15,7 +15,6 @@ class QTextEdit;
 namespace pescavo {
 
 class DesktopDialogs;
-class Dialog;
 class Report;
 class Ueber;
 
@@ -128,11 +127,9 @@ class Hauptform : public QMainWindow {
   std::map<std::string, QAction*> m_menuItems;
   std::map<std::string, std::string> m_shownCaptions;
   std::string m_startFolder = ".";
-  bool m_filling = false;  // lists being filled from the model: no events back into it
   bool m_ending = false;
   QPoint m_pressPoint;  // where the last press on the available list was
   QPointer<Ueber> m_about;
-  QPointer<Dialog> m_information;
   std::unique_ptr<Report> m_report;
 };
 

@@ -1,18 +1,15 @@
 #include <QFileInfo>
 
 #include "desktop/DesktopDialogs.h"
-#include "mainwindow/Dialog.h"
 #include "mainwindow/Hauptform.h"
 #include "mainwindow/Ueber.h"
 
 namespace pescavo {
 
 void Hauptform::showAll() {
-  m_filling = true;
   fillSubstances();
   fillAvailable();
   fillChosen();
-  m_filling = false;
   showOptions();
   showResult();
   applyLayout();

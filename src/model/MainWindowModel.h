@@ -236,9 +236,6 @@ class MainWindowModel {
   void setEnabled(std::string_view control, bool enabled) {
     m_layout.at(control).enabled = enabled;
   }
-  void setVisible(std::string_view control, bool visible) {
-    m_layout.at(control).visible = visible;
-  }
   std::string feedstuffPath() const { return m_inputFolder + "/feedstuff.tab"; }
   // Laden's steps.
   void sizeProblem(int chosen);

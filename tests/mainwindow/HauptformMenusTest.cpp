@@ -2,9 +2,11 @@
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QSignalSpy>
+#include <QTextEdit>
 #include <QTimer>
 
 #include "HauptformFixture.h"
+#include "mainwindow/Dialog.h"
 #include "mainwindow/Infoscreen.h"
 #include "mainwindow/Ueber.h"
 
@@ -110,6 +112,23 @@ TEST_F(HauptformTest, AboutIsModalFromTheMenuAndNotFromTheLogo) {
   EXPECT_TRUE(about->isVisible());
   EXPECT_FALSE(about->isModal());
   EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+}
+
+// One information window serves every text: caption and text replaced, never editable.
+TEST(DialogTest, ShowsEachTextReadOnlyInTheSameWindow) {
+  Dialog dialog;
+  EXPECT_EQ(dialog.windowTitle(), "Fish Species");
+  auto* rich = dialog.findChild<QTextEdit*>("InfoFisch");
+  ASSERT_NE(rich, nullptr);
+  dialog.showText("Criteria", "first");
+  dialog.showText("Residue Value", "second\rline");
+  EXPECT_TRUE(dialog.isVisible());
+  EXPECT_FALSE(dialog.isModal());
+  EXPECT_EQ(dialog.windowTitle(), "Residue Value");
+  EXPECT_TRUE(rich->isReadOnly());
+  EXPECT_TRUE(rich->toPlainText().startsWith("second"));
+  QTest::mouseClick(dialog.findChild<QAbstractButton*>("OKButton"), Qt::LeftButton);
+  EXPECT_FALSE(dialog.isVisible());
 }
 
 TEST(InfoscreenTest, ShowsVersionAndDateAndStartsEitherLayout) {
