@@ -21,6 +21,51 @@ const char* const kUsage =
     "             --criterion max|min, --component TEXT, --all, --no-pc, --no-cc, --no-f,\n"
     "             --no-mrbd, --fishmeal N, --simple";
 
+// What --help prints; the manual page is made from it, so it is the one description.
+const char* const kHelp =
+    "Usage: pescavo-cli [--input DIR] [--decimal SEP] [--report-folder DIR] COMMAND [RUN OPTIONS]\n"
+    "\n"
+    "Computes the dietary burden of a fish feed for one pesticide, in mg/kg of feed dry matter,\n"
+    "from feedstuff.tab, Species.tab and Fishmeal.tab, as the desktop program pescavo does.\n"
+    "\n"
+    "Commands:\n"
+    "  check                  read the tables and count components, substances, species and\n"
+    "                         fish-meal grades; warn of equal components or substance names\n"
+    "  substances             list the substances, one per line\n"
+    "  components             list the components available for --substance\n"
+    "  optimize               \"Optimize\": print the result statement\n"
+    "  report                 \"Optimize\", then \"Report\": print the report text\n"
+    "  sweep                  \"Optimize all Scenarios\": write Report.txt and Report.rtf and\n"
+    "                         print number, description and burden of each run\n"
+    "  lp                     print the run's linear programme in CPLEX LP format\n"
+    "  verify                 as optimize, then the independent check's verdict; with\n"
+    "                         --scenarios the sweep and one verdict per run\n"
+    "\n"
+    "Options:\n"
+    "  --input DIR            folder with the tables (default: Input)\n"
+    "  --decimal SEP          \".\" or \",\" for written numbers (default: the locale's)\n"
+    "  --report-folder DIR    where the sweep writes its report files (default: .)\n"
+    "  --help                 print this text and exit\n"
+    "  --version              print the version and exit\n"
+    "\n"
+    "Run options (the defaults are the main window's: Maximum, PC, CC, F and MRBD on, carp):\n"
+    "  --substance NAME       the substance\n"
+    "  --substance-number N   the substance by its 1-based place in the list\n"
+    "  --species carp|trout   the fish species\n"
+    "  --criterion max|min    worst case (maximum) or best case (minimum)\n"
+    "  --component TEXT       move the component \"Crop (Commodity)\" in (repeatable)\n"
+    "  --all                  move every available component in\n"
+    "  --no-pc, --no-cc, --no-f\n"
+    "                         leave out fish meal, starch or oil\n"
+    "  --no-mrbd              without the maximum inclusions (MRBD)\n"
+    "  --fishmeal N           0-based fish-meal grade (a single run uses the third, 2)\n"
+    "  --simple               the simple layout: every available component takes part\n"
+    "\n"
+    "Exit status:\n"
+    "  0 done; 1 the run was refused or is not solvable; 2 bad options or a table that cannot\n"
+    "  be read; 3 the independent check differs; 4 the check could not run; 5 a report file\n"
+    "  could not be written (the old one is kept).\n";
+
 // Messages of the core go to stderr; nobody can answer a question, so every question is No.
 class StreamDialogs : public Dialogs {
  public:
@@ -266,6 +311,14 @@ Runner runnerOf(const CliOptions& options) {
 
 int runCli(const std::vector<std::string>& args, char defaultDecimal, std::ostream& out,
            std::ostream& err) {
+  if (args.size() == 1 && (args[0] == "--help" || args[0] == "-h")) {
+    out << kHelp;
+    return kExitOk;
+  }
+  if (args.size() == 1 && args[0] == "--version") {
+    out << "pescavo-cli " << PESCAVO_VERSION << '\n';
+    return kExitOk;
+  }
   CliOptions options;
   try {
     options = parse(args, defaultDecimal);
