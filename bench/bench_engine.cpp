@@ -165,7 +165,11 @@ BENCHMARK(BM_Engine)->Arg(50)->Unit(benchmark::kMicrosecond);
 BENCHMARK(BM_Glpk)->Arg(50)->Unit(benchmark::kMicrosecond);
 BENCHMARK(BM_Engine)->Arg(103)->Unit(benchmark::kMicrosecond);
 BENCHMARK(BM_Glpk)->Arg(103)->Unit(benchmark::kMicrosecond);
-BENCHMARK(BM_Verify)->Arg(5)->Arg(20)->Arg(50)->Arg(103)->Unit(benchmark::kMicrosecond);
+BENCHMARK(BM_Engine)->Arg(500)->Unit(benchmark::kMicrosecond);
+BENCHMARK(BM_Glpk)->Arg(500)->Unit(benchmark::kMicrosecond);
+BENCHMARK(BM_Engine)->Arg(1000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(BM_Glpk)->Arg(1000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(BM_Verify)->Arg(5)->Arg(20)->Arg(50)->Arg(103)->Arg(1000)->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 
