@@ -33,7 +33,8 @@ void Dialog::showText(const QString& caption, const QString& text) {
   m_info->setVisible(true);
   m_info->setEnabled(true);
   m_info->setReadOnly(false);
-  m_info->setPlainText(text);
+  // The texts separate their lines by a carriage return alone.
+  m_info->setPlainText(QString(text).replace('\r', '\n'));
   m_info->setReadOnly(true);
   show();
   raise();

@@ -215,6 +215,15 @@ void Hauptform::connectControls() {
   onClick("Ende", &Hauptform::exit_Click);
   connect(control<QAbstractButton>("Image1"), &QAbstractButton::clicked, this,
           [this] { showAbout(false); });
+  const std::pair<const char*, InformationImage> images[] = {
+      {"Image2", InformationImage::Image2}, {"Image3", InformationImage::Image3},
+      {"Image4", InformationImage::Image4}, {"Image5", InformationImage::Image5},
+      {"Image6", InformationImage::Image6}, {"Image7", InformationImage::Image7},
+      {"Image8", InformationImage::Image8}};
+  for (const auto& [name, image] : images) {
+    connect(control<QAbstractButton>(name), &QAbstractButton::clicked, this,
+            [this, image = image] { showInformation(image); });
+  }
   auto* available = control<QListWidget>("Fischfutter1");
   connect(available, &QListWidget::pressed, this, &Hauptform::availablePressed);
   available->viewport()->setMouseTracking(true);
