@@ -5,7 +5,9 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <vector>
 
+#include "model/InformationTexts.h"
 #include "model/MainWindowModel.h"
 
 class QAction;
@@ -16,6 +18,8 @@ namespace pescavo {
 
 class DesktopDialogs;
 class Report;
+class Dialog;
+class HelpWindow;
 class Ueber;
 
 // The main window. It shows the model's state and forwards every event to one model
@@ -37,6 +41,9 @@ class Hauptform : public QMainWindow {
   MainWindowModel& model() { return *m_model; }
   // The folder that was current at start-up: help.chm and the report files live there.
   void setStartFolder(const std::string& folder) { m_startFolder = folder; }
+  // Where "&Help" looks for the user guide, first found first; HelpWindow::guideFolders() unless
+  // set.
+  void setGuideFolders(std::vector<std::string> folders) { m_guideFolders = std::move(folders); }
 
  signals:
   void ended();  // the program is to end
@@ -91,6 +98,7 @@ class Hauptform : public QMainWindow {
   void restore_Click();
   void help_Click();
   void showAbout(bool modal);
+  void showInformation(InformationImage image);
   // Everything the model may have changed: lists, options, result and layout.
   void showAll();
 
@@ -130,6 +138,9 @@ class Hauptform : public QMainWindow {
   bool m_ending = false;
   QPoint m_pressPoint;  // where the last press on the available list was
   QPointer<Ueber> m_about;
+  QPointer<HelpWindow> m_help;
+  QPointer<Dialog> m_information;
+  std::vector<std::string> m_guideFolders;
   std::unique_ptr<Report> m_report;
 };
 

@@ -1,7 +1,9 @@
 #include <QFileInfo>
 
 #include "desktop/DesktopDialogs.h"
+#include "mainwindow/Dialog.h"
 #include "mainwindow/Hauptform.h"
+#include "mainwindow/HelpWindow.h"
 #include "mainwindow/Ueber.h"
 
 namespace pescavo {
@@ -33,9 +35,31 @@ void Hauptform::restore_Click() {
   showAll();
 }
 
+// A help.chm in the start folder wins when the desktop can open it; otherwise the guide that
+// comes with the program, in one window that a second F1 brings to the front.
 void Hauptform::help_Click() {
   const std::string help = m_startFolder + "/help.chm";
-  if (QFileInfo::exists(QString::fromStdString(help))) m_dialogs.openWithDesktop(help);
+  if (QFileInfo::exists(QString::fromStdString(help)) && m_dialogs.openWithDesktop(help)) return;
+  if (!m_help) {
+    std::vector<std::string> folders = m_guideFolders;
+    if (folders.empty()) {
+      for (const QString& folder : HelpWindow::guideFolders())
+        folders.push_back(folder.toStdString());
+    }
+    m_help = new HelpWindow(Guide(Guide::locate(folders)), this);
+    m_help->setAttribute(Qt::WA_DeleteOnClose);
+  }
+  m_help->show();
+  m_help->raise();
+  m_help->activateWindow();
+}
+
+// One information window for every image, not blocking the main window.
+void Hauptform::showInformation(InformationImage image) {
+  const InformationText info = informationText(
+      image, m_model->speciesTable(), m_model->fishmealTable(), m_model->decimalSeparator());
+  if (!m_information) m_information = new Dialog(this);
+  m_information->showText(QString::fromStdString(info.caption), QString::fromStdString(info.text));
 }
 
 // From the menu the About window waits for "OK"; from the logo the main window stays usable.

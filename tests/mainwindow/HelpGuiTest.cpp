@@ -1,0 +1,108 @@
+#include <QAction>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QTextBrowser>
+#include <QTextEdit>
+#include <QTreeWidget>
+
+#include "HauptformFixture.h"
+#include "mainwindow/Dialog.h"
+#include "mainwindow/HelpWindow.h"
+#include "model/Guide.h"
+
+namespace pescavo {
+namespace {
+
+class HelpGuiTest : public HauptformTest {
+ protected:
+  void pressF1() { window->findChild<QAction*>("menuHilfe")->trigger(); }
+  HelpWindow* helpWindow() const { return window->findChild<HelpWindow*>("HelpWindow"); }
+};
+
+// The window shows the core's text line by line; Image6 shows only while editing.
+TEST_F(HelpGuiTest, InformationImagesShareOneWindowThatShowsTheirTextsLineByLine) {
+  write(input() / "Species.tab",
+        "Parameter\tCommon carp\tRainbow trout\r\nCrude lipid (%)\t8\t15\r\n"
+        "Crude protein (%)\t35\t42\r\n");
+  ASSERT_TRUE(start());
+  click("Image2");
+  auto* dialog = window->findChild<Dialog*>("Dialog");
+  ASSERT_NE(dialog, nullptr);
+  EXPECT_TRUE(dialog->isVisible());
+  EXPECT_FALSE(dialog->isModal());
+  EXPECT_EQ(dialog->windowTitle(), "Fish species");
+  auto* text = dialog->findChild<QTextEdit*>("InfoFisch");
+  EXPECT_EQ(text->toPlainText().split('\n'),
+            QStringList({"Targent content:", "Common carp:", "8 % lipid and 35% protein.", "",
+                         "Rainbow trout:", "15 % lipid and 42% protein."}));
+  EXPECT_TRUE(text->isReadOnly());
+  find("Image3")->setVisible(true);  // shown by the all-options view; clickable once shown
+  click("Image3");
+  EXPECT_EQ(window->findChildren<Dialog*>().size(), 1);
+  EXPECT_EQ(dialog->windowTitle(), "Criteria");
+}
+
+TEST_F(HelpGuiTest, WithoutHelpChmF1OpensTheGuideOnceWithContentsAndSearch) {
+  ASSERT_TRUE(start());
+  window->setGuideFolders({"/nonexistent", PESCAVO_GUIDE});
+  pressF1();
+  HelpWindow* help = helpWindow();
+  ASSERT_NE(help, nullptr);
+  EXPECT_TRUE(help->isVisible());
+  EXPECT_TRUE(dialogs.opened.empty());
+  const Guide guide(PESCAVO_GUIDE);
+  EXPECT_EQ(help->page()->source().fileName(), "index.html");
+
+  // The contents tree holds every entry of the guide's contents, pages at the top.
+  auto* contents = help->findChild<QTreeWidget*>("GuideContents");
+  int entries = 0;
+  for (QTreeWidgetItemIterator it(contents); *it; ++it) ++entries;
+  EXPECT_EQ(entries, static_cast<int>(guide.contents().size()));
+  std::vector<std::string> pages;
+  for (const Guide::Entry& entry : guide.contents())
+    if (entry.level == 0) pages.push_back(entry.href);
+  ASSERT_EQ(contents->topLevelItemCount(), static_cast<int>(pages.size()));
+  contents->itemClicked(contents->topLevelItem(1), 0);
+  EXPECT_EQ(help->page()->source().toString().toStdString(), pages[1]);
+
+  // A search lists the pages holding the word; opening one marks the word on it.
+  auto* search = help->findChild<QLineEdit*>("GuideSearch");
+  QTest::keyClicks(search, "fish meal");
+  QTest::keyClick(search, Qt::Key_Return);
+  auto* results = help->findChild<QListWidget*>("GuideResults");
+  EXPECT_TRUE(results->isVisible());
+  EXPECT_FALSE(contents->isVisible());
+  ASSERT_EQ(results->count(), static_cast<int>(guide.search("fish meal").size()));
+  results->itemActivated(results->item(0));
+  EXPECT_EQ(help->page()->textCursor().selectedText().toLower(), "fish");
+  search->clear();
+  EXPECT_TRUE(contents->isVisible());
+
+  pressF1();  // the same window again
+  EXPECT_EQ(window->findChildren<HelpWindow*>().size(), 1);
+}
+
+TEST_F(HelpGuiTest, AHelpChmTheDesktopCanOpenWinsOverTheGuide) {
+  ASSERT_TRUE(start());
+  window->setGuideFolders({PESCAVO_GUIDE});
+  write(input().parent_path() / "help.chm", "chm");
+  pressF1();
+  ASSERT_EQ(dialogs.opened.size(), 1u);
+  EXPECT_EQ(dialogs.opened[0], (input().parent_path() / "help.chm").string());
+  EXPECT_EQ(helpWindow(), nullptr);
+  dialogs.openSucceeds = false;  // nothing on this desktop reads it
+  pressF1();
+  ASSERT_NE(helpWindow(), nullptr);
+  EXPECT_TRUE(helpWindow()->isVisible());
+}
+
+TEST_F(HelpGuiTest, AMissingGuideSaysWhereItBelongs) {
+  ASSERT_TRUE(start());
+  window->setGuideFolders({"/nonexistent"});
+  pressF1();
+  ASSERT_NE(helpWindow(), nullptr);
+  EXPECT_TRUE(helpWindow()->page()->toPlainText().startsWith("The user guide was not found."));
+}
+
+}  // namespace
+}  // namespace pescavo

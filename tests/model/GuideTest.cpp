@@ -1,0 +1,99 @@
+#include <gtest/gtest.h>
+#include <stdlib.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include "model/Guide.h"
+
+namespace pescavo {
+namespace {
+
+namespace fs = std::filesystem;
+
+class GuideTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    std::string name = (fs::temp_directory_path() / "pescavo-guide-XXXXXX").string();
+    ASSERT_NE(::mkdtemp(name.data()), nullptr);
+    folder = name;
+  }
+  void TearDown() override { fs::remove_all(folder); }
+  void write(const std::string& file, const std::string& text) {
+    std::ofstream(folder / file, std::ios::binary) << text;
+  }
+  fs::path folder;
+};
+
+TEST_F(GuideTest, ContentsFollowTheIndexListsAndSearchFindsPagesHoldingEveryWord) {
+  write("index.html",
+        "<html><head><title>Guide</title><style>p { color: red }</style></head><body><ul>"
+        "<li><a href=\"run.html\">One <b>run</b></a><ul>"
+        "<li><a href=\"run.html#result\">The result</a></li></ul></li>"
+        "<li><a href=\"files.html\">Files</a></li>"
+        "<li><a href=\"https://example.org/\">Elsewhere</a></li></ul></body></html>");
+  write("files.html",
+        "<html><head><title>Files</title></head><body><p>Species.tab holds the lipid "
+        "&amp; protein targets.</p></body></html>");
+  write("run.html",
+        "<html><head><title>A run</title></head><body><h2 id=\"result\">Result</h2>"
+        "<p>The burden is red above 0.1 mg/kg; the LIPID target binds.</p></body></html>");
+  const Guide guide(folder.string());
+  ASSERT_EQ(guide.contents().size(), 3u);
+  EXPECT_EQ(guide.contents()[0].title, "One run");
+  EXPECT_EQ(guide.contents()[0].level, 0);
+  EXPECT_EQ(guide.contents()[1].href, "run.html#result");
+  EXPECT_EQ(guide.contents()[1].level, 1);
+  EXPECT_EQ(guide.contents()[2].href, "files.html");
+
+  // In the contents' order (run before files), any case, every word, entities resolved.
+  const std::vector<Guide::Hit> lipid = guide.search("Lipid");
+  ASSERT_EQ(lipid.size(), 2u);
+  EXPECT_EQ(lipid[0].file, "run.html");
+  EXPECT_EQ(lipid[1].title, "Files");
+  EXPECT_NE(lipid[1].snippet.find("lipid & protein"), std::string::npos);
+  ASSERT_EQ(guide.search("lipid burden").size(), 1u);
+  EXPECT_TRUE(guide.search("color").empty());  // style blocks are not text
+  EXPECT_TRUE(guide.search("  ").empty());
+  EXPECT_TRUE(guide.brokenLinks().empty());
+}
+
+TEST_F(GuideTest, BrokenLinksNameTheMissingPageOrAnchor) {
+  write("index.html",
+        "<title>Guide</title><a href=\"a.html#there\">A</a> <a href=\"gone.html\">Gone</a> "
+        "<a href=\"#top\">Top</a> <a href=\"a.html#nowhere\">No anchor</a> "
+        "<img src=\"missing.png\"> <a href=\"mailto:x@example.org\">Mail</a>");
+  write("a.html", "<title>A</title><h2 id=\"there\">There</h2>");
+  const Guide guide(folder.string());
+  EXPECT_EQ(guide.brokenLinks(),
+            (std::vector<std::string>{"index.html: gone.html", "index.html: #top",
+                                      "index.html: a.html#nowhere", "index.html: missing.png"}));
+}
+
+TEST_F(GuideTest, LocateTakesTheFirstFolderWithAnIndex) {
+  const fs::path empty = folder / "empty";
+  fs::create_directory(empty);
+  write("index.html", "<title>Guide</title>");
+  EXPECT_EQ(Guide::locate({(folder / "missing").string(), empty.string(), folder.string()}),
+            folder.string());
+  EXPECT_EQ(Guide::locate({empty.string()}), "");
+  EXPECT_TRUE(Guide(empty.string()).empty());
+}
+
+// The guide the program ships: every link leads somewhere and every page is in the contents.
+TEST(ShippedGuide, EveryLinkResolvesAndEveryPageIsReachable) {
+  const Guide guide(PESCAVO_GUIDE);
+  ASSERT_FALSE(guide.empty()) << PESCAVO_GUIDE;
+  EXPECT_EQ(guide.brokenLinks(), std::vector<std::string>{});
+  for (const fs::directory_entry& entry : fs::directory_iterator(PESCAVO_GUIDE)) {
+    const std::string file = entry.path().filename().string();
+    if (entry.path().extension() != ".html" || file == "index.html") continue;
+    bool listed = false;
+    for (const Guide::Entry& item : guide.contents())
+      listed = listed || item.href.substr(0, item.href.find('#')) == file;
+    EXPECT_TRUE(listed) << file << " is not in the contents";
+  }
+}
+
+}  // namespace
+}  // namespace pescavo
