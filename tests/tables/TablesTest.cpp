@@ -203,10 +203,10 @@ TEST(FishTables, SpeciesAndFishmealReadingRulesAndErrors) {
   const auto both = [](double a, double b) {
     return generalForm(a, '.') + "/" + generalForm(b, '.');
   };
-  std::string read;  // a missing number repeats the last one; blank lines may follow
+  std::string read;  // blank lines may follow
   for (const char* text :
        {"Species\t Common carp \tRainbow trout\r\nlipid\t8\t15\r\nprotein\t35\t42\r\n \t\r\n",
-        "S\tCarp\tTrout\nlipid\t7,5\nprotein\t3e1"}) {
+        "S\tCarp\tTrout\nlipid\t7,5\t9\nprotein\t3e1\t4E1"}) {
     for (const FishSpecies& s : parseSpeciesTable(text, "S"))
       read += s.name + " " + both(s.lipid, s.protein) + "; ";
   }
@@ -214,7 +214,7 @@ TEST(FishTables, SpeciesAndFishmealReadingRulesAndErrors) {
            "protein\tlipid\r\n60\t12\r\n62 11\r\n65,10\r\n 68 , 9 \r\n70,5\t8\t\r\n72.5, 7.5", "F"))
     read += both(grade.protein, grade.lipid) + " ";
   EXPECT_EQ(read,
-            "Common carp 8/35; Rainbow trout 15/42; Carp 7.5/30; Trout 7.5/30; 60/12 62/11 65/10 "
+            "Common carp 8/35; Rainbow trout 15/42; Carp 7.5/30; Trout 9/40; 60/12 62/11 65/10 "
             "68/9 70.5/8 72.5/7.5 ");
   EXPECT_EQ(fishmealItemText({62.5, 11.25}, ','), "62,5 % protein, 11,25% lipid");
   const std::string three = "h\r\n60\t12\r\n62\t11\r\n65\t10\r\n";
@@ -227,6 +227,20 @@ TEST(FishTables, SpeciesAndFishmealReadingRulesAndErrors) {
       {"S\tC\tT\nl\t2\t3e999",
        "line 2, cell 3: expected the crude lipid target (%) of \"T\" as a number from 0 to 100, "
        "found \"3e999\""},
+      // Every species has its own target cell: none is taken over from its neighbour.
+      {"S\tC\tT\nCrude lipid (%)\t8\np\t35\t42",
+       "line 2, cell 3: expected the crude lipid target (%) of \"T\", found the end of the line"},
+      {"S\tC\tT\nl\t8\t15\np\t35",
+       "line 3, cell 3: expected the crude protein target (%) of \"T\", found the end of the line"},
+      {"S\tC\tT\nl\t8\t15\np\t35\t",
+       "line 3, cell 3: expected the crude protein target (%) of \"T\" as a number from 0 to "
+       "100, found \"\""},
+      {"S\tC\tT\nl\t\t15\np\t35\t42",
+       "line 2, cell 2: expected the crude lipid target (%) of \"C\" as a number from 0 to 100, "
+       "found \"\""},
+      {"S\tC\tT\nl\t8\t15\np\t35\t42\t50",
+       "line 3, cell 4: expected the end of the line after the targets of the two species, found "
+       "\"50\""},
       {"", "line 1: expected the species names, found an empty file"}};
   for (const auto& [text, message] : species)
     EXPECT_EQ(errorOf([&t = text] { parseSpeciesTable(t, "S"); }), "S: " + message);
