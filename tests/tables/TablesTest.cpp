@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 #include <stdlib.h>
+#include <sys/stat.h>
 
 #include <algorithm>
 #include <filesystem>
@@ -176,6 +177,12 @@ TEST(ComponentFile, WriteRefuseSortAndReset) {
   std::filesystem::permissions(path, std::filesystem::perms(0640));
   writeComponentTable(readText(kSmall), path, '.');
   EXPECT_EQ(std::filesystem::status(path).permissions(), std::filesystem::perms(0640));
+  // A table made where there was none is readable by all, whatever the umask.
+  const mode_t umask = ::umask(077);
+  writeComponentTable(readText(kSmall), folder.path + "/new.tab", '.');
+  ::umask(umask);
+  EXPECT_EQ(std::filesystem::status(folder.path + "/new.tab").permissions(),
+            std::filesystem::perms(0644));
   const std::string unsorted = readFileBytes(kData + "feedstuff-unsorted.tab");
   folder.write("feedstuff.tab", unsorted);
   sortComponentFile(path);  // equal categories need not keep their order
