@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -71,9 +72,20 @@ TEST(ComponentTable, ValuesMoveWithTheirSubstancesAndComponents) {
   EXPECT_EQ(values, "11/0 13/0 14/1 0/0 31/0 33/0 34/1 0/0 99/1 23/1 24/0 0/0 0/0 0/0 0/0 0/0 ");
   EXPECT_THROW(numbered(1, 0).deleteSubstance(1), std::logic_error);
   ComponentTable full = numbered(ComponentTable::kMaxSubstances, 0);
-  EXPECT_THROW(full.addSubstance("Too many"), std::length_error);
-  for (int i = 1; i <= ComponentTable::kMaxComponents; ++i) full.addComponent({});
-  EXPECT_THROW(full.addComponent({}), std::length_error);
+  const auto tooMany = [](const std::function<void()>& add) {
+    try {
+      add();
+    } catch (const std::length_error& e) {
+      return std::string(e.what());
+    }
+    return std::string("accepted");
+  };
+  const std::string substances = "the table holds at most 998 substances";
+  EXPECT_EQ(tooMany([&] { full.addSubstance("Too many"); }), substances);
+  EXPECT_EQ(tooMany([&] { full.copySubstance(1, "Too many"); }), substances);
+  for (int i = 1; i <= 1000; ++i) full.addComponent({});
+  EXPECT_EQ(tooMany([&] { full.addComponent({}); }), "the table holds at most 1000 components");
+  EXPECT_EQ(full.substanceCount() + full.componentCount(), 1998);
 }
 
 TEST(ReadComponentTable, CellsLineEndsCodePagesAndErrorsNamingFileLineAndCell) {
@@ -130,6 +142,10 @@ TEST(ReadComponentTable, CellsLineEndsCodePagesAndErrorsNamingFileLineAndCell) {
       {header({"A"}) + times(1001, kRow + "0\t1\r\n"),
        "line 1002: expected at most 1000 components"}};
   for (const auto& c : cases) EXPECT_EQ(errorOf([&] { readText(c[0]); }), "f.tab: " + c[1]);
+  // The exit sort keeps to the same limit.
+  EXPECT_EQ(
+      errorOf([&] { sortComponentText(header({"A"}) + times(1001, kRow + "0\t1\r\n"), "f"); }),
+      "f: line 1002: expected at most 1000 components");
   ComponentTable cp1252 = readComponentTable(kData + "feedstuff-cp1252.tab");
   EXPECT_EQ(cp1252.substanceName(1) + "|" + cp1252.component(2).crop,
             "Beispielstoff \u00C4 (Fungizid)|R\u00FCbe");
