@@ -168,14 +168,17 @@ class SmallDisk : public FileReplacer {
   mutable std::size_t m_room;
 };
 
-// Room for a blank line but for no section: a sweep that wrote run by run would leave a new
-// first line, or the first runs alone, in place of the old report.
+// Room for the first run's section, but neither for the whole report nor for the last run's
+// rich text: a sweep that wrote run by run would leave the first runs alone in place of the
+// old report.
 TEST(ScenarioSweep, AFullDiskKeepsTheReportsFromBeforeTheSweepByteForByte) {
   Sweep s;
   const std::string oldTxt = " \r\nold report\r\n", oldRtf = RtfWriter::document("old");
   txt_WriteAll(s.file("Report.txt"), " \r\nold report");
   RtfWriter::save(s.file("Report.rtf"), oldRtf);
-  const SmallDisk full(16);
+  const std::size_t room = oldTxt.size() + heading(1).size() + xSection(0).size() + 2;
+  ASSERT_LT(room, RtfWriter::document(heading(16) + xSection(7, true)).size());
+  const SmallDisk full(room);
   s.m.report().files = &full;
   ASSERT_TRUE(Optimierung2_Click(s.m));
   EXPECT_EQ(s.reportFile(), oldTxt);
