@@ -277,6 +277,13 @@ class ComponentTableReader {
         basis[s] = basisCode(take(p, end, cell), cell);
       }
       const bool last = s + 1 == n;
+      // Most residue cells of a large table are a single digit.
+      const unsigned digit = p < end ? static_cast<unsigned char>(*p) - unsigned{'0'} : 10;
+      if (digit < 10 && (last ? p + 1 == end : end - p >= 2 && p[1] == '\t')) {
+        residues[s] = digit;
+        p += last ? 1 : 2;
+        continue;
+      }
       double value;
       const char* const valueEnd = plainNumberCell(p, end, value);
       if (valueEnd && (valueEnd == end) == last) {
