@@ -72,7 +72,8 @@ class SweepFiles {
   void write(MainWindowModel& model) {
     m_report.sweepCollecting = false;
     try {
-      replaceFile(reportTxtPath(model), {sweepReportText(m_report)}, *m_report.files);
+      replaceFile(reportTxtPath(model), {kEmptyReport, kCrLf, m_report.sweepSections},
+                  *m_report.files);
       m_report.sweepTxtUnwritten = false;
     } catch (const ReportFileError& error) {
       m_report.sweepTxtUnwritten = true;
