@@ -7,8 +7,6 @@
 #include <array>
 #include <cerrno>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <cstring>
 
 #include "tables/FileReplacer.h"
