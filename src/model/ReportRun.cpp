@@ -19,13 +19,19 @@ std::string reportFile(const MainWindowModel& model, const char* name) {
 
 void writeScenarioFiles(MainWindowModel& model) {
   ReportState& report = model.report();
+  if (report.sweepCollecting) {  // the sweep writes both files at its end
+    report.sweepSections += report.bericht;
+    report.sweepSections += kCrLf;
+    report.sweepRtfDue = true;
+    return;
+  }
   try {
-    txt_AppendLine(reportTxtPath(model), report.bericht);
+    txt_AppendLine(reportTxtPath(model), report.bericht, *report.files);
   } catch (const ReportFileError& error) {
     reportFileFailure(model, error.what());
   }
   try {
-    RtfWriter::save(reportRtfPath(model), RtfWriter::document(report.richText));
+    RtfWriter::save(reportRtfPath(model), RtfWriter::document(report.richText), *report.files);
   } catch (const ReportFileError& error) {
     reportFileFailure(model, error.what());
   }

@@ -8,6 +8,7 @@
 #include "reports/ReportValues.h"
 #include "reports/ResultTables.h"
 #include "reports/Scenarios.h"
+#include "tables/FileReplacer.h"
 
 namespace pescavo {
 
@@ -38,6 +39,15 @@ struct ReportState {
   std::vector<std::string> fileFailuresShown;
   // A report file could not be written since the last sweep or Details run began.
   bool fileWriteFailed = false;
+  // Where the report files are written; a test hands in one that fails.
+  const FileReplacer* files = &FileReplacer::disk();
+  // A sweep writes its files once, at its end: meanwhile its sections for Report.txt (each
+  // followed by CR LF) gather here, and Report.rtf (richText) is due once a run was solved.
+  bool sweepCollecting = false;
+  std::string sweepSections;
+  bool sweepRtfDue = false;
+  // Report.txt could not take the last sweep's sections, so it does not hold that sweep.
+  bool sweepTxtUnwritten = false;
 };
 
 }  // namespace pescavo

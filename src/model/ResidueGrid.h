@@ -61,8 +61,8 @@ class ResidueGrid {
   static constexpr int kColumns = 6;
   static constexpr int kBasisColumn = 4;
   static constexpr int kValueColumn = 5;
-  static constexpr int kSearchColumns = 4;    // category, crop, commodity, IFN code
-  static constexpr double kMaxResidue = 1e6;  // mg/kg: what feedstuff.tab may hold
+  static constexpr int kSearchColumns = 4;  // category, crop, commodity, IFN code
+  static constexpr double kMaxResidue = ComponentTable::kMaxResidue;  // mg/kg
 
   // Key codes as the grid's key handler sees them.
   static constexpr int kBackspace = 8;

@@ -3,6 +3,7 @@
 #include "model/MainWindowModel.h"
 #include "model/ReportRun.h"
 #include "reports/ReportText.h"
+#include "reports/RtfWriter.h"
 #include "reports/TextFiles.h"
 #include "tables/NumericText.h"
 
@@ -37,13 +38,59 @@ void setScenario(MainWindowModel& model, int k, int m) {
 
 std::string number(int value, char separator) { return fixedForm(value, "0", separator); }
 
+// What Report.txt holds before the first section: one blank line.
+const char* const kEmptyReport = " ";
+
 void resetReportFile(MainWindowModel& model) {
+  ReportState& report = model.report();
   try {
-    txt_WriteAll(reportTxtPath(model), " ");
+    txt_WriteAll(reportTxtPath(model), kEmptyReport, *report.files);
+    report.sweepTxtUnwritten = false;
   } catch (const ReportFileError& error) {
     reportFileFailure(model, error.what());
   }
 }
+
+// Report.txt as the sweep leaves it, whether or not it could be written.
+std::string sweepReportText(const ReportState& report) {
+  return kEmptyReport + std::string(kCrLf) + report.sweepSections;
+}
+
+// The sections are gathered in memory and each file is replaced once, so a failure leaves the
+// files from before the sweep, never the first runs of this one alone.
+class SweepFiles {
+ public:
+  explicit SweepFiles(ReportState& report) : m_report(report) {
+    m_report.sweepCollecting = true;
+    m_report.sweepSections.clear();
+    m_report.sweepRtfDue = false;
+  }
+  ~SweepFiles() { m_report.sweepCollecting = false; }
+  SweepFiles(const SweepFiles&) = delete;
+  SweepFiles& operator=(const SweepFiles&) = delete;
+
+  void write(MainWindowModel& model) {
+    m_report.sweepCollecting = false;
+    try {
+      replaceFile(reportTxtPath(model), {kEmptyReport, kCrLf, m_report.sweepSections},
+                  *m_report.files);
+      m_report.sweepTxtUnwritten = false;
+    } catch (const ReportFileError& error) {
+      m_report.sweepTxtUnwritten = true;
+      reportFileFailure(model, error.what());
+    }
+    if (!m_report.sweepRtfDue) return;
+    try {
+      RtfWriter::save(reportRtfPath(model), RtfWriter::document(m_report.richText),
+                      *m_report.files);
+    } catch (const ReportFileError& error) {
+      reportFileFailure(model, error.what());
+    }
+  }
+
+ private:
+  ReportState& m_report;
+};
 
 void startFileRun(ReportState& report) {
   report.fileFailuresShown.clear();
@@ -102,20 +149,12 @@ bool Optimierung2_Click(MainWindowModel& model) {
   return Tabellezeichnen(model);
 }
 
-bool Tabellezeichnen(MainWindowModel& model) {
-  if (model.pleaseAddComponents()) return false;
-  ReportState& report = model.report();
-  startFileRun(report);
-  resetReportFile(model);
-  report.bericht.clear();
-  report.scenarioChecks.fill(CheckResult());
-  report.scenarioVerdicts.fill(std::string());
-  report.scenarioVerdictTooltips.fill(std::string());
-  report.scenarioTrueOptima.fill(std::string());
-  tableHead(model);
-  model.Ergebnis_ausblenden();
-  const SavedOptions saved = saveOptions(model);
+namespace {
 
+// The sixteen runs; false when one of them stopped the sweep (with its message shown and the
+// options restored).
+bool runScenarios(MainWindowModel& model, const SavedOptions& saved) {
+  ReportState& report = model.report();
   for (int k = 1; k <= 8; ++k) {
     for (int m = 0; m <= 1; ++m) {
       const int run = scenarioRun(k, m);
@@ -144,7 +183,28 @@ bool Tabellezeichnen(MainWindowModel& model) {
       report.scenarioAlignment[run][2] = kAlignCentre;
     }
   }
+  return true;
+}
 
+}  // namespace
+
+bool Tabellezeichnen(MainWindowModel& model) {
+  if (model.pleaseAddComponents()) return false;
+  ReportState& report = model.report();
+  startFileRun(report);
+  SweepFiles files(report);
+  report.bericht.clear();
+  report.scenarioChecks.fill(CheckResult());
+  report.scenarioVerdicts.fill(std::string());
+  report.scenarioVerdictTooltips.fill(std::string());
+  report.scenarioTrueOptima.fill(std::string());
+  tableHead(model);
+  model.Ergebnis_ausblenden();
+  const SavedOptions saved = saveOptions(model);
+
+  const bool completed = runScenarios(model, saved);
+  files.write(model);
+  if (!completed) return false;
   report.scenarioSummary =
       scenarioSummary(report.scenarioCells, model.criterion() == Criterion::Maximum);
   report.scenarioTableFilled = true;
@@ -158,8 +218,10 @@ std::string openFullReportFile(MainWindowModel& model) {
   report.bericht = report.headerText + report.scenarioSummary + kCrLf;
   const std::string path = reportTxtPath(model);
   try {
-    const std::string old = txt_ReadAll(path);
-    txt_WriteAll(path, report.headerText + report.scenarioSummary + old);
+    // After a failed sweep write the file still holds an earlier report, not this sweep's.
+    const std::string old = report.sweepTxtUnwritten ? sweepReportText(report) : txt_ReadAll(path);
+    txt_WriteAll(path, report.headerText + report.scenarioSummary + old, *report.files);
+    report.sweepTxtUnwritten = false;
   } catch (const ReportFileError& error) {
     reportFileFailure(model, error.what());
   }

@@ -15,11 +15,13 @@ constexpr int kEditingGridHeight = 4935;
 constexpr int kEditorInset = 15;  // the grid's border
 const char* const kNewSubstance = "New substance";
 const char* const kSearchPrompt = "Search...";
-const char* const kTableFull =
-    "The substance database holds 998 substances, as many as it can hold.";
-const char* const kUnstorable =
-    "Residue values above 1000000 mg/kg can't be stored; they are marked green. Please check "
-    "your changes.";
+const std::string kTableFull = "The substance database holds " +
+                               std::to_string(ComponentTable::kMaxSubstances) +
+                               " substances, as many as it can hold.";
+const std::string kUnstorable = "Residue values above " +
+                                std::to_string(ComponentTable::kMaxResidue) +
+                                " mg/kg can't be stored; they are marked green. Please check "
+                                "your changes.";
 
 }  // namespace
 

@@ -215,6 +215,8 @@ std::string RtfWriter::document(const std::string& plainText) {
   return rtf;
 }
 
-void RtfWriter::save(const std::string& path, const std::string& rtf) { replaceFile(path, {rtf}); }
+void RtfWriter::save(const std::string& path, const std::string& rtf, const FileReplacer& files) {
+  replaceFile(path, {rtf}, files);
+}
 
 }  // namespace pescavo

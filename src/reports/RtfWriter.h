@@ -3,6 +3,8 @@
 #include <string>
 #include <vector>
 
+#include "tables/FileReplacer.h"
+
 namespace pescavo {
 
 // A stretch of rich text with one look. Text is UTF-8; CR LF, CR or LF end a paragraph.
@@ -22,8 +24,9 @@ class RtfWriter {
   static std::string document(const std::string& plainText);
   // Appends text to out with RTF's special characters and non-ASCII escaped.
   static void escape(const std::string& text, std::string& out);
-  // Replaces the file; throws ReportFileError.
-  static void save(const std::string& path, const std::string& rtf);
+  // Replaces the file through files; throws ReportFileError.
+  static void save(const std::string& path, const std::string& rtf,
+                   const FileReplacer& files = FileReplacer::disk());
 };
 
 }  // namespace pescavo

@@ -26,7 +26,8 @@ constexpr std::string_view kHeaderStart =
     "Category\tCrop\tCommodity\tIFN Code\tCP (%)\tCL (%)\tDM(%)\tmax carp(%)\tmax trout (%)";
 constexpr std::string_view kResidueMarker = "ResidueInputValue";
 constexpr double kMaxPercent = 100;
-constexpr double kMaxResidue = 1e6;  // mg/kg, as the residue editor allows
+const std::string kAtMostComponents =
+    "expected at most " + std::to_string(ComponentTable::kMaxComponents) + " components";
 
 // CP + CL above 100. Decimal texts that add up to 100 may exceed it in binary by a rounding
 // error, hence the margin; and the values are judged as the program writes them (15
@@ -117,8 +118,9 @@ std::vector<std::string> readHeader(std::string_view line, TableLines& lines) {
     lines.refuse(1, 0, "expected pairs of \"ResidueInputValue\" and a substance name");
   }
   if (names.size() > static_cast<std::size_t>(ComponentTable::kMaxSubstances)) {
-    lines.refuse(1, kFixedCells + 2 * ComponentTable::kMaxSubstances + 1,
-                 "expected at most 998 substances");
+    lines.refuse(
+        1, kFixedCells + 2 * ComponentTable::kMaxSubstances + 1,
+        "expected at most " + std::to_string(ComponentTable::kMaxSubstances) + " substances");
   }
   return names;
 }
@@ -154,7 +156,7 @@ class ComponentTableReader {
     while (m_lines.next(line)) {
       m_line = m_lines.lineNumber();
       if (m_line > ComponentTable::kMaxComponents + 1) {
-        m_lines.refuse(m_line, 0, "expected at most 1000 components");
+        m_lines.refuse(m_line, 0, kAtMostComponents);
       }
       readRow(line);
     }
@@ -205,13 +207,20 @@ class ComponentTableReader {
   double residue(std::string_view text, int cell) {
     if (onlyBlanks(text)) return 0;
     const std::optional<double> value = numberCell(text);
-    if (!value || *value > kMaxResidue) refuseResidue(text, cell);
-    return *value;
+    if (!value) refuseResidue(text, cell);
+    return withinLimit(*value, text, cell);
+  }
+
+  // Every residue value passes here, whichever way its cell was read.
+  double withinLimit(double value, std::string_view text, int cell) {
+    if (value > ComponentTable::kMaxResidue) refuseResidue(text, cell);
+    return value;
   }
 
   [[noreturn]] void refuseResidue(std::string_view text, int cell) {
     refuseCell(cell, text,
-               "a number up to 1000000 (mg/kg; empty reads as 0, a negative value means none)");
+               "a number up to " + std::to_string(ComponentTable::kMaxResidue) +
+                   " (mg/kg; empty reads as 0, a negative value means none)");
   }
 
   // The last residue runs to the end of the line; a TAB after it is ignored, anything after
@@ -268,11 +277,17 @@ class ComponentTableReader {
         basis[s] = basisCode(take(p, end, cell), cell);
       }
       const bool last = s + 1 == n;
+      // Most residue cells of a large table are a single digit.
+      const unsigned digit = p < end ? static_cast<unsigned char>(*p) - unsigned{'0'} : 10;
+      if (digit < 10 && (last ? p + 1 == end : end - p >= 2 && p[1] == '\t')) {
+        residues[s] = digit;
+        p += last ? 1 : 2;
+        continue;
+      }
       double value;
       const char* const valueEnd = plainNumberCell(p, end, value);
       if (valueEnd && (valueEnd == end) == last) {
-        if (value > kMaxResidue)
-          refuseResidue(std::string_view(p, static_cast<std::size_t>(valueEnd - p)), cell + 1);
+        withinLimit(value, std::string_view(p, static_cast<std::size_t>(valueEnd - p)), cell + 1);
         p = last ? valueEnd : valueEnd + 1;
       } else if (last) {
         value = lastResidue(p, end, cell + 1);
@@ -413,7 +428,7 @@ std::string sortComponentText(std::string_view bytes, const std::string& path) {
   while (lines.next(line)) {
     const int lineNumber = lines.lineNumber();
     if (lineNumber > ComponentTable::kMaxComponents + 1) {
-      lines.refuse(lineNumber, 0, "expected at most 1000 components");
+      lines.refuse(lineNumber, 0, kAtMostComponents);
     }
     if (line.empty()) lines.refuse(lineNumber, 0, "expected a component, found an empty line");
     std::string_view rest = line;

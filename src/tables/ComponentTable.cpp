@@ -7,6 +7,11 @@ namespace pescavo {
 
 namespace {
 
+std::string atMostSubstances() {
+  return "the table holds at most " + std::to_string(ComponentTable::kMaxSubstances) +
+         " substances";
+}
+
 void checkPosition(int position, std::size_t count, const char* what) {
   if (position < 1 || static_cast<std::size_t>(position) > count) {
     throw std::out_of_range(std::string(what) + " " + std::to_string(position) +
@@ -87,7 +92,7 @@ void ComponentTable::rebuildColumns(int from, bool erase) {
 
 int ComponentTable::addSubstance(std::string name) {
   if (substanceCount() >= kMaxSubstances) {
-    throw std::length_error("the table holds at most 998 substances");
+    throw std::length_error(atMostSubstances());
   }
   rebuildColumns(-1, false);
   m_substances.push_back(std::move(name));
@@ -97,7 +102,7 @@ int ComponentTable::addSubstance(std::string name) {
 int ComponentTable::copySubstance(int s, std::string name) {
   checkPosition(s, m_substances.size(), "substance");
   if (substanceCount() >= kMaxSubstances) {
-    throw std::length_error("the table holds at most 998 substances");
+    throw std::length_error(atMostSubstances());
   }
   rebuildColumns(s - 1, false);
   m_substances.push_back(std::move(name));
@@ -115,7 +120,8 @@ void ComponentTable::deleteSubstance(int s) {
 
 int ComponentTable::addComponent(FeedComponent component) {
   if (componentCount() >= kMaxComponents) {
-    throw std::length_error("the table holds at most 1000 components");
+    throw std::length_error("the table holds at most " + std::to_string(kMaxComponents) +
+                            " components");
   }
   m_components.push_back(std::move(component));
   m_residues.resize(m_residues.size() + m_substances.size(), 0.0);

@@ -25,8 +25,10 @@ struct FeedComponent {
 // The component database. Components i and substances s are 1-based at this interface.
 class ComponentTable {
  public:
+  // What the file, the editors and their messages allow.
   static constexpr int kMaxComponents = 1000;
   static constexpr int kMaxSubstances = 998;
+  static constexpr int kMaxResidue = 1000000;  // mg/kg
 
   int componentCount() const;
   int substanceCount() const;

@@ -69,20 +69,19 @@ std::vector<std::string> readSpeciesNames(std::string_view line, TableLines& lin
   return names;
 }
 
-// A target line: the label, then one number per species. A species without its own cell
-// takes the last one again, as the file has always been read; a line without any is refused.
+// A target line: the label, then one number per species, each in its own cell.
 void readTargets(std::string_view line, int lineNumber, const std::vector<std::string>& names,
                  std::vector<FishSpecies>& species, TableLines& lines) {
   const std::string kind = lineNumber == 2 ? "crude lipid" : "crude protein";
-  if (line.find('\t') == std::string_view::npos) {
-    lines.refuse(lineNumber, 2,
-                 "expected the " + kind + " target (%) of " + quotedText(names[0]) +
-                     " after the label, found the end of the line");
-  }
   std::string_view rest = line;
   int cell = 1;
   for (std::size_t j = 0; j < species.size(); ++j) {
-    if (rest.find('\t') != std::string_view::npos) ++cell;
+    ++cell;
+    if (rest.find('\t') == std::string_view::npos) {
+      lines.refuse(lineNumber, cell,
+                   "expected the " + kind + " target (%) of " + quotedText(names[j]) +
+                       (j == 0 ? " after the label" : "") + ", found the end of the line");
+    }
     dropCell(rest);
     const std::size_t tab = rest.find('\t');
     const std::string_view text = tab != std::string_view::npos ? rest.substr(0, tab) : rest;

@@ -13,8 +13,9 @@ struct FishSpecies {
 };
 
 // Species.tab: species 0 is common carp, 1 rainbow trout. Throws TableError; besides the
-// layout it refuses targets that are not one number from 0 to 100, a first line of targets
-// (no header), and non-blank lines after line 3.
+// layout it refuses a target line without its own cell of one number from 0 to 100 for each
+// species, a filled cell after them, a first line of targets (no header), and non-blank lines
+// after line 3.
 std::vector<FishSpecies> readSpeciesTable(const std::string& path);
 
 struct FishMealGrade {

@@ -7,10 +7,9 @@
 #include <array>
 #include <cerrno>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <cstring>
 
+#include "tables/FileReplacer.h"
 #include "tables/TableError.h"
 
 namespace pescavo {
@@ -171,37 +170,11 @@ std::string readFileBytes(const std::string& path) {
 }
 
 void writeFileAtomic(const std::string& path, std::string_view bytes) {
-  std::string temporary = path + ".XXXXXX";
-  const int fd = ::mkstemp(temporary.data());
-  if (fd < 0) throwSystemError(path, "cannot be written", errno);
-  const auto fail = [&](const char* what) {
-    const int error = errno;
-    ::close(fd);
-    ::unlink(temporary.c_str());
-    throwSystemError(path, what, error);
-  };
-  std::size_t done = 0;
-  while (done < bytes.size()) {
-    const ssize_t n = ::write(fd, bytes.data() + done, bytes.size() - done);
-    if (n < 0) {
-      if (errno == EINTR) continue;
-      fail("cannot be written");
-    }
-    done += static_cast<std::size_t>(n);
-  }
-  struct stat old {};
-  const mode_t mode = ::stat(path.c_str(), &old) == 0 ? (old.st_mode & 07777) : 0644;
-  if (::fchmod(fd, mode) != 0) fail("cannot be written");
-  if (::fsync(fd) != 0) fail("cannot be written");
-  if (::close(fd) != 0) {
-    const int error = errno;
-    ::unlink(temporary.c_str());
-    throwSystemError(path, "cannot be written", error);
-  }
-  if (::rename(temporary.c_str(), path.c_str()) != 0) {
-    const int error = errno;
-    ::unlink(temporary.c_str());
-    throwSystemError(path, "cannot be replaced", error);
+  try {
+    FileReplacer::disk().replace(path, {bytes}, NewFileMode::ReadableByAll);
+  } catch (const FileReplaceError& error) {
+    const bool renaming = error.step() == FileReplaceError::Step::Rename;
+    throwSystemError(path, renaming ? "cannot be replaced" : "cannot be written", error.error());
   }
 }
 

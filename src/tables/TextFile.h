@@ -41,8 +41,9 @@ class TableFile {
 // The whole file in one buffer sized from its length, with TableFile's checks.
 std::string readFileBytes(const std::string& path);
 
-// Writes a temporary file next to path and renames it over path, so a failed write never
-// leaves a half-written table behind. The old file's permissions are kept.
+// Replaces the file at path through FileReplacer::disk(), so a failed write never leaves a
+// half-written table behind. The old file's permissions are kept; a new table is readable by
+// all. A failed rename "cannot be replaced", anything before it "cannot be written".
 void writeFileAtomic(const std::string& path, std::string_view bytes);
 
 struct DecodedText {

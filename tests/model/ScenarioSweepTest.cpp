@@ -1,9 +1,12 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <cerrno>
+#include <cstring>
 #include <filesystem>
 #include <random>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -15,6 +18,7 @@
 #include "reports/TextFiles.h"
 #include "support/ErringTables.h"
 #include "support/RecordingDialogs.h"
+#include "tables/FileReplacer.h"
 
 namespace pescavo::test {
 namespace {
@@ -144,6 +148,56 @@ TEST(ScenarioSweep, RunSevenAtDmZeroMinimumSummaryAndFailures) {
   EXPECT_FALSE(s.m.report().fileWriteFailed);  // each sweep starts afresh
   EXPECT_EQ(s.m.report().scenarioCells[0][2], "Minimum Residue Value");
   EXPECT_EQ(s.m.report().scenarioSummary.rfind("Scenario\tMinimum Residue Value\r\n___", 0), 0u);
+}
+
+// A disk that takes writes until they would hold more than `room` bytes, then fails them all
+// as a full disk does.
+class SmallDisk : public FileReplacer {
+ public:
+  explicit SmallDisk(std::size_t room) : m_room(room) {}
+  void replace(const std::string& path, std::initializer_list<std::string_view> pieces,
+               NewFileMode mode) const override {
+    std::size_t size = 0;
+    for (std::string_view piece : pieces) size += piece.size();
+    if (size > m_room) throw FileReplaceError(path, FileReplaceError::Step::Write, ENOSPC);
+    m_room -= size;
+    FileReplacer::disk().replace(path, pieces, mode);
+  }
+
+ private:
+  mutable std::size_t m_room;
+};
+
+// Room for the first run's section, but neither for the whole report nor for the last run's
+// rich text: a sweep that wrote run by run would leave the first runs alone in place of the
+// old report.
+TEST(ScenarioSweep, AFullDiskKeepsTheReportsFromBeforeTheSweepByteForByte) {
+  Sweep s;
+  const std::string oldTxt = " \r\nold report\r\n", oldRtf = RtfWriter::document("old");
+  txt_WriteAll(s.file("Report.txt"), " \r\nold report");
+  RtfWriter::save(s.file("Report.rtf"), oldRtf);
+  const std::size_t room = oldTxt.size() + heading(1).size() + xSection(0).size() + 2;
+  ASSERT_LT(room, RtfWriter::document(heading(16) + xSection(7, true)).size());
+  const SmallDisk full(room);
+  s.m.report().files = &full;
+  ASSERT_TRUE(Optimierung2_Click(s.m));
+  EXPECT_EQ(s.reportFile(), oldTxt);
+  EXPECT_EQ(txt_ReadAll(s.file("Report.rtf")), oldRtf);
+  const std::string why = std::string(": ") + std::strerror(ENOSPC) + ".";
+  EXPECT_EQ(s.dialogs.messages,
+            (std::vector<std::string>{"Could not write the file " + s.file("Report.txt") + why,
+                                      "Could not write the file " + s.file("Report.rtf") + why}));
+  EXPECT_TRUE(s.m.report().fileWriteFailed);
+  EXPECT_EQ(s.m.report().scenarioCells[16][2], "1.000");  // the results stay
+
+  // The full report is not put together from an older report file: it waits for room.
+  openFullReportFile(s.m);
+  EXPECT_EQ(s.reportFile(), oldTxt);
+  s.m.report().files = &FileReplacer::disk();
+  openFullReportFile(s.m);
+  EXPECT_EQ(s.reportFile(),
+            kHeader + kHeader + s.m.report().scenarioSummary + expectedReportFile() + "\r\n");
+  EXPECT_EQ(s.dialogs.messages.size(), 2u);
 }
 
 // The labels above the report windows' tables and the print title follow the current species,

@@ -102,10 +102,14 @@ struct Writer {
 
 std::vector<Writer> writers() {
   const auto crLf = [](const std::string& text) { return text + "\r\n"; };
-  return {{"txt_WriteAll", "Report.txt", txt_WriteAll, crLf},
-          {"txt_AppendLine", "Report.txt", txt_AppendLine, crLf},
-          {"RtfWriter::save", "Report.rtf", RtfWriter::save,
-           [](const std::string& text) { return text; }}};
+  return {
+      {"txt_WriteAll", "Report.txt",
+       [](const std::string& path, const std::string& text) { txt_WriteAll(path, text); }, crLf},
+      {"txt_AppendLine", "Report.txt",
+       [](const std::string& path, const std::string& text) { txt_AppendLine(path, text); }, crLf},
+      {"RtfWriter::save", "Report.rtf",
+       [](const std::string& path, const std::string& rtf) { RtfWriter::save(path, rtf); },
+       [](const std::string& text) { return text; }}};
 }
 
 TEST_F(TextFilesTest, WriteAllReplacesEveryByteOfTheOldFile) {

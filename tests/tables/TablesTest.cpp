@@ -1,9 +1,11 @@
 #include <gtest/gtest.h>
 #include <stdlib.h>
+#include <sys/stat.h>
 
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -70,9 +72,20 @@ TEST(ComponentTable, ValuesMoveWithTheirSubstancesAndComponents) {
   EXPECT_EQ(values, "11/0 13/0 14/1 0/0 31/0 33/0 34/1 0/0 99/1 23/1 24/0 0/0 0/0 0/0 0/0 0/0 ");
   EXPECT_THROW(numbered(1, 0).deleteSubstance(1), std::logic_error);
   ComponentTable full = numbered(ComponentTable::kMaxSubstances, 0);
-  EXPECT_THROW(full.addSubstance("Too many"), std::length_error);
-  for (int i = 1; i <= ComponentTable::kMaxComponents; ++i) full.addComponent({});
-  EXPECT_THROW(full.addComponent({}), std::length_error);
+  const auto tooMany = [](const std::function<void()>& add) {
+    try {
+      add();
+    } catch (const std::length_error& e) {
+      return std::string(e.what());
+    }
+    return std::string("accepted");
+  };
+  const std::string substances = "the table holds at most 998 substances";
+  EXPECT_EQ(tooMany([&] { full.addSubstance("Too many"); }), substances);
+  EXPECT_EQ(tooMany([&] { full.copySubstance(1, "Too many"); }), substances);
+  for (int i = 1; i <= 1000; ++i) full.addComponent({});
+  EXPECT_EQ(tooMany([&] { full.addComponent({}); }), "the table holds at most 1000 components");
+  EXPECT_EQ(full.substanceCount() + full.componentCount(), 1998);
 }
 
 TEST(ReadComponentTable, CellsLineEndsCodePagesAndErrorsNamingFileLineAndCell) {
@@ -129,6 +142,10 @@ TEST(ReadComponentTable, CellsLineEndsCodePagesAndErrorsNamingFileLineAndCell) {
       {header({"A"}) + times(1001, kRow + "0\t1\r\n"),
        "line 1002: expected at most 1000 components"}};
   for (const auto& c : cases) EXPECT_EQ(errorOf([&] { readText(c[0]); }), "f.tab: " + c[1]);
+  // The exit sort keeps to the same limit.
+  EXPECT_EQ(
+      errorOf([&] { sortComponentText(header({"A"}) + times(1001, kRow + "0\t1\r\n"), "f"); }),
+      "f: line 1002: expected at most 1000 components");
   ComponentTable cp1252 = readComponentTable(kData + "feedstuff-cp1252.tab");
   EXPECT_EQ(cp1252.substanceName(1) + "|" + cp1252.component(2).crop,
             "Beispielstoff \u00C4 (Fungizid)|R\u00FCbe");
@@ -176,6 +193,12 @@ TEST(ComponentFile, WriteRefuseSortAndReset) {
   std::filesystem::permissions(path, std::filesystem::perms(0640));
   writeComponentTable(readText(kSmall), path, '.');
   EXPECT_EQ(std::filesystem::status(path).permissions(), std::filesystem::perms(0640));
+  // A table made where there was none is readable by all, whatever the umask.
+  const mode_t umask = ::umask(077);
+  writeComponentTable(readText(kSmall), folder.path + "/new.tab", '.');
+  ::umask(umask);
+  EXPECT_EQ(std::filesystem::status(folder.path + "/new.tab").permissions(),
+            std::filesystem::perms(0644));
   const std::string unsorted = readFileBytes(kData + "feedstuff-unsorted.tab");
   folder.write("feedstuff.tab", unsorted);
   sortComponentFile(path);  // equal categories need not keep their order
@@ -203,10 +226,10 @@ TEST(FishTables, SpeciesAndFishmealReadingRulesAndErrors) {
   const auto both = [](double a, double b) {
     return generalForm(a, '.') + "/" + generalForm(b, '.');
   };
-  std::string read;  // a missing number repeats the last one; blank lines may follow
+  std::string read;  // blank lines may follow
   for (const char* text :
        {"Species\t Common carp \tRainbow trout\r\nlipid\t8\t15\r\nprotein\t35\t42\r\n \t\r\n",
-        "S\tCarp\tTrout\nlipid\t7,5\nprotein\t3e1"}) {
+        "S\tCarp\tTrout\nlipid\t7,5\t9\nprotein\t3e1\t4E1"}) {
     for (const FishSpecies& s : parseSpeciesTable(text, "S"))
       read += s.name + " " + both(s.lipid, s.protein) + "; ";
   }
@@ -214,7 +237,7 @@ TEST(FishTables, SpeciesAndFishmealReadingRulesAndErrors) {
            "protein\tlipid\r\n60\t12\r\n62 11\r\n65,10\r\n 68 , 9 \r\n70,5\t8\t\r\n72.5, 7.5", "F"))
     read += both(grade.protein, grade.lipid) + " ";
   EXPECT_EQ(read,
-            "Common carp 8/35; Rainbow trout 15/42; Carp 7.5/30; Trout 7.5/30; 60/12 62/11 65/10 "
+            "Common carp 8/35; Rainbow trout 15/42; Carp 7.5/30; Trout 9/40; 60/12 62/11 65/10 "
             "68/9 70.5/8 72.5/7.5 ");
   EXPECT_EQ(fishmealItemText({62.5, 11.25}, ','), "62,5 % protein, 11,25% lipid");
   const std::string three = "h\r\n60\t12\r\n62\t11\r\n65\t10\r\n";
@@ -227,6 +250,20 @@ TEST(FishTables, SpeciesAndFishmealReadingRulesAndErrors) {
       {"S\tC\tT\nl\t2\t3e999",
        "line 2, cell 3: expected the crude lipid target (%) of \"T\" as a number from 0 to 100, "
        "found \"3e999\""},
+      // Every species has its own target cell: none is taken over from its neighbour.
+      {"S\tC\tT\nCrude lipid (%)\t8\np\t35\t42",
+       "line 2, cell 3: expected the crude lipid target (%) of \"T\", found the end of the line"},
+      {"S\tC\tT\nl\t8\t15\np\t35",
+       "line 3, cell 3: expected the crude protein target (%) of \"T\", found the end of the line"},
+      {"S\tC\tT\nl\t8\t15\np\t35\t",
+       "line 3, cell 3: expected the crude protein target (%) of \"T\" as a number from 0 to "
+       "100, found \"\""},
+      {"S\tC\tT\nl\t\t15\np\t35\t42",
+       "line 2, cell 2: expected the crude lipid target (%) of \"C\" as a number from 0 to 100, "
+       "found \"\""},
+      {"S\tC\tT\nl\t8\t15\np\t35\t42\t50",
+       "line 3, cell 4: expected the end of the line after the targets of the two species, found "
+       "\"50\""},
       {"", "line 1: expected the species names, found an empty file"}};
   for (const auto& [text, message] : species)
     EXPECT_EQ(errorOf([&t = text] { parseSpeciesTable(t, "S"); }), "S: " + message);
