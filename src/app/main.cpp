@@ -1,19 +1,16 @@
 #include <QApplication>
 #include <QDir>
-#include <clocale>
 
 #include "desktop/QtDialogs.h"
 #include "mainwindow/Hauptform.h"
 #include "mainwindow/Infoscreen.h"
+#include "tables/DecimalSeparator.h"
 
 // The start screen first; "START" or "SIMPLE" brings up the main window on the tables in the
 // folder Input below the current directory.
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
-  std::setlocale(LC_NUMERIC, "");
-  const char* point = std::localeconv()->decimal_point;
-  const char decimal = point && *point == ',' ? ',' : '.';
-  std::setlocale(LC_NUMERIC, "C");
+  const char decimal = pescavo::userDecimalSeparator();
 
   const std::string startFolder = QDir::currentPath().toStdString();
   pescavo::QtDialogs dialogs;
