@@ -2,6 +2,7 @@
 // programmes, and the programme as the check writes it for glpsol.
 
 #include <gtest/gtest.h>
+#include <stdlib.h>
 
 #include <cstdlib>
 #include <filesystem>
@@ -202,9 +203,9 @@ TEST(LpWriter, LegalNamesThatSayWhichComponentAndRoundTripNumbers) {
 }
 
 TEST(LpWriter, GlpsolReadsItBackAndFindsTheOptimumOfTheCheck) {
-  char folder[] = "/tmp/pescavo-lp-XXXXXX";
-  ASSERT_TRUE(mkdtemp(folder));
-  const std::string lp = folder + std::string("/run.lp"), out = folder + std::string("/run.txt");
+  std::string folder = (std::filesystem::temp_directory_path() / "pescavo-lp-XXXXXX").string();
+  ASSERT_TRUE(::mkdtemp(folder.data()));
+  const std::string lp = folder + "/run.lp", out = folder + "/run.txt";
   testing::RandomProblems problems(11);
   int solved = 0;
   for (int k = 0; k < 6; ++k) {
