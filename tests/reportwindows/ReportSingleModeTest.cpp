@@ -214,14 +214,5 @@ TEST_F(SingleModeTest, AWarningWhenTheCheckDiffers) {
   });
 }
 
-// A window closed by its frame switches the main window on and leaves Report.txt alone.
-TEST_F(SingleModeTest, ClosingByTheFrameLeavesReportTxt) {
-  txt_WriteAll(file("Report.txt"), "kept");
-  withReport([&] { report.close(); });
-  EXPECT_TRUE(mainWindow.isEnabled());
-  EXPECT_EQ(reportFile(), "kept\r\n");
-  EXPECT_TRUE(model.report().bericht.empty());
-}
-
 }  // namespace
 }  // namespace pescavo::test
