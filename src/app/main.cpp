@@ -1,12 +1,12 @@
 #include <QApplication>
 #include <QDir>
-#include <clocale>
 #include <cstring>
 #include <iostream>
 
 #include "desktop/QtDialogs.h"
 #include "mainwindow/Hauptform.h"
 #include "mainwindow/Infoscreen.h"
+#include "tables/DecimalSeparator.h"
 
 namespace {
 
@@ -44,10 +44,7 @@ int main(int argc, char** argv) {
     return 0;
   }
   QApplication application(argc, argv);
-  std::setlocale(LC_NUMERIC, "");
-  const char* point = std::localeconv()->decimal_point;
-  const char decimal = point && *point == ',' ? ',' : '.';
-  std::setlocale(LC_NUMERIC, "C");
+  const char decimal = pescavo::userDecimalSeparator();
 
   const std::string startFolder = QDir::currentPath().toStdString();
   pescavo::QtDialogs dialogs;

@@ -5,6 +5,7 @@
 #include <QMouseEvent>
 
 #include "desktop/DesktopDialogs.h"
+#include "model/StartUpMessages.h"
 #include "reportwindows/Report.h"
 #include "tables/TableError.h"
 
@@ -61,12 +62,8 @@ bool Hauptform::startUp(const std::string& inputFolder, bool simpleMode) {
     return false;
   }
   showAll();
-  if (!m_model->duplicateWarnings().empty()) {
-    std::string text;
-    for (const std::string& warning : m_model->duplicateWarnings())
-      text += (text.empty() ? "" : "\n") + warning;
-    m_dialogs.information(text);
-  }
+  const std::string warning = startUpWarningText(m_model->duplicateWarnings());
+  if (!warning.empty()) m_dialogs.information(warning);
   return true;
 }
 

@@ -8,6 +8,7 @@
 #include <QTextCursor>
 #include <QTextEdit>
 
+#include "desktop/Styles.h"
 #include "mainwindow/Hauptform.h"
 #include "tables/FishTables.h"
 
@@ -97,11 +98,9 @@ void Hauptform::showResult() {
   const QString sentence = QString::fromStdString(m_model->checkSentence());
   check->setText(sentence);
   check->setToolTip(sentence);
-  const bool agrees = m_model->check().verdict == CheckVerdict::Agrees;
-  check->setAutoFillBackground(!agrees);
-  check->setStyleSheet(agrees ? "color: rgb(96, 96, 96);"
-                              : "background-color: rgb(255, 255, 0); color: rgb(192, 0, 0); "
-                                "font-weight: bold; border: 2px solid rgb(192, 0, 0);");
+  const TextStyle style = checkSentenceStyle(m_model->check().verdict);
+  check->setAutoFillBackground(style.background.has_value());
+  check->setStyleSheet(pescavo::styleSheet(style));
 }
 
 void Hauptform::Optimierung_Click() {

@@ -18,16 +18,6 @@
 
 namespace pescavo {
 
-namespace {
-
-const QString kConvertIntoChart = QStringLiteral("Convert into chart");
-const QString kConvertIntoTable = QStringLiteral("Convert into table");
-const QString kDrawPieChart = QStringLiteral("Draw pie chart");
-const QString kBack = QStringLiteral("Back");
-const QString kOpenFullReport = QStringLiteral("Open Full Report File");
-
-}  // namespace
-
 Report::Report(MainWindowModel& model, DesktopDialogs& dialogs, QWidget* mainWindow)
     : QDialog(nullptr), m_model(model), m_dialogs(dialogs), m_mainWindow(mainWindow) {
   setObjectName("Report");
@@ -50,9 +40,10 @@ void Report::buildControls() {
   m_allScnErgebnis = new ScenarioGrid(this);
   m_chart = new PieChartView(this);
   m_combo1 = makeChartChooser(this);
-  m_command1 = makeButton(this, "Command1", kConvertIntoChart);
-  m_command2 = makeButton(this, "Command2", kDrawPieChart);
-  m_command3 = makeButton(this, "Command3", kOpenFullReport);
+  const ReportViewState::Controls design = m_view.controls();
+  m_command1 = makeButton(this, "Command1", QString::fromStdString(design.command1Caption));
+  m_command2 = makeButton(this, "Command2", QString::fromStdString(design.command2Caption));
+  m_command3 = makeButton(this, "Command3", QString::fromStdString(design.command3Caption));
   m_drucken = makeButton(this, "Drucken", QStringLiteral("Print"));
   m_kopieren = makeButton(this, "Kopieren", QStringLiteral("Copy into Clipboard"));
   m_fertig = makeButton(this, "Fertig", QStringLiteral("Done"));
@@ -95,20 +86,11 @@ void Report::connectControls() {
 
 // The window as it is loaded, before an activation: the text on screen, nothing else.
 void Report::load() {
-  m_tableShown = m_chartShown = m_scenarioTableShown = false;
-  m_labelRow->setShown(false);
+  m_view.load();
   m_checkWarning->widget()->hide();
   m_bericht->setText(std::string());
-  m_bericht->widget()->show();
-  for (QWidget* hidden :
-       std::initializer_list<QWidget*>{m_ergebnisGrid, m_allScnErgebnis, m_chart, m_combo1})
-    hidden->hide();
-  m_allScnErgebnis->setButtonsShown(false);
   m_combo1->setCurrentIndex(-1);
-  setCaption(m_command1, kConvertIntoChart);
-  setCaption(m_command2, kDrawPieChart);
-  setCaption(m_command3, kOpenFullReport);
-  for (QPushButton* button : {m_command1, m_command2, m_command3}) button->show();
+  applyView();
 }
 
 // Runs when the window is opened, not at every change of focus: coming back from a scenario
@@ -116,28 +98,16 @@ void Report::load() {
 void Report::activate() {
   m_labels = reportLabels(m_model);
   m_labelRow->setLabels(m_labels);
-  if (m_allScenarios) {
-    m_allScnErgebnis->show();
-    m_labelRow->setShown(true);
-    m_command3->show();
-    for (QWidget* hidden :
-         std::initializer_list<QWidget*>{m_command1, m_command2, m_combo1, m_bericht->widget()})
-      hidden->hide();
-    m_scenarioTableShown = true;
-    // A new sweep shows its table with the buttons that belong to it.
-    setCaption(m_command3, kOpenFullReport);
-    m_allScnErgebnis->setButtonsShown(true);
-    return;
-  }
-  m_allScnErgebnis->setButtonsShown(false);
-  for (QWidget* hidden : std::initializer_list<QWidget*>{m_command3, m_allScnErgebnis, m_chart})
-    hidden->hide();
-  setCaption(m_command1, kConvertIntoTable);
-  setCaption(m_command2, kDrawPieChart);
-  m_labelRow->setShown(false);
-  m_combo1->hide();
+  applyView();
+  if (m_view.mode() != ReportViewState::Mode::Single) return;
   addChartKinds(m_combo1);
   m_bericht->widget()->setFocus();
+}
+
+void Report::applyView() {
+  applyReportView({m_bericht->widget(), m_ergebnisGrid, m_chart, m_combo1, m_labelRow.get(),
+                   m_allScnErgebnis, m_command1, m_command2, m_command3},
+                  m_view.controls());
 }
 
 void Report::openSingle() {
@@ -145,7 +115,7 @@ void Report::openSingle() {
   Berichtschreiben(m_model);
   applyMainWindowState();
   load();
-  m_allScenarios = false;
+  m_view.openSingle();
   const ReportState& report = m_model.report();
   m_bericht->setText(report.bericht);
   m_ergebnisGrid->setRows(report.ergebnisGrid);
@@ -156,33 +126,16 @@ void Report::openSingle() {
 }
 
 void Report::Command1_Click() {
-  m_tableShown = !m_tableShown;
-  m_labelRow->setShown(m_tableShown);
-  m_ergebnisGrid->setVisible(m_tableShown);
-  m_bericht->widget()->setVisible(!m_tableShown);
-  setCaption(m_command1, m_tableShown ? kBack : kConvertIntoTable);
-  m_command2->setVisible(!m_tableShown);
+  m_view.toggleTable();
+  applyView();
 }
 
 void Report::Command2_Click() {
-  if (m_chartShown) {
-    m_chartShown = false;
-    m_chart->hide();
-    setCaption(m_command2, kDrawPieChart);
-    m_command1->show();
-    m_combo1->hide();
-    m_bericht->widget()->show();
-    return;
+  if (const std::optional<int> kind = m_view.toggleChart()) {
+    m_combo1->setCurrentIndex(*kind);
+    Diagrammzeichnen();
   }
-  // The chart view always opens on the feed composition.
-  m_combo1->setCurrentIndex(kFeedComposition);
-  Diagrammzeichnen();
-  m_chartShown = true;
-  setCaption(m_command2, kBack);
-  m_command1->hide();
-  m_combo1->show();
-  m_bericht->widget()->hide();
-  m_chart->show();
+  applyView();
 }
 
 void Report::Diagrammzeichnen() {
@@ -192,35 +145,37 @@ void Report::Diagrammzeichnen() {
 }
 
 void Report::Drucken_Click() {
-  if (m_allScenarios) {
-    if (m_scenarioTableShown)
+  switch (m_view.view()) {
+    case ReportViewState::View::ScenarioTable:
       printGrid(m_dialogs, *m_allScnErgebnis, m_labels.printTitle, 1);  // the scenario number
-    else
+      break;
+    case ReportViewState::View::Chart:
+      printChart(m_dialogs, *m_chart);
+      break;
+    case ReportViewState::View::Table:
+      printGrid(m_dialogs, *m_ergebnisGrid, m_labels.printTitle, CompositionGrid::kRepeatedColumns);
+      break;
+    case ReportViewState::View::Text:
       m_bericht->print(m_dialogs);
-    return;
+      break;
   }
-  if (m_chartShown)
-    printChart(m_dialogs, *m_chart);
-  else if (m_tableShown)
-    printGrid(m_dialogs, *m_ergebnisGrid, m_labels.printTitle, CompositionGrid::kRepeatedColumns);
-  else
-    m_bericht->print(m_dialogs);
 }
 
 void Report::Kopieren_Click() {
-  if (m_allScenarios) {
-    if (m_scenarioTableShown)
+  switch (m_view.view()) {
+    case ReportViewState::View::ScenarioTable:
       copyGrid(m_dialogs, *m_allScnErgebnis);
-    else
+      break;
+    case ReportViewState::View::Chart:
+      copyChart(m_dialogs, *m_chart);
+      break;
+    case ReportViewState::View::Table:
+      copyGrid(m_dialogs, *m_ergebnisGrid);
+      break;
+    case ReportViewState::View::Text:
       m_dialogs.setClipboardText(m_bericht->text());
-    return;
+      break;
   }
-  if (m_chartShown)
-    copyChart(m_dialogs, *m_chart);
-  else if (m_tableShown)
-    copyGrid(m_dialogs, *m_ergebnisGrid);
-  else
-    m_dialogs.setClipboardText(m_bericht->text());
 }
 
 void Report::Fertig_Click() {

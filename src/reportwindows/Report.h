@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "model/ReportRun.h"
+#include "model/ReportViewState.h"
 
 class QComboBox;
 class QPushButton;
@@ -59,6 +60,7 @@ class Report : public QDialog {
   void connectControls();
   void load();
   void activate();
+  void applyView();
   void Command1_Click();
   void Command2_Click();
   void Diagrammzeichnen();
@@ -70,7 +72,6 @@ class Report : public QDialog {
   void keepAboveMainWindow();
 
   // ReportScenarios.cpp
-  void showScenarios();
   void Command3_Click();
   void Command4_Click(int index);
   void closeScenarioWindows();
@@ -80,10 +81,7 @@ class Report : public QDialog {
   QPointer<QWidget> m_mainWindow;
 
   // The mode the window was opened in, and what it shows.
-  bool m_allScenarios = false;
-  bool m_tableShown = false;
-  bool m_chartShown = false;
-  bool m_scenarioTableShown = false;
+  ReportViewState m_view{ReportViewState::Window::Report};
   bool m_unloading = false;
   ReportLabels m_labels;  // as shown; the printouts are titled with them
 

@@ -20,9 +20,9 @@ void Report::openAllScenarios() {
     return;
   }
   if (!isVisible()) load();
-  m_allScenarios = true;
+  m_view.openAllScenarios();
   m_checkWarning->widget()->hide();
-  showScenarios();
+  m_allScnErgebnis->fill(m_model.report());
   activate();
   applyMainWindowState();
   keepAboveMainWindow();
@@ -31,27 +31,15 @@ void Report::openAllScenarios() {
   activateWindow();
 }
 
-void Report::showScenarios() {
-  m_allScnErgebnis->fill(m_model.report());
-  m_allScnErgebnis->setButtonsShown(true);
-}
-
+// The full report is written and opened each time it comes on screen.
 void Report::Command3_Click() {
-  if (!m_scenarioTableShown) {
-    m_bericht->widget()->hide();
-    m_allScnErgebnis->show();
-    m_scenarioTableShown = true;
-    setCaption(m_command3, QStringLiteral("Open Full Report File"));
-    m_allScnErgebnis->setButtonsShown(true);
+  if (!m_view.toggleFullReport()) {
+    applyView();
     return;
   }
-  m_allScnErgebnis->hide();
-  m_scenarioTableShown = false;
-  setCaption(m_command3, QStringLiteral("Back"));
-  m_allScnErgebnis->setButtonsShown(false);
   const std::string path = openFullReportFile(m_model);
   m_bericht->setText(m_model.report().bericht);
-  m_bericht->widget()->show();
+  applyView();
   if (!m_dialogs.openWithDesktop(path)) m_dialogs.information(cannotOpenReportFile(path));
 }
 

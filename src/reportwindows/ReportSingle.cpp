@@ -11,14 +11,6 @@
 
 namespace pescavo {
 
-namespace {
-
-const QString kConvertIntoTable = QStringLiteral("Convert into table");
-const QString kDrawPieChart = QStringLiteral("Draw pie chart");
-const QString kBack = QStringLiteral("Back");
-
-}  // namespace
-
 ReportSingle::ReportSingle(DesktopDialogs& dialogs, QWidget* reportWindow)
     : QDialog(reportWindow, Qt::Window), m_dialogs(dialogs) {
   setObjectName("ReportSingle");
@@ -38,8 +30,9 @@ void ReportSingle::buildControls() {
   m_ergebnisGrid = new CompositionGrid(this);
   m_chart = new PieChartView(this);
   m_combo1 = makeChartChooser(this);
-  m_command1 = makeButton(this, "Command1", QStringLiteral("Convert into chart"));
-  m_command2 = makeButton(this, "Command2", kDrawPieChart);
+  const ReportViewState::Controls design = m_view.controls();
+  m_command1 = makeButton(this, "Command1", QString::fromStdString(design.command1Caption));
+  m_command2 = makeButton(this, "Command2", QString::fromStdString(design.command2Caption));
   m_drucken = makeButton(this, "Drucken", QStringLiteral("Print"));
   m_kopieren = makeButton(this, "Kopieren", QStringLiteral("Copy into Clipboard"));
   m_fertig = makeButton(this, "Fertig", QStringLiteral("Done"));
@@ -76,39 +69,30 @@ void ReportSingle::load(const ScenarioDetails& details) {
   setWindowTitle(QString::fromStdString(details.caption));
   m_labelRow->setLabels(details.labels);
   m_checkWarning->show(details.verdict, details.checkSentence);
-  setCaption(m_command1, kConvertIntoTable);
-  setCaption(m_command2, kDrawPieChart);
-  m_labelRow->setShown(false);
-  m_combo1->hide();
-  m_ergebnisGrid->hide();
-  m_command1->show();
-  m_command2->show();
   m_berichtNeu->setText(details.text);
-  m_berichtNeu->widget()->show();
   addChartKinds(m_combo1);
   m_combo1->setCurrentIndex(kFeedComposition);
   Diagrammzeichnen();
-  m_chart->hide();
+  m_view.openSingle();
+  applyView();
   m_ergebnisGrid->setRows(details.table);
 }
 
 void ReportSingle::Command1_Click() {
-  const bool show = !tableShown();
-  m_labelRow->setShown(show);
-  m_ergebnisGrid->setVisible(show);
-  m_berichtNeu->widget()->setVisible(!show);
-  m_command2->setVisible(!show);
-  setCaption(m_command1, show ? kBack : kConvertIntoTable);
+  m_view.toggleTable();
+  applyView();
 }
 
 // The chart last drawn comes back; the chosen kind stays as it was.
 void ReportSingle::Command2_Click() {
-  const bool show = !chartShown();
-  setCaption(m_command2, show ? kBack : kDrawPieChart);
-  m_command1->setVisible(!show);
-  m_berichtNeu->widget()->setVisible(!show);
-  m_combo1->setVisible(show);
-  m_chart->setVisible(show);
+  m_view.toggleChart();
+  applyView();
+}
+
+void ReportSingle::applyView() {
+  applyReportView({m_berichtNeu->widget(), m_ergebnisGrid, m_chart, m_combo1, m_labelRow.get(),
+                   nullptr, m_command1, m_command2, nullptr},
+                  m_view.controls());
 }
 
 void ReportSingle::Diagrammzeichnen() {
@@ -119,30 +103,34 @@ void ReportSingle::Diagrammzeichnen() {
 
 void ReportSingle::Drucken_Click() {
   const std::string& title = m_details.labels.printTitle;
-  if (chartShown())
-    printChart(m_dialogs, *m_chart);
-  else if (tableShown())
-    printGrid(m_dialogs, *m_ergebnisGrid, title, CompositionGrid::kRepeatedColumns);
-  else
-    m_berichtNeu->print(m_dialogs);
+  switch (m_view.view()) {
+    case ReportViewState::View::Chart:
+      printChart(m_dialogs, *m_chart);
+      break;
+    case ReportViewState::View::Table:
+      printGrid(m_dialogs, *m_ergebnisGrid, title, CompositionGrid::kRepeatedColumns);
+      break;
+    default:
+      m_berichtNeu->print(m_dialogs);
+  }
 }
 
 void ReportSingle::Kopieren_Click() {
-  if (chartShown())
-    copyChart(m_dialogs, *m_chart);
-  else if (tableShown())
-    copyGrid(m_dialogs, *m_ergebnisGrid);
-  else
-    m_dialogs.setClipboardText(m_berichtNeu->text());
+  switch (m_view.view()) {
+    case ReportViewState::View::Chart:
+      copyChart(m_dialogs, *m_chart);
+      break;
+    case ReportViewState::View::Table:
+      copyGrid(m_dialogs, *m_ergebnisGrid);
+      break;
+    default:
+      m_dialogs.setClipboardText(m_berichtNeu->text());
+  }
 }
 
 // Escape and the frame close the window as "Done" does.
 void ReportSingle::closeEvent(QCloseEvent* event) { QWidget::closeEvent(event); }
 
 void ReportSingle::reject() { close(); }
-
-bool ReportSingle::tableShown() const { return !m_ergebnisGrid->isHidden(); }
-
-bool ReportSingle::chartShown() const { return !m_chart->isHidden(); }
 
 }  // namespace pescavo

@@ -3,6 +3,7 @@
 #include <QDialog>
 #include <memory>
 
+#include "model/ReportViewState.h"
 #include "model/ScenarioSweep.h"
 
 class QComboBox;
@@ -18,8 +19,7 @@ class ReportLabelRow;
 class ReportTextBox;
 
 // A scenario window ("Form1" until the report window names it): the text, composition table
-// and pie charts of one run of the sweep, repeated by its "Details" button. It keeps no view
-// flags: what is on screen is read from the visibility of the table and the chart.
+// and pie charts of one run of the sweep, repeated by its "Details" button.
 class ReportSingle : public QDialog {
   Q_OBJECT
 
@@ -42,11 +42,11 @@ class ReportSingle : public QDialog {
   void Diagrammzeichnen();
   void Drucken_Click();
   void Kopieren_Click();
-  bool tableShown() const;
-  bool chartShown() const;
+  void applyView();
 
   DesktopDialogs& m_dialogs;
   ScenarioDetails m_details;
+  ReportViewState m_view{ReportViewState::Window::Scenario};
 
   std::unique_ptr<ReportLabelRow> m_labelRow;
   std::unique_ptr<CheckWarning> m_checkWarning;

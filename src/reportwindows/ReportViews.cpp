@@ -25,6 +25,8 @@
 #include "desktop/DesktopDialogs.h"
 #include "desktop/PrintGrid.h"
 #include "desktop/PrintPicture.h"
+#include "desktop/Styles.h"
+#include "reportwindows/ScenarioGrid.h"
 
 namespace pescavo {
 
@@ -34,7 +36,6 @@ namespace {
 constexpr float kGridLeft = 10, kGridTop = 15, kGridRight = 10, kGridBottom = 10;
 // Printed charts are drawn at this multiple of their size on screen, sharp on paper.
 constexpr double kPrintScale = 4;
-const QColor kWarning(192, 0, 0);
 
 // Tells the slices apart in colour and in grey (the Okabe-Ito set).
 const std::array<QColor, 6> kSliceColours = {QColor(0, 114, 178),  QColor(230, 159, 0),
@@ -99,6 +100,26 @@ QPushButton* makeButton(QWidget* parent, const char* name, const QString& captio
 void setCaption(QPushButton* button, const QString& caption) {
   button->setText(caption);
   button->setAccessibleName(caption);
+}
+
+void applyReportView(const ReportViewWidgets& widgets, const ReportViewState::Controls& controls) {
+  widgets.text->setVisible(controls.text);
+  widgets.table->setVisible(controls.table);
+  widgets.chart->setVisible(controls.chart);
+  widgets.chartKinds->setVisible(controls.chartKinds);
+  widgets.labels->setShown(controls.labels);
+  if (widgets.scenarioTable) {
+    widgets.scenarioTable->setVisible(controls.scenarioTable);
+    widgets.scenarioTable->setButtonsShown(controls.detailsButtons);
+  }
+  widgets.command1->setVisible(controls.command1);
+  widgets.command2->setVisible(controls.command2);
+  setCaption(widgets.command1, QString::fromStdString(controls.command1Caption));
+  setCaption(widgets.command2, QString::fromStdString(controls.command2Caption));
+  if (widgets.command3) {
+    widgets.command3->setVisible(controls.command3);
+    setCaption(widgets.command3, QString::fromStdString(controls.command3Caption));
+  }
 }
 
 QComboBox* makeChartChooser(QWidget* parent) {
@@ -186,11 +207,12 @@ CheckWarning::CheckWarning(QWidget* parent) : m_label(new QLabel(parent)) {
   m_label->setAccessibleName(QStringLiteral("Independent check"));
   m_label->setTextFormat(Qt::PlainText);
   m_label->setWordWrap(true);
+  const TextStyle style = reportCheckWarningStyle();
   QPalette palette = m_label->palette();
-  palette.setColor(QPalette::WindowText, kWarning);
+  palette.setColor(QPalette::WindowText, qcolor(style.text));
   m_label->setPalette(palette);
   QFont font = m_label->font();
-  font.setBold(true);
+  font.setBold(style.bold);
   m_label->setFont(font);
   m_label->hide();
 }
@@ -199,7 +221,7 @@ QWidget* CheckWarning::widget() const { return m_label; }
 
 void CheckWarning::show(CheckVerdict verdict, const std::string& sentence) {
   m_label->setText(qtext(sentence));
-  m_label->setVisible(verdict != CheckVerdict::Agrees);
+  m_label->setVisible(reportCheckWarningShown(verdict));
 }
 
 CompositionGrid::CompositionGrid(QWidget* parent) : QTableWidget(parent) {

@@ -8,6 +8,7 @@
 
 #include "engine/IndependentCheck.h"
 #include "model/ReportRun.h"
+#include "model/ReportViewState.h"
 #include "reports/ResultTables.h"
 
 class QChartView;
@@ -22,6 +23,7 @@ class QVBoxLayout;
 namespace pescavo {
 
 class DesktopDialogs;
+class ScenarioGrid;
 
 // The pieces both report windows are made of: the report text box, the labels above the
 // table, the composition table, the pie chart and the independent check's warning, with the
@@ -124,6 +126,21 @@ void copyChart(DesktopDialogs& dialogs, const PieChartView& chart);
 // A button named name, with its caption as accessible name; setCaption keeps the two together.
 QPushButton* makeButton(QWidget* parent, const char* name, const QString& caption);
 void setCaption(QPushButton* button, const QString& caption);
+
+// The controls a report window switches between its views; a scenario window has no
+// scenario table and no Command3 (null).
+struct ReportViewWidgets {
+  QWidget* text;
+  QWidget* table;
+  QWidget* chart;
+  QComboBox* chartKinds;
+  ReportLabelRow* labels;
+  ScenarioGrid* scenarioTable;
+  QPushButton* command1;
+  QPushButton* command2;
+  QPushButton* command3;
+};
+void applyReportView(const ReportViewWidgets& widgets, const ReportViewState::Controls& controls);
 
 // Combo1, the chart kind; addChartKinds adds "Dietary Load" and "Feed composition" once per
 // window and leaves nothing chosen.

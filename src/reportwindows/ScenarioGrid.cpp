@@ -6,6 +6,7 @@
 #include <QPushButton>
 #include <algorithm>
 
+#include "desktop/Styles.h"
 #include "model/ReportState.h"
 #include "model/ScenarioSweep.h"
 #include "reportwindows/ReportViews.h"
@@ -16,9 +17,6 @@ namespace {
 
 // Headings wrap into the row's height, on screen and on paper.
 constexpr int kWrap = Qt::TextWordWrap;
-const QColor kDiffers(255, 200, 200);
-const QColor kUnchecked(255, 236, 179);
-const QColor kWarningText(160, 0, 0);
 // Pure green, as the sweep colours them, drawn flat so that the colour is the one given.
 const QString kDetailsStyle = QStringLiteral(
     "QPushButton { background-color: rgb(0, 255, 0); border: 1px solid rgb(0, 128, 0); }"
@@ -86,22 +84,21 @@ void ScenarioGrid::setCell(int row, int column, const std::string& text, int cod
 // Runs not yet made by an unfinished sweep have no check and no mark.
 void ScenarioGrid::markRun(const ReportState& report, int run) {
   const bool made = !report.scenarioVerdicts[run - 1].empty();
-  const CheckVerdict verdict = report.scenarioChecks[run - 1].verdict;
-  const bool marked = made && verdict != CheckVerdict::Agrees;
+  const std::optional<RunMark> mark = scenarioRunMark(report.scenarioChecks[run - 1].verdict, made);
   const QString tooltip = QString::fromStdString(report.scenarioVerdictTooltips[run - 1]);
   for (int c = 0; c < kColumns; ++c) {
     QTableWidgetItem* cell = item(run - 1, c);
     if (!cell) continue;
-    if (marked) {
-      cell->setBackground(verdict == CheckVerdict::Differs ? kDiffers : kUnchecked);
+    if (mark) {
+      cell->setBackground(qcolor(mark->background));
       cell->setToolTip(tooltip);
     }
     if (c == kVerdictColumn) cell->setToolTip(tooltip);
-    if (marked && c >= kVerdictColumn) {
+    if (mark && c >= kVerdictColumn) {
       QFont font = cell->font();
-      font.setBold(true);
+      font.setBold(mark->checkBold);
       cell->setFont(font);
-      cell->setForeground(kWarningText);
+      cell->setForeground(qcolor(mark->checkText));
     }
   }
 }

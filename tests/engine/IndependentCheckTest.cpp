@@ -2,6 +2,7 @@
 // programmes, and the programme as the check writes it for glpsol.
 
 #include <gtest/gtest.h>
+#include <stdlib.h>
 
 #include <cstdlib>
 #include <filesystem>
@@ -47,10 +48,10 @@ const OptimisationProblem kHalf = feed({{5, 30, 2, 100}, {10, 40, 4, 100}}, 7.5,
 const OptimisationProblem kNoFeed = feed({{8, 20, 1, 100}, {6, 30, 2, 100}}, 8, 35);
 
 TEST(IndependentCheck, PinnedTiesWhereTheMethodGoesWrong) {
-  const OptimisationProblem issue = programme("10 20 3 100 100, 10 35 5 100 100", 10, 35);
+  const OptimisationProblem tie = programme("10 20 3 100 100, 10 35 5 100 100", 10, 35);
   // Problem, criterion, true optimum, reported burden (-1: no feed found).
   const std::tuple<OptimisationProblem, Criterion, double, double> cases[] = {
-      {issue, kMin, 5, 3},
+      {tie, kMin, 5, 3},
       // An oil (F) beside a component meeting both trout targets on its own.
       {programme("15 42 3.93 91.9 100", 15, 42, 4), kMin, 4.276, 0},
       // Three components carry the protein target: an improving column is left after the passes.
@@ -73,8 +74,8 @@ TEST(IndependentCheck, PinnedTiesWhereTheMethodGoesWrong) {
     EXPECT_NEAR(check.trueOptimum, truth, 5e-4);
     EXPECT_NEAR(check.reportedSolvable ? check.reportedBurden : -1, burden, 5e-4);
   }
-  // The issue's example: the method feeds 100 % of the first component, the true optimum none.
-  const CheckResult check = checked(issue, kMin);
+  // The first tie: the method feeds 100 % of the first component, the true optimum none.
+  const CheckResult check = checked(tie, kMin);
   EXPECT_NEAR(check.trueComposition[1], 100, 1e-9);
   EXPECT_EQ(cliLine(check, kMin, '.'),
             "Independent check: differs: the true minimum is 5.000 mg/kg; the optimisation "
@@ -202,9 +203,9 @@ TEST(LpWriter, LegalNamesThatSayWhichComponentAndRoundTripNumbers) {
 }
 
 TEST(LpWriter, GlpsolReadsItBackAndFindsTheOptimumOfTheCheck) {
-  char folder[] = "/tmp/pescavo-lp-XXXXXX";
-  ASSERT_TRUE(mkdtemp(folder));
-  const std::string lp = folder + std::string("/run.lp"), out = folder + std::string("/run.txt");
+  std::string folder = (std::filesystem::temp_directory_path() / "pescavo-lp-XXXXXX").string();
+  ASSERT_TRUE(::mkdtemp(folder.data()));
+  const std::string lp = folder + "/run.lp", out = folder + "/run.txt";
   testing::RandomProblems problems(11);
   int solved = 0;
   for (int k = 0; k < 6; ++k) {

@@ -25,9 +25,10 @@ constexpr double kPointsPerMillimetre = 72 / 25.4;
 class PrintingTest : public ::testing::Test {
  protected:
   void SetUp() override {
-    folder = std::filesystem::temp_directory_path() /
-             ("pescavo-printing-" + std::to_string(std::random_device()()));
-    std::filesystem::create_directories(folder);
+    std::string name =
+        (std::filesystem::temp_directory_path() / "pescavo-printing-XXXXXX").string();
+    ASSERT_NE(::mkdtemp(name.data()), nullptr);
+    folder = name;
   }
   void TearDown() override {
     std::error_code ignored;

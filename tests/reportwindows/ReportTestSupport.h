@@ -1,6 +1,7 @@
 #pragma once
 
 #include <gtest/gtest.h>
+#include <stdlib.h>
 
 #include <QApplication>
 #include <QComboBox>
@@ -14,11 +15,11 @@
 #include <filesystem>
 #include <functional>
 #include <memory>
-#include <random>
 #include <string>
 
 #include "ScriptedDialogs.h"
 #include "model/MainWindowModel.h"
+#include "model/ReportViewState.h"
 #include "reports/TextFiles.h"
 
 namespace pescavo::test {
@@ -63,9 +64,10 @@ inline bool pdfLandscape(const std::string& pdf) {
 class ReportWindowTest : public ::testing::Test {
  protected:
   void SetUp() override {
-    root = std::filesystem::temp_directory_path() /
-           ("pescavo-reportwindows-" + std::to_string(std::random_device()()));
-    std::filesystem::create_directories(root);
+    std::string folder =
+        (std::filesystem::temp_directory_path() / "pescavo-reportwindows-XXXXXX").string();
+    ASSERT_NE(::mkdtemp(folder.data()), nullptr);
+    root = folder;
     std::filesystem::copy(PESCAVO_SAMPLE_INPUT, root / "Input",
                           std::filesystem::copy_options::recursive);
     model.startUp((root / "Input").string());
@@ -97,6 +99,30 @@ class ReportWindowTest : public ::testing::Test {
     QWidget* widget = child(window, name);
     return widget && widget->isVisible();
   }
+  // The window shows what the core's view state says: each control's visibility and caption.
+  static void expectView(QWidget& window, const ReportViewState::Controls& view) {
+    const bool scenarioWindow = window.findChild<QWidget*>("BerichtNeu") != nullptr;
+    const std::pair<const char*, bool> controls[] = {
+        {scenarioWindow ? "BerichtNeu" : "Bericht", view.text},
+        {"ErgebnisGrid", view.table},
+        {"MSChart1", view.chart},
+        {"Combo1", view.chartKinds},
+        {"Label1", view.labels},
+        {"TextFischname2", view.labels},
+        {"Command1", view.command1},
+        {"Command2", view.command2}};
+    for (const auto& [name, visible] : controls) EXPECT_EQ(shown(window, name), visible) << name;
+    EXPECT_EQ(caption(window, "Command1").toStdString(), view.command1Caption);
+    EXPECT_EQ(caption(window, "Command2").toStdString(), view.command2Caption);
+    if (scenarioWindow) return;
+    EXPECT_EQ(shown(window, "AllScnErgebnis"), view.scenarioTable);
+    EXPECT_EQ(shown(window, "Command4_0"), view.detailsButtons);
+    EXPECT_EQ(shown(window, "Command3"), view.command3);
+    if (view.command3) {
+      EXPECT_EQ(caption(window, "Command3").toStdString(), view.command3Caption);
+    }
+  }
+
   // Chooses a chart kind as the user does, through the keyboard.
   static void chooseChart(QWidget& window, int kind) {
     auto* combo = child<QComboBox>(window, "Combo1");
