@@ -19,6 +19,7 @@ namespace pescavo {
 namespace {
 
 constexpr int kHrefRole = Qt::UserRole;
+constexpr int kMarkRole = Qt::UserRole + 1;
 
 QPushButton* navigationButton(const QString& caption, QWidget* parent) {
   auto* button = new QPushButton(caption, parent);
@@ -71,6 +72,7 @@ HelpWindow::HelpWindow(Guide guide, QWidget* parent)
   resize(940, 680);
   fillContents();
   open("index.html");
+  m_search->setFocus();  // typing searches at once; the contents and the page are a click away
 }
 
 QWidget* HelpWindow::makeSidebar() {
@@ -105,10 +107,8 @@ QWidget* HelpWindow::makeSidebar() {
           [this](QTreeWidgetItem* item) { open(item->data(0, kHrefRole).toString()); });
   connect(m_results, &QListWidget::itemActivated, this, [this](QListWidgetItem* item) {
     open(item->data(kHrefRole).toString());
-    // The first place the first word stands, marked as the browser's own find marks it.
-    const QString word = m_search->text().trimmed().section(' ', 0, 0, QString::SectionSkipEmpty);
     m_page->moveCursor(QTextCursor::Start);
-    m_page->find(word);
+    m_page->find(item->data(kMarkRole).toString());
   });
   connect(m_results, &QListWidget::itemClicked, m_results, &QListWidget::itemActivated);
   return sidebar;
@@ -148,6 +148,7 @@ void HelpWindow::search(const QString& text) {
   for (const Guide::Hit& hit : hits) {
     auto* item = new QListWidgetItem(QString::fromStdString(hit.title + "\n" + hit.snippet));
     item->setData(kHrefRole, QString::fromStdString(hit.file));
+    item->setData(kMarkRole, QString::fromStdString(hit.mark));
     m_results->addItem(item);
   }
   if (hits.empty()) m_results->addItem("Nothing found.");

@@ -157,12 +157,17 @@ std::vector<Guide::Hit> Guide::search(const std::string& query) const {
       return text.find(word) != std::string::npos;
     });
     if (!all) continue;
-    const std::size_t at = text.find(words.front());
+    // The whole query where the page holds it as written, else its first word.
+    std::string phrase = words.front();
+    for (std::size_t k = 1; k < words.size(); ++k) phrase += " " + words[k];
+    const std::size_t whole = text.find(phrase);
+    const std::string& found = whole != std::string::npos ? phrase : words.front();
+    const std::size_t at = whole != std::string::npos ? whole : text.find(found);
     const std::size_t from = at > kAround ? at - kAround : 0;
-    std::string snippet = p.text.substr(from, words.front().size() + 2 * kAround);
+    std::string snippet = p.text.substr(from, found.size() + 2 * kAround);
     if (from > 0) snippet = "..." + snippet;
-    if (from + words.front().size() + 2 * kAround < p.text.size()) snippet += "...";
-    hits.push_back({p.file, p.title, snippet});
+    if (from + found.size() + 2 * kAround < p.text.size()) snippet += "...";
+    hits.push_back({p.file, p.title, snippet, p.text.substr(at, found.size())});
   }
   return hits;
 }

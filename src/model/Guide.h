@@ -18,6 +18,7 @@ class Guide {
     std::string file;
     std::string title;
     std::string snippet;  // the words around the first match
+    std::string mark;     // what to mark on the page: the whole query where it stands so
   };
 
   // The first of the folders that holds index.html, or empty.

@@ -53,6 +53,9 @@ TEST_F(GuideTest, ContentsFollowTheIndexListsAndSearchFindsPagesHoldingEveryWord
   EXPECT_EQ(lipid[1].title, "Files");
   EXPECT_NE(lipid[1].snippet.find("lipid & protein"), std::string::npos);
   ASSERT_EQ(guide.search("lipid burden").size(), 1u);
+  // The whole query is marked where the page holds it as written, else its first word.
+  EXPECT_EQ(guide.search("LIPID target")[0].mark, "LIPID target");
+  EXPECT_EQ(guide.search("lipid protein")[0].mark, "lipid");
   EXPECT_TRUE(guide.search("color").empty());  // style blocks are not text
   EXPECT_TRUE(guide.search("  ").empty());
   EXPECT_TRUE(guide.brokenLinks().empty());
