@@ -84,7 +84,7 @@ void BM_Engine(benchmark::State& state) {
     MainWindowModel& model = seeded.model;
     model.Laden();
     seeded.result.pivots = 0;
-    pescavo::Rechnen(model.problem(), model.criterion(), seeded.tableau, seeded.result);
+    pescavo::Rechnen(model.lastRun().problem(), model.criterion(), seeded.tableau, seeded.result);
     benchmark::DoNotOptimize(seeded.result.burden);
     pivots += seeded.result.pivots;
     ++runs;
@@ -100,7 +100,7 @@ void BM_Glpk(benchmark::State& state) {
   long iterations = 0, runs = 0;
   for (auto _ : state) {
     const MainWindowModel& model = problems[k++ % problems.size()]->model;
-    const OptimisationProblem& p = model.problem();
+    const OptimisationProblem& p = model.lastRun().problem();
     glp_prob* lp = glp_create_prob();
     glp_set_obj_dir(lp, model.criterion() == Criterion::Maximum ? GLP_MAX : GLP_MIN);
     glp_add_rows(lp, 3);
@@ -140,14 +140,15 @@ void BM_Glpk(benchmark::State& state) {
 void BM_Verify(benchmark::State& state) {
   auto& problems = problemsOfSize(static_cast<int>(state.range(0)));
   for (auto& seeded : problems)
-    pescavo::Rechnen(seeded->model.problem(), seeded->model.criterion(), seeded->tableau,
+    pescavo::Rechnen(seeded->model.lastRun().problem(), seeded->model.criterion(), seeded->tableau,
                      seeded->result);
   std::size_t k = 0;
   long differs = 0, runs = 0;
   for (auto _ : state) {
     const Seeded& seeded = *problems[k++ % problems.size()];
     const MainWindowModel& model = seeded.model;
-    const auto check = pescavo::checkOptimum(model.problem(), model.criterion(), seeded.result);
+    const auto check =
+        pescavo::checkOptimum(model.lastRun().problem(), model.criterion(), seeded.result);
     benchmark::DoNotOptimize(check.trueOptimum);
     differs += check.verdict != pescavo::CheckVerdict::Agrees;
     ++runs;

@@ -139,8 +139,8 @@ void BM_SweepRuns(benchmark::State& state) {
         model->setPseudoComponents({kScenarios[k].pc, kScenarios[k].cc, kScenarios[k].f});
         model->setMrbdLimits(m == 1);
         model->Laden();
-        model->Rechnen();
-        benchmark::DoNotOptimize(model->result().burden);
+        model->lastRun().Rechnen();
+        benchmark::DoNotOptimize(model->lastRun().result().burden);
       }
     }
   }

@@ -207,7 +207,7 @@ void applyRunOptions(const CliOptions& options, MainWindowModel& model) {
       model.alle_rein();
       continue;
     }
-    const std::vector<ListEntry>& available = model.available();
+    const std::vector<ListEntry>& available = model.selection().available();
     const auto found =
         std::find_if(available.begin(), available.end(),
                      [&](const ListEntry& entry) { return entry.text == move.component; });
@@ -246,7 +246,7 @@ int runSubstances(const MainWindowModel& model, std::ostream& out) {
 }
 
 int runComponents(const MainWindowModel& model, std::ostream& out) {
-  for (const ListEntry& entry : model.available()) out << entry.text << '\n';
+  for (const ListEntry& entry : model.selection().available()) out << entry.text << '\n';
   return kExitOk;
 }
 

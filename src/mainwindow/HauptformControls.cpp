@@ -100,8 +100,7 @@ void Hauptform::buildControls() {
   auto* grid = control<QTableWidget>("schadstoffwerte");
   grid->setColumnCount(6);
   grid->verticalHeader()->hide();
-  control<QComboBox>("MinMax")->addItems(
-      {MainWindowModel::kMinMaxItems[0], MainWindowModel::kMinMaxItems[1]});
+  control<QComboBox>("MinMax")->addItems({kMinMaxItems[0], kMinMaxItems[1]});
   control<QComboBox>("ArtSchadstoffwertCombo")->addItems({"STMR", "STMR-P"});
   control<QPushButton>("Optimierung")->setStyleSheet("background-color: rgb(0, 192, 0);");
   control<QLabel>("FischmehlCaption")->setAlignment(Qt::AlignLeft | Qt::AlignTop);
@@ -234,7 +233,7 @@ void Hauptform::applyLayout() {
     QWidget* widget = m_controls.at(name);
     widget->setGeometry(rectFromTwips(state.left, state.top, state.width, state.height));
     widget->setVisible(state.visible);
-    widget->setEnabled(state.enabled);
+    widget->setEnabled(m_model->enabled(name));
     std::string& shown = m_shownCaptions[name];
     if (shown == state.caption) continue;
     shown = state.caption;

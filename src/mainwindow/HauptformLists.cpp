@@ -33,21 +33,23 @@ void Hauptform::fillSubstances() {
 void Hauptform::fillAvailable() {
   auto* list = control<QListWidget>("Fischfutter1");
   const QSignalBlocker quiet(list);
-  fill(*list, m_model->available());
+  fill(*list, m_model->selection().available());
   list->setToolTip(QString());
 }
 
 void Hauptform::fillChosen() {
   auto* list = control<QListWidget>("Fischfutter2");
   const QSignalBlocker quiet(list);
-  fill(*list, m_model->chosen());
-  if (m_model->currentChosen() >= 0) list->setCurrentRow(m_model->currentChosen());
+  fill(*list, m_model->selection().chosen());
+  if (m_model->selection().currentChosen() >= 0)
+    list->setCurrentRow(m_model->selection().currentChosen());
 }
 
 void Hauptform::showAvailableSelection() {
   auto* list = control<QListWidget>("Fischfutter1");
   const QSignalBlocker quiet(list);
-  for (int p = 0; p < list->count(); ++p) list->item(p)->setSelected(m_model->isSelected(p));
+  for (int p = 0; p < list->count(); ++p)
+    list->item(p)->setSelected(m_model->selection().isSelected(p));
 }
 
 void Hauptform::forwardAvailableSelection() {

@@ -94,10 +94,10 @@ void Hauptform::showResult() {
   cursor.insertText(QString::fromStdString(m_model->resultText()), format);
   box->moveCursor(QTextCursor::Start);
   auto* check = control<QLabel>("Gegenpruefung");
-  const QString sentence = QString::fromStdString(m_model->checkSentence());
+  const QString sentence = QString::fromStdString(m_model->lastRun().checkSentence());
   check->setText(sentence);
   check->setToolTip(sentence);
-  const bool agrees = m_model->check().verdict == CheckVerdict::Agrees;
+  const bool agrees = m_model->lastRun().check().verdict == CheckVerdict::Agrees;
   check->setAutoFillBackground(!agrees);
   check->setStyleSheet(agrees ? "color: rgb(96, 96, 96);"
                               : "background-color: rgb(255, 255, 0); color: rgb(192, 0, 0); "

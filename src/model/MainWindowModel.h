@@ -4,13 +4,13 @@
 #include <string>
 #include <vector>
 
-#include "engine/IndependentCheck.h"
-#include "engine/OptimisationProblem.h"
-#include "engine/SimplexTableau.h"
+#include "model/ComponentSelection.h"
 #include "model/Dialogs.h"
+#include "model/FeedRun.h"
 #include "model/MainWindowLayout.h"
 #include "model/ReportState.h"
 #include "model/ResidueGrid.h"
+#include "model/RunOptions.h"
 #include "tables/ComponentTable.h"
 #include "tables/ComponentViews.h"
 #include "tables/FishTables.h"
@@ -18,35 +18,24 @@
 
 namespace pescavo {
 
-enum class Species { CommonCarp = 0, RainbowTrout = 1 };  // row of Species.tab
-
-// The main window's state as a plain model. A window shows it through the read accessors and
-// forwards the user's actions to the operations; the reports get values, never the model.
-// List positions are 0-based as in the list controls; -1 means no current item.
+// The main window's state as a plain model. It maps the substance database, the component
+// selection, the run options and the last run onto the window's layout; a window shows it
+// through the read accessors and forwards the user's actions to the operations; the reports get
+// values, never the model. List positions are 0-based as in the list controls; -1 means no
+// current item.
 //
 // The window's controls and what the model calls them:
-//   Schadstoffliste        substancePosition()          Fischfutter1   available()
-//   Fischfutter2           chosen()                     Label1 red     chosenCaptionRed()
-//   Option1 / Option2      criterionOption()            Option3 / 4    speciesOption()
-//   MinMax                 criterion()                  Fischarten     species()
-//   Fischmehl              fishmealGrade()              Check1         pseudoComponents().pc
-//   Check4                 pseudoComponents().cc        Check5         pseudoComponents().f
-//   Check2                 mrbdLimits()                 Ergebnis       resultVisible(),
-//   resultText() ReportButton           reportButtonVisible()        Rein, raus     addEnabled(),
-//   removeEnabled() alle_raus              removeAllEnabled()           Loeschen
-//   deleteSubstanceEnabled()
+//   Schadstoffliste      substancePosition()        Fischfutter1, Fischfutter2  selection()
+//   Label1 red           chosenCaptionRed()         Option1 / Option2   criterionOption()
+//   Option3 / 4          speciesOption()            MinMax              criterion()
+//   Fischarten           species()                  Fischmehl           fishmealGrade()
+//   Check1, 4, 5         pseudoComponents()         Check2              mrbdLimits()
+//   Ergebnis             resultVisible(), resultText()
+//   ReportButton         reportButtonVisible()      Loeschen            deleteSubstanceEnabled()
+//   Rein, raus, alle_raus  addEnabled(), removeEnabled(), removeAllEnabled()
 class MainWindowModel {
  public:
-  static constexpr const char* kMinMaxItems[2] = {"Maximum content", "Minimum content"};
-  static constexpr const char* kNotSolvable =
-      "The problem is not solvable. Add more or try different components.";
-
-  // Check1, Check4 and Check5: which pseudo-components join the feed.
-  struct PseudoComponents {
-    bool pc = true;
-    bool cc = true;
-    bool f = true;
-  };
+  using PseudoComponents = pescavo::PseudoComponents;
 
   MainWindowModel(Dialogs& dialogs, char decimalSeparator);
 
@@ -72,7 +61,8 @@ class MainWindowModel {
   void selectSubstance(int position);
   void Futterliste_aktualisieren();
   const std::vector<std::array<std::string, 6>>& residueGrid() const { return m_residueGrid; }
-  bool deleteSubstanceEnabled() const { return m_layout.at("Loeschen").enabled; }
+  // "Del" has something to do while the database holds two substances or more.
+  bool deleteSubstanceEnabled() const { return m_table.substanceCount() >= 2; }
 
   // Substance database and editing. Schadstoffliste's Click is selectSubstance. While a
   // substance is added or edited Ende reads "Done", grid() is the residue grid and the window
@@ -127,24 +117,23 @@ class MainWindowModel {
   void setSearchText(std::string text);
   void Go_Click();
 
-  // Component lists and their buttons.
-  const std::vector<ListEntry>& available() const { return m_available; }
-  const std::vector<WorkingSetEntry>& workingSet() const { return m_workingSet; }
-  bool isSelected(int position) const { return m_selected.at(position); }
-  const std::vector<ListEntry>& chosen() const { return m_chosen; }
-  int currentChosen() const { return m_currentChosen; }
-  void setSelected(int position, bool selected);
-  void clearSelection();
-  void setCurrentChosen(int position);
+  // Component lists and their buttons; every move withdraws the result shown.
+  const ComponentSelection& selection() const { return m_selection; }
+  void setSelected(int position, bool selected) { m_selection.setSelected(position, selected); }
+  void clearSelection() { m_selection.clearSelection(); }
+  void setCurrentChosen(int position) { m_selection.setCurrentChosen(position); }
   void Rein();
   void alle_rein();
   void raus();
   void alle_raus();
-  bool addEnabled() const { return m_layout.at("Rein").enabled; }
-  bool removeEnabled() const { return m_layout.at("raus").enabled; }
-  bool removeAllEnabled() const { return m_layout.at("alle_raus").enabled; }
+  bool addEnabled() const { return true; }
+  bool removeEnabled() const { return m_selection.removeEnabled(); }
+  bool removeAllEnabled() const { return m_selection.removeEnabled(); }
   bool chosenCaptionRed() const { return m_chosenCaptionRed; }
-  std::string tooltipText(int position) const;  // for the available entry at position
+  // For the available entry at position, with the limit of the species chosen.
+  std::string tooltipText(int position) const {
+    return m_selection.tooltipText(position, m_options.species, m_decimalSeparator);
+  }
   // Fischfutter1's information tooltip: set by a press on the list (position is the current
   // item then), dropped once the pointer has left the press point in both directions.
   void Fischfutter1_MouseDown(int position, int x, int y);
@@ -154,19 +143,22 @@ class MainWindowModel {
   // Options; each change withdraws the result shown.
   Criterion criterionOption() const { return m_criterionOption; }
   Species speciesOption() const { return m_speciesOption; }
-  PseudoComponents pseudoComponents() const { return m_pseudo; }
-  bool mrbdLimits() const { return m_mrbd; }
+  PseudoComponents pseudoComponents() const { return m_options.pseudo; }
+  bool mrbdLimits() const { return m_options.mrbd; }
   void setCriterionOption(Criterion criterion);
   void setSpeciesOption(Species species);
   void setPseudoComponents(PseudoComponents pseudo);
   void setMrbdLimits(bool on);
   // The hidden choosers that a run sets from the options.
-  Criterion criterion() const { return m_criterion; }
-  int species() const { return m_species; }
-  int fishmealGrade() const { return m_fishmealGrade; }
+  Criterion criterion() const { return m_options.criterion; }
+  int species() const { return m_options.species; }
+  int fishmealGrade() const { return m_options.fishmealGrade; }
   void setCriterion(Criterion criterion);
   void setSpecies(int position);
   void setFishmealGrade(int position);
+  // What a run made now from the window's state would take.
+  const RunOptions& runOptions() const { return m_options; }
+  RunInput runInput() const;
 
   // Flags and the result box.
   bool simpleMode() const { return m_simpleMode; }
@@ -179,8 +171,10 @@ class MainWindowModel {
   bool resultRed() const { return m_resultRed; }
   void Ergebnis_ausblenden();
 
-  // Captions, places and shown and enabled states of every control.
+  // Captions, places and shown and enabled states of every control; enabled() is the one to
+  // read, since some states follow from the database and the lists.
   const MainWindowLayout& layout() const { return m_layout; }
+  bool enabled(std::string_view control) const;
 
   // "&save": writes feedstuff.tab; a failed write is shown with the file and the reason.
   void save();
@@ -198,23 +192,16 @@ class MainWindowModel {
   void prepareSingleRun();
   // With nothing chosen: "Please add components." while Label1 is red; true then.
   bool pleaseAddComponents();
-  void Laden();
-  void Rechnen();
-  // Why the last problem cannot be solved in figures that can be shown, or empty: a value
-  // that is not finite, or one so large that its results would not be.
-  std::string unusableFigures() const;
-  // The same for the burden of the last solvable run.
-  std::string unusableBurden() const;
-  std::string resultStatement() const;
+  // The problem a run would solve now, without solving it.
+  void Laden() { m_run.Laden(runInput(), m_options); }
 
-  // The last run.
-  const OptimisationProblem& problem() const { return m_problem; }
-  const SimplexTableau& tableau() const { return m_tableau; }
-  const OptimisationResult& result() const { return m_result; }
-  const CheckResult& check() const { return m_check; }
-  const std::string& checkSentence() const { return m_checkSentence; }
-  // What the report text, the composition table and the charts are written from.
-  void fillReportValues(ReportValues& values) const;
+  // The last run and what the report text, the composition table and the charts are written
+  // from.
+  const FeedRun& lastRun() const { return m_run; }
+  FeedRun& lastRun() { return m_run; }
+  void fillReportValues(ReportValues& values) const {
+    m_run.fillReportValues(runInput(), substanceName(), values);
+  }
 
   // The report windows' state, which they change themselves.
   ReportState& report() { return m_report; }
@@ -224,12 +211,6 @@ class MainWindowModel {
   void setDecimalSeparator(char separator) { m_decimalSeparator = separator; }
   Dialogs& dialogs() { return m_dialogs; }
 
-  // The smaller of two values; the first of a tie.
-  template <typename T>
-  static const T& Minimum(const T& a, const T& b) {
-    return b < a ? b : a;
-  }
-
  private:
   // Shows why the run stops there and withdraws the result.
   void stopRun(const std::string& message);
@@ -237,14 +218,6 @@ class MainWindowModel {
     m_layout.at(control).enabled = enabled;
   }
   std::string feedstuffPath() const { return m_inputFolder + "/feedstuff.tab"; }
-  // Laden's steps.
-  void sizeProblem(int chosen);
-  void matchChosenEntries();
-  void setTargets();
-  void addPseudoComponents();
-  void applyMrbdLimits();
-  void convertToDryMatter();
-
   // Any change of selection or option withdraws the result shown.
   template <typename T>
   void change(T& control, T value) {
@@ -260,11 +233,7 @@ class MainWindowModel {
 
   int m_substance = -1;
   std::vector<std::array<std::string, 6>> m_residueGrid;
-  std::vector<ListEntry> m_available;
-  std::vector<WorkingSetEntry> m_workingSet;  // by position in m_available
-  std::vector<bool> m_selected;
-  std::vector<ListEntry> m_chosen;
-  int m_currentChosen = -1;
+  ComponentSelection m_selection;
   bool m_chosenCaptionRed = false;
   std::string m_availableTooltip;
   int m_pressX = 0;
@@ -272,26 +241,14 @@ class MainWindowModel {
 
   Criterion m_criterionOption = Criterion::Maximum;
   Species m_speciesOption = Species::CommonCarp;
-  PseudoComponents m_pseudo;
-  bool m_mrbd = true;
-  Criterion m_criterion = Criterion::Maximum;
-  int m_species = 0;
-  int m_fishmealGrade = 2;
+  RunOptions m_options;
 
   bool m_simpleMode = false;
   bool m_allScenariosMode = false;
   bool m_databaseModified = false;
   std::string m_resultText;
   bool m_resultRed = false;
-
-  OptimisationProblem m_problem;
-  SimplexTableau m_tableau;
-  OptimisationResult m_result;
-  CheckResult m_check;
-  std::string m_checkSentence;
-  LastTextPosition m_lookup;    // Laden's, kept from run to run
-  std::vector<int> m_matched;   // per chosen entry, the available position the last Laden used
-  bool m_chosenChanged = true;  // since Laden last named the variables after the chosen list
+  FeedRun m_run;
 
   // Substance editing state.
   void showEditingLayout();

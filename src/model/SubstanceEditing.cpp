@@ -120,9 +120,9 @@ void MainWindowModel::showNormalLayout() {
 }
 
 void MainWindowModel::applySimpleLayoutAfterEditing() {
-  m_pseudo.pc = true;
+  m_options.pseudo.pc = true;
   m_layout.applySimpleLayout(true);
-  m_fishmealGrade = 1;
+  m_options.fishmealGrade = 1;
 }
 
 void MainWindowModel::Abbrechen_Click() {
@@ -139,10 +139,7 @@ void MainWindowModel::keepEditBoxText() {
   m_layout.hide({"EingabeSchadstoff"});
 }
 
-void MainWindowModel::selectAddedSubstance() {
-  selectSubstance(m_table.substanceCount() - 1);
-  if (m_table.substanceCount() >= 2) setEnabled("Loeschen", true);
-}
+void MainWindowModel::selectAddedSubstance() { selectSubstance(m_table.substanceCount() - 1); }
 
 bool MainWindowModel::leaveEditing() {
   if (!editing()) return false;
@@ -190,21 +187,15 @@ void MainWindowModel::Kopieren_Click() {
   const int p = m_substance;
   const int k = m_table.copySubstance(p + 1, m_table.substanceName(p + 1));
   selectSubstance(k - 1);
-  if (m_table.substanceCount() >= 2) setEnabled("Loeschen", true);
 }
 
 void MainWindowModel::Loeschen_Click() {
-  if (m_table.substanceCount() < 2) {
-    setEnabled("Loeschen", false);
-    return;
-  }
-  if (m_substance < 0) return;
+  if (!deleteSubstanceEnabled() || m_substance < 0) return;
   m_databaseModified = true;
   const int p = m_substance;
   if (editing()) m_grid.basisCopy().freeze(m_table);
   m_table.deleteSubstance(p + 1);
-  selectSubstance(Minimum(p, m_table.substanceCount() - 1));
-  if (m_table.substanceCount() == 1) setEnabled("Loeschen", false);
+  selectSubstance(std::min(p, m_table.substanceCount() - 1));
 }
 
 void MainWindowModel::setGridCursor(int row, int column, int selectionEnd) {

@@ -45,8 +45,8 @@ TEST_F(MainWindowFilesTest, StartUpSetsTheDesignedStatesAndTheSimpleLayoutMovesT
   start();
   const MainWindowLayout& full = model.layout();
   EXPECT_EQ(full.width(), MainWindowLayout::kFullWidth);
-  EXPECT_TRUE(full.at("Loeschen").enabled);
-  EXPECT_FALSE(full.at("raus").enabled || full.at("alle_raus").enabled);
+  EXPECT_TRUE(model.enabled("Loeschen"));
+  EXPECT_FALSE(model.enabled("raus") || model.enabled("alle_raus"));
   EXPECT_FALSE(full.at("MenuEdit").visible);
   EXPECT_TRUE(full.at("restore").visible);
   EXPECT_FALSE(full.at("Check1").visible || full.at("FischmehlCaption").visible);
@@ -102,7 +102,7 @@ TEST_F(MainWindowFilesTest, RestoreAsksFirstAndKeepsTheDatabaseWhenThePristineCo
   model.restore();
   EXPECT_EQ(dialogs.questions,
             std::vector<std::string>{"You want to reset the data base settings?"});
-  EXPECT_FALSE(model.chosen().empty());
+  EXPECT_FALSE(model.selection().chosen().empty());
 
   std::ofstream(folder / "Input" / "feedstuff1.tab", std::ios::binary) << "Category\tCrop\r\nx";
   dialogs.answers = {true};
@@ -111,7 +111,7 @@ TEST_F(MainWindowFilesTest, RestoreAsksFirstAndKeepsTheDatabaseWhenThePristineCo
   EXPECT_NE(dialogs.messages[0].find("feedstuff1.tab"), std::string::npos);
   EXPECT_EQ(read("feedstuff.tab"), database);
   EXPECT_EQ(model.table().substanceCount(), 5);
-  EXPECT_FALSE(model.chosen().empty());
+  EXPECT_FALSE(model.selection().chosen().empty());
 }
 
 TEST_F(MainWindowFilesTest, AFailedSaveNamesTheFileAndKeepsTheOldOne) {

@@ -43,7 +43,7 @@ class ModelTest : public ::testing::Test {
   }
   std::string chosen() const {
     std::string texts;
-    for (const ListEntry& entry : model.chosen()) texts += entry.text + ";";
+    for (const ListEntry& entry : model.selection().chosen()) texts += entry.text + ";";
     return texts;
   }
   void pseudos(bool pc, bool cc, bool f) { model.setPseudoComponents({pc, cc, f}); }
@@ -55,15 +55,15 @@ class ModelTest : public ::testing::Test {
 };
 
 TEST_F(ModelTest, AvailableListFollowsTheSubstance) {
-  EXPECT_EQ(model.available().size(), 4u);
-  EXPECT_EQ(model.available()[2].text, "Soybean (feed)");
-  EXPECT_EQ(model.available()[2].artSchadstoffwert, "1");
+  EXPECT_EQ(model.selection().available().size(), 4u);
+  EXPECT_EQ(model.selection().available()[2].text, "Soybean (feed)");
+  EXPECT_EQ(model.selection().available()[2].artSchadstoffwert, "1");
   EXPECT_TRUE(model.deleteSubstanceEnabled());
   choose({0});
   model.selectSubstance(1);
-  ASSERT_EQ(model.available().size(), 2u);
-  EXPECT_EQ(model.available()[1].text, "Rape (feed)");
-  EXPECT_TRUE(model.chosen().empty());
+  ASSERT_EQ(model.selection().available().size(), 2u);
+  EXPECT_EQ(model.selection().available()[1].text, "Rape (feed)");
+  EXPECT_TRUE(model.selection().chosen().empty());
   EXPECT_TRUE(model.removeEnabled());  // left as it was
 }
 
@@ -99,23 +99,23 @@ TEST_F(ModelTest, MovingInAndOut) {
   model.setCurrentChosen(1);
   model.raus();
   EXPECT_EQ(chosen(), "Maize (feed);Rape (feed);Soybean (feed);");
-  EXPECT_EQ(model.currentChosen(), 1);
+  EXPECT_EQ(model.selection().currentChosen(), 1);
   model.setCurrentChosen(2);
   model.raus();
-  EXPECT_EQ(model.currentChosen(), 1);
+  EXPECT_EQ(model.selection().currentChosen(), 1);
   model.setCurrentChosen(-1);
   model.raus();
-  EXPECT_EQ(model.chosen().size(), 2u);
+  EXPECT_EQ(model.selection().chosen().size(), 2u);
 
   for (int left = 2; left > 0; --left) model.setCurrentChosen(0), model.raus();
-  EXPECT_TRUE(model.chosen().empty());
-  EXPECT_EQ(model.currentChosen(), -1);
+  EXPECT_TRUE(model.selection().chosen().empty());
+  EXPECT_EQ(model.selection().currentChosen(), -1);
   EXPECT_TRUE(model.addEnabled());
   EXPECT_FALSE(model.removeEnabled() || model.removeAllEnabled());
 
   choose({0, 1});
   model.alle_raus();
-  EXPECT_TRUE(model.chosen().empty());
+  EXPECT_TRUE(model.selection().chosen().empty());
   EXPECT_FALSE(model.removeEnabled() || model.removeAllEnabled());
 }
 
@@ -155,7 +155,7 @@ TEST_F(ModelTest, LadenBuildsTheProgrammeFromTheLists) {
   choose({3, 0, 2});  // Wheat, Soybean, Rape
   model.setFishmealGrade(4);
   model.Laden();
-  const OptimisationProblem& p = model.problem();
+  const OptimisationProblem& p = model.lastRun().problem();
   ASSERT_EQ(p.n, 6);
   EXPECT_EQ(p.chosenCount, 3);
   EXPECT_EQ(p.residue[0], 1.2 / 88 * 100);    // divide first, then multiply
@@ -206,21 +206,23 @@ TEST_F(ModelTest, LadenTakesTheLastAvailableEntryOfEachText) {
   pseudos(false, false, false);
   const auto expectLastEntries = [&](const std::string& run) {
     model.Laden();
-    const int chosen = static_cast<int>(model.chosen().size());
-    ASSERT_EQ(model.problem().n, chosen) << run;
+    const int chosen = static_cast<int>(model.selection().chosen().size());
+    ASSERT_EQ(model.lastRun().problem().n, chosen) << run;
     for (int p = 0; p < chosen; ++p) {
       double expected = -1;
-      const auto& available = model.available();
+      const auto& available = model.selection().available();
       for (int q = static_cast<int>(available.size()) - 1; q >= 0 && expected < 0; --q)
-        if (available[q].text == model.chosen()[p].text) expected = model.workingSet()[q].lipid;
-      EXPECT_EQ(model.problem().lipid[p], expected) << run << ": " << model.chosen()[p].text;
+        if (available[q].text == model.selection().chosen()[p].text)
+          expected = model.selection().workingSet()[q].lipid;
+      EXPECT_EQ(model.lastRun().problem().lipid[p], expected)
+          << run << ": " << model.selection().chosen()[p].text;
     }
   };
   const auto chooseTexts = [&](std::initializer_list<int> ks) {
     model.clearSelection();
     for (int k : ks)
-      for (size_t q = 0; q < model.available().size(); ++q)
-        if (model.available()[q].text == text(k) + " (by-product)") {
+      for (size_t q = 0; q < model.selection().available().size(); ++q)
+        if (model.selection().available()[q].text == text(k) + " (by-product)") {
           model.setSelected(static_cast<int>(q), true);
           break;
         }
@@ -326,19 +328,19 @@ TEST_F(SingleRunTest, RunSetsTheHiddenChoosersFromTheOptions) {
   model.Optimierung_Click();
   EXPECT_EQ(model.species(), 1);
   EXPECT_EQ(model.fishmealGrade(), 2);
-  EXPECT_EQ(model.problem().protein[1], 65);  // PC is always the third grade
-  EXPECT_EQ(model.problem().lipidTarget, 15);
+  EXPECT_EQ(model.lastRun().problem().protein[1], 65);  // PC is always the third grade
+  EXPECT_EQ(model.lastRun().problem().lipidTarget, 15);
 
   model.setSpeciesOption(Species::CommonCarp);
   model.setAllScenariosMode(true);  // repeated from the report window: no statement
   model.EinfacheOptimierung();
-  EXPECT_TRUE(model.result().solvable);
+  EXPECT_TRUE(model.lastRun().result().solvable);
   EXPECT_FALSE(model.resultVisible());
 
   model.load(table, species, {{60, 12}, {62, 11}, {65, 10}}, true);  // simple layout
   EXPECT_TRUE(model.pseudoComponents().pc);
   model.Optimierung_Click();  // every available component takes part
-  EXPECT_EQ(model.chosen().size(), model.available().size());
+  EXPECT_EQ(model.selection().chosen().size(), model.selection().available().size());
 }
 
 // Only 100 % of the second component meets both targets; the method reports the first
@@ -358,26 +360,16 @@ TEST_F(ModelTest, EveryRunIsCheckedIndependently) {
   model.Optimierung_Click();
   EXPECT_EQ(model.resultText(),
             "Minimum content dietary burden based on Example B is 3.000 mg/kg.");
-  EXPECT_EQ(model.check().verdict, CheckVerdict::Differs);
-  EXPECT_EQ(model.checkSentence().rfind("Independent check: the true minimum is 5.000 mg/kg; the "
-                                        "optimisation reported 3.000 mg/kg",
-                                        0),
+  EXPECT_EQ(model.lastRun().check().verdict, CheckVerdict::Differs);
+  EXPECT_EQ(model.lastRun().checkSentence().rfind(
+                "Independent check: the true minimum is 5.000 mg/kg; the "
+                "optimisation reported 3.000 mg/kg",
+                0),
             0u)
-      << model.checkSentence();
+      << model.lastRun().checkSentence();
   model.setCriterionOption(Criterion::Maximum);
   model.Optimierung_Click();
-  EXPECT_EQ(model.checkSentence(), "Independent check: agrees.");
-}
-
-// Equal arguments are told apart by address: a tie must give the first, as the list
-// position after a removal depends on it.
-TEST(MinimumTest, ReturnsTheSmallerOrTheFirstOfATie) {
-  EXPECT_EQ(MainWindowModel::Minimum(3, 5), 3);
-  EXPECT_EQ(MainWindowModel::Minimum(5, 3), 3);
-  EXPECT_EQ(MainWindowModel::Minimum(-1, 0), -1);
-  const int first = 4, second = 4;
-  EXPECT_EQ(&MainWindowModel::Minimum(first, second), &first);
-  EXPECT_EQ(&MainWindowModel::Minimum(second, first), &second);
+  EXPECT_EQ(model.lastRun().checkSentence(), "Independent check: agrees.");
 }
 
 }  // namespace

@@ -107,7 +107,7 @@ TEST(ScenarioSweep, ReportFilesSummaryFullReportDoneAndDetails) {
   const MainWindowModel::PseudoComponents pseudo = s.m.pseudoComponents();
   EXPECT_EQ((std::array{pseudo.pc, s.m.mrbdLimits(), pseudo.cc, pseudo.f}),
             (std::array{false, false, true, false}));
-  EXPECT_EQ(s.m.problem().n, 4);
+  EXPECT_EQ(s.m.lastRun().problem().n, 4);
 
   const std::string once = kHeader + summary + expectedReportFile() + "\r\n";
   EXPECT_EQ(openFullReportFile(s.m), s.file("Report.txt"));

@@ -94,8 +94,9 @@ TEST_F(EditingTest, DeletingKeepsEverySubstanceWithItsValuesAndCodes) {
   expectSubstance(1, 1);
   expectSubstance(2, 3);
   expectSubstance(3, 4);
-  EXPECT_EQ(model.available().size(), 5u);  // the lists follow the new current substance
-  EXPECT_EQ(model.workingSet()[2].residue, 3.3);
+  EXPECT_EQ(model.selection().available().size(),
+            5u);  // the lists follow the new current substance
+  EXPECT_EQ(model.selection().workingSet()[2].residue, 3.3);
 
   model.Loeschen_Click();
   model.Loeschen_Click();
@@ -191,8 +192,8 @@ TEST_F(EditingTest, EditTwoValuesThenDoneThenTheExitAsks) {
   }
   expectSubstance(1, 1);
   expectSubstance(3, 3);
-  EXPECT_EQ(model.available().size(), 4u);
-  EXPECT_EQ(model.workingSet()[1].residue, 1.5);
+  EXPECT_EQ(model.selection().available().size(), 4u);
+  EXPECT_EQ(model.selection().workingSet()[1].residue, 1.5);
   EXPECT_TRUE(model.databaseModified());
 
   EXPECT_TRUE(model.Ende_Click());
@@ -236,9 +237,9 @@ TEST_F(EditingTest, DoneAfterAddSelectsTheNewLastSubstance) {
     EXPECT_EQ(model.table().residue(2, i), residues[i - 1]);
     EXPECT_EQ(model.table().basis(2, i), codes[i - 1]);
   }
-  ASSERT_EQ(model.available().size(), 2u);
-  EXPECT_EQ(model.available()[1].text, "Soybean (feed)");
-  EXPECT_EQ(model.available()[1].artSchadstoffwert, "1");
+  ASSERT_EQ(model.selection().available().size(), 2u);
+  EXPECT_EQ(model.selection().available()[1].text, "Soybean (feed)");
+  EXPECT_EQ(model.selection().available()[1].artSchadstoffwert, "1");
 }
 
 TEST_F(EditingTest, EditingLayoutAndBack) {

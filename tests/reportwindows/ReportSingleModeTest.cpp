@@ -239,10 +239,11 @@ TEST_F(SingleModeTest, AWarningWhenTheCheckDiffers) {
   loadErringTables(model);
   model.setPseudoComponents({false, false, false});
   model.Optimierung_Click();
-  ASSERT_EQ(model.check().verdict, CheckVerdict::Differs);
+  ASSERT_EQ(model.lastRun().check().verdict, CheckVerdict::Differs);
   withReport([&] {
     EXPECT_TRUE(shown(report, "CheckWarning"));
-    EXPECT_EQ(child<QLabel>(report, "CheckWarning")->text().toStdString(), model.checkSentence());
+    EXPECT_EQ(child<QLabel>(report, "CheckWarning")->text().toStdString(),
+              model.lastRun().checkSentence());
     click(report, "Command1");
     EXPECT_TRUE(shown(report, "CheckWarning"));  // over the table as well
   });
