@@ -18,7 +18,7 @@ void fill(QListWidget& list, const std::vector<ListEntry>& entries) {
 }  // namespace
 
 void Hauptform::fillSubstances() {
-  auto* list = control<QListWidget>("Schadstoffliste");
+  auto* list = control<QListWidget>(C::Schadstoffliste);
   const QSignalBlocker quiet(list);
   const ComponentTable& table = m_model->table();
   QStringList names;
@@ -31,14 +31,14 @@ void Hauptform::fillSubstances() {
 }
 
 void Hauptform::fillAvailable() {
-  auto* list = control<QListWidget>("Fischfutter1");
+  QListWidget* list = m_available;
   const QSignalBlocker quiet(list);
   fill(*list, m_model->selection().available());
   list->setToolTip(QString());
 }
 
 void Hauptform::fillChosen() {
-  auto* list = control<QListWidget>("Fischfutter2");
+  auto* list = control<QListWidget>(C::Fischfutter2);
   const QSignalBlocker quiet(list);
   fill(*list, m_model->selection().chosen());
   if (m_model->selection().currentChosen() >= 0)
@@ -46,14 +46,14 @@ void Hauptform::fillChosen() {
 }
 
 void Hauptform::showAvailableSelection() {
-  auto* list = control<QListWidget>("Fischfutter1");
+  QListWidget* list = m_available;
   const QSignalBlocker quiet(list);
   for (int p = 0; p < list->count(); ++p)
     list->item(p)->setSelected(m_model->selection().isSelected(p));
 }
 
 void Hauptform::forwardAvailableSelection() {
-  auto* list = control<QListWidget>("Fischfutter1");
+  QListWidget* list = m_available;
   m_model->clearSelection();
   for (const QListWidgetItem* item : list->selectedItems())
     m_model->setSelected(list->row(item), true);
@@ -82,7 +82,7 @@ void Hauptform::alle_rein_Click() {
 }
 
 void Hauptform::raus_Click() {
-  m_model->setCurrentChosen(control<QListWidget>("Fischfutter2")->currentRow());
+  m_model->setCurrentChosen(control<QListWidget>(C::Fischfutter2)->currentRow());
   m_model->raus();
   fillChosen();
   applyLayout();
@@ -95,14 +95,14 @@ void Hauptform::alle_raus_Click() {
 }
 
 void Hauptform::availablePressed() {
-  auto* list = control<QListWidget>("Fischfutter1");
+  QListWidget* list = m_available;
   m_model->Fischfutter1_MouseDown(list->currentRow(), m_pressPoint.x(), m_pressPoint.y());
   list->setToolTip(QString::fromStdString(m_model->availableTooltip()));
 }
 
 void Hauptform::availableMoved(const QPoint& position) {
   m_model->Fischfutter1_MouseMove(position.x(), position.y());
-  auto* list = control<QListWidget>("Fischfutter1");
+  QListWidget* list = m_available;
   if (m_model->availableTooltip().empty() && !list->toolTip().isEmpty())
     list->setToolTip(QString());
 }

@@ -41,23 +41,23 @@ Qt::MouseButton button(const QEvent* event) {
 }  // namespace
 
 void Hauptform::connectSubstanceEditing() {
-  auto* substances = control<QListWidget>("Schadstoffliste");
+  auto* substances = control<QListWidget>(C::Schadstoffliste);
   connect(substances, &QListWidget::itemDoubleClicked, this,
           [this] { substanceCommand(&MainWindowModel::Schadstoffliste_DblClick); });
   auto* listKeys = new EventHook(
       [this](QObject*, QEvent* event) { return Schadstoffliste_KeyDown(event); }, this);
   listKeys->watch(substances);
-  const auto command = [this](const char* name, void (MainWindowModel::*operation)()) {
+  const auto command = [this](ControlId name, void (MainWindowModel::*operation)()) {
     connect(control<QAbstractButton>(name), &QAbstractButton::clicked, this,
             [this, operation] { substanceCommand(operation); });
   };
-  command("Add", &MainWindowModel::Add_Click);
-  command("Edit", &MainWindowModel::Edit_Click);
-  command("Kopieren", &MainWindowModel::Kopieren_Click);
-  command("Loeschen", &MainWindowModel::Loeschen_Click);
-  command("Abbrechen", &MainWindowModel::Abbrechen_Click);
+  command(C::Add, &MainWindowModel::Add_Click);
+  command(C::Edit, &MainWindowModel::Edit_Click);
+  command(C::Kopieren, &MainWindowModel::Kopieren_Click);
+  command(C::Loeschen, &MainWindowModel::Loeschen_Click);
+  command(C::Abbrechen, &MainWindowModel::Abbrechen_Click);
 
-  m_gridView = new ResidueGridView(control<QTableWidget>("schadstoffwerte"));
+  m_gridView = new ResidueGridView(control<QTableWidget>(C::schadstoffwerte));
   connect(m_gridView, &ResidueGridView::cursorChanged, this,
           [this](int row, int column, int end) { m_model->setGridCursor(row, column, end); });
   connect(m_gridView, &ResidueGridView::clicked, this, &Hauptform::schadstoffwerte_Click);
@@ -65,7 +65,7 @@ void Hauptform::connectSubstanceEditing() {
   connect(m_gridView, &ResidueGridView::wheelTurned, this, &Hauptform::schadstoffwerte_Wheel);
   connect(m_gridView, &ResidueGridView::scrolled, this, &Hauptform::followGridScroll);
 
-  auto* box = control<QLineEdit>("EingabeSchadstoff");
+  auto* box = control<QLineEdit>(C::EingabeSchadstoff);
   paintGreen(*box);
   // Every character reaches the box through the model's numeric filter: no menu, no drops.
   box->setContextMenuPolicy(Qt::NoContextMenu);
@@ -77,24 +77,24 @@ void Hauptform::connectSubstanceEditing() {
   connect(box, &QLineEdit::cursorPositionChanged, this, &Hauptform::editBoxChanged);
   connect(box, &QLineEdit::selectionChanged, this, &Hauptform::editBoxChanged);
 
-  auto* basis = control<QComboBox>("ArtSchadstoffwertCombo");
+  auto* basis = control<QComboBox>(C::ArtSchadstoffwertCombo);
   paintGreen(*basis);
   connect(basis, QOverload<int>::of(&QComboBox::activated), this,
           &Hauptform::ArtSchadstoffwertCombo_Click);
 
   // What is typed into the two text boxes is the model's caption from then on.
-  const auto typedInto = [this](const char* name, void (MainWindowModel::*set)(std::string)) {
+  const auto typedInto = [this](ControlId name, void (MainWindowModel::*set)(std::string)) {
     connect(control<QLineEdit>(name), &QLineEdit::textEdited, this,
             [this, name, set](const QString& text) {
               (m_model.get()->*set)(text.toStdString());
-              m_shownCaptions[name] = text.toStdString();
+              m_shownCaptions[index(name)] = text.toStdString();
             });
   };
-  typedInto("Suche", &MainWindowModel::setSearchText);
-  typedInto("Schadstoffname", &MainWindowModel::setSubstanceNameText);
-  connect(control<QLineEdit>("Suche"), &QLineEdit::returnPressed, this, &Hauptform::Go_Click);
-  connect(control<QAbstractButton>("Go"), &QAbstractButton::clicked, this, &Hauptform::Go_Click);
-  auto* name = control<QLineEdit>("Schadstoffname");
+  typedInto(C::Suche, &MainWindowModel::setSearchText);
+  typedInto(C::Schadstoffname, &MainWindowModel::setSubstanceNameText);
+  connect(control<QLineEdit>(C::Suche), &QLineEdit::returnPressed, this, &Hauptform::Go_Click);
+  connect(control<QAbstractButton>(C::Go), &QAbstractButton::clicked, this, &Hauptform::Go_Click);
+  auto* name = control<QLineEdit>(C::Schadstoffname);
   auto* nameClicks = new EventHook(
       [name](QObject*, QEvent* event) {
         if (event->type() == QEvent::MouseButtonRelease && button(event) == Qt::LeftButton)
@@ -126,7 +126,7 @@ bool Hauptform::Schadstoffliste_KeyDown(QEvent* event) {
 
 void Hauptform::showGrid() {
   if (!m_model->editing()) return;
-  const ControlState& place = m_model->layout().at("schadstoffwerte");
+  const ControlState& place = m_model->layout().at(C::schadstoffwerte);
   m_gridView->setColumnWidths(
       ResidueGrid::columnWidths(place.width, place.width - m_gridView->chromeWidth()));
   m_gridView->show(m_model->grid());
@@ -136,7 +136,7 @@ void Hauptform::schadstoffwerte_Click() { placeEditor(m_model->schadstoffwerte_C
 
 void Hauptform::placeEditor(MainWindowModel::GridEditor editor) {
   if (editor == MainWindowModel::GridEditor::None) return;
-  const ControlState& grid = m_model->layout().at("schadstoffwerte");
+  const ControlState& grid = m_model->layout().at(C::schadstoffwerte);
   const std::pair<int, int> at{m_model->grid().row(), m_model->grid().column()};
   const TwipsRect cell = m_gridView->cellRect(at.first, at.second);
   if (editor == MainWindowModel::GridEditor::EditBox) {
@@ -145,7 +145,7 @@ void Hauptform::placeEditor(MainWindowModel::GridEditor editor) {
     applyLayout();
     clipEditors();
     showEditBox();
-    auto* box = control<QLineEdit>("EingabeSchadstoff");
+    auto* box = control<QLineEdit>(C::EingabeSchadstoff);
     box->raise();
     box->setFocus();
     return;
@@ -154,7 +154,7 @@ void Hauptform::placeEditor(MainWindowModel::GridEditor editor) {
   m_model->Auswahlfeld_platzieren(grid.left, grid.top, cell);
   applyLayout();
   clipEditors();
-  auto* basis = control<QComboBox>("ArtSchadstoffwertCombo");
+  auto* basis = control<QComboBox>(C::ArtSchadstoffwertCombo);
   const QSignalBlocker quiet(basis);
   basis->setCurrentIndex(m_model->grid().basisChoice());
   basis->raise();
@@ -162,10 +162,10 @@ void Hauptform::placeEditor(MainWindowModel::GridEditor editor) {
 
 void Hauptform::followGridScroll() {
   const MainWindowLayout& layout = m_model->layout();
-  const bool box = layout.at("EingabeSchadstoff").visible;
-  const bool chooser = layout.at("ArtSchadstoffwertCombo").visible;
+  const bool box = layout.at(C::EingabeSchadstoff).visible;
+  const bool chooser = layout.at(C::ArtSchadstoffwertCombo).visible;
   if (!m_model->editing() || !(box || chooser)) return;
-  const ControlState& grid = layout.at("schadstoffwerte");
+  const ControlState& grid = layout.at(C::schadstoffwerte);
   if (box) {
     // Placing selects the box's text; scrolling leaves it as the user had it.
     const ResidueGrid& cells = m_model->grid();
@@ -186,7 +186,7 @@ void Hauptform::followGridScroll() {
 
 void Hauptform::clipEditors() {
   const QRect cells = m_gridView->cellsOn(centralWidget());
-  for (const char* name : {"EingabeSchadstoff", "ArtSchadstoffwertCombo"}) {
+  for (ControlId name : {C::EingabeSchadstoff, C::ArtSchadstoffwertCombo}) {
     QWidget* editor = control<QWidget>(name);
     const QRect place = editor->geometry();
     if (cells.contains(place)) {
@@ -224,7 +224,7 @@ bool Hauptform::EingabeSchadstoff_Event(QEvent* event) {
       return button(event) == Qt::MiddleButton;  // no pasting of the selection past the filter
     case QEvent::MouseButtonRelease:
       // After a double-click has hidden the box, its last release is no click.
-      if (button(event) != Qt::LeftButton || !control<QLineEdit>("EingabeSchadstoff")->isVisible())
+      if (button(event) != Qt::LeftButton || !control<QLineEdit>(C::EingabeSchadstoff)->isVisible())
         return false;
       m_model->EingabeSchadstoff_Click();
       showGrid();
@@ -279,7 +279,7 @@ bool Hauptform::EingabeSchadstoff_KeyPress(QEvent* event) {
 }
 
 void Hauptform::showEditBox() {
-  auto* box = control<QLineEdit>("EingabeSchadstoff");
+  auto* box = control<QLineEdit>(C::EingabeSchadstoff);
   const ResidueGrid& grid = m_model->grid();
   const std::string& text = grid.editText();
   const int start = unitsBefore(text, grid.editSelectionStart());
@@ -296,7 +296,7 @@ void Hauptform::showEditBox() {
 
 void Hauptform::editBoxChanged() {
   if (m_showingEditBox) return;
-  auto* box = control<QLineEdit>("EingabeSchadstoff");
+  auto* box = control<QLineEdit>(C::EingabeSchadstoff);
   const QString text = box->text();
   const int start = box->hasSelectedText() ? box->selectionStart() : box->cursorPosition();
   const int length = box->hasSelectedText() ? box->selectionLength() : 0;

@@ -4,6 +4,8 @@
 
 namespace pescavo {
 
+using C = ControlId;
+
 MainWindowModel::MainWindowModel(Dialogs& dialogs, char decimalSeparator)
     : m_decimalSeparator(decimalSeparator), m_dialogs(dialogs) {}
 
@@ -29,14 +31,14 @@ void MainWindowModel::load(ComponentTable table, std::vector<FishSpecies> specie
   m_fishmealTable = std::move(fishmeal);
   m_options.fishmealGrade = 2;
   m_databaseModified = false;
-  m_layout.hide({"FischmehlCaption", "EingabeSchadstoff"});
+  m_layout.hide({C::FischmehlCaption, C::EingabeSchadstoff});
   m_selection.reset(m_table, m_substance);
   if (m_simpleMode) {
     m_options.pseudo.pc = true;
     m_layout.applySimpleLayout(false);
-    m_layout.hide({"restore", "Image6"});
+    m_layout.hide({C::restore, C::Image6});
   }
-  m_layout.hide({"MenuEdit"});
+  m_layout.hide({C::MenuEdit});
 }
 
 std::string MainWindowModel::substanceName() const {
@@ -73,9 +75,9 @@ void MainWindowModel::alle_raus() {
   Ergebnis_ausblenden();
 }
 
-bool MainWindowModel::enabled(std::string_view control) const {
-  if (control == "Loeschen") return deleteSubstanceEnabled();
-  if (control == "raus" || control == "alle_raus") return m_selection.removeEnabled();
+bool MainWindowModel::enabled(ControlId control) const {
+  if (control == C::Loeschen) return deleteSubstanceEnabled();
+  if (control == C::raus || control == C::alle_raus) return m_selection.removeEnabled();
   return m_layout.at(control).enabled;
 }
 
@@ -116,7 +118,7 @@ RunInput MainWindowModel::runInput() const {
 }
 
 void MainWindowModel::Ergebnis_ausblenden() {
-  m_layout.hide({"Ergebnis", "ReportButton", "Gegenpruefung"});
+  m_layout.hide({C::Ergebnis, C::ReportButton, C::Gegenpruefung});
 }
 
 void MainWindowModel::Optimierung_Click() {
@@ -150,7 +152,7 @@ void MainWindowModel::EinfacheOptimierung() {
   if (m_allScenariosMode) return Ergebnis_ausblenden();
   m_resultText = m_run.statement(substanceName());
   m_resultRed = m_run.result().burden > 0.1;
-  m_layout.show({"Ergebnis", "ReportButton", "Gegenpruefung"});
+  m_layout.show({C::Ergebnis, C::ReportButton, C::Gegenpruefung});
 }
 
 void MainWindowModel::stopRun(const std::string& message) {

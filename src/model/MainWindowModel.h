@@ -71,9 +71,11 @@ class MainWindowModel {
   enum class GridEditor { None, EditBox, BasisChooser };
   // EditMode: an existing substance is edited (false while adding and outside editing).
   bool editMode() const { return m_editMode && editing(); }
-  bool editing() const { return m_layout.at("Ende").caption != "Exit"; }
+  bool editing() const { return m_layout.at(ControlId::Ende).caption != "Exit"; }
   const ResidueGrid& grid() const { return m_grid; }
-  const std::string& substanceNameText() const { return m_layout.at("Schadstoffname").caption; }
+  const std::string& substanceNameText() const {
+    return m_layout.at(ControlId::Schadstoffname).caption;
+  }
   void setSubstanceNameText(std::string text);
   void Schadstoffliste_DblClick();
   void Schadstoffliste_KeyDown(int key, bool control);  // Delete: "Del"; Ctrl+C: "Copy "
@@ -113,7 +115,7 @@ class MainWindowModel {
   void EingabeSchadstoff_DblClick();
   void ArtSchadstoffwertCombo_Click(int position);
   // Suche and Go; Enter in Suche is Go.
-  const std::string& searchText() const { return m_layout.at("Suche").caption; }
+  const std::string& searchText() const { return m_layout.at(ControlId::Suche).caption; }
   void setSearchText(std::string text);
   void Go_Click();
 
@@ -165,8 +167,8 @@ class MainWindowModel {
   bool allScenariosMode() const { return m_allScenariosMode; }
   void setAllScenariosMode(bool on) { m_allScenariosMode = on; }
   bool databaseModified() const { return m_databaseModified; }
-  bool resultVisible() const { return m_layout.at("Ergebnis").visible; }
-  bool reportButtonVisible() const { return m_layout.at("ReportButton").visible; }
+  bool resultVisible() const { return m_layout.at(ControlId::Ergebnis).visible; }
+  bool reportButtonVisible() const { return m_layout.at(ControlId::ReportButton).visible; }
   const std::string& resultText() const { return m_resultText; }
   bool resultRed() const { return m_resultRed; }
   void Ergebnis_ausblenden();
@@ -174,7 +176,7 @@ class MainWindowModel {
   // Captions, places and shown and enabled states of every control; enabled() is the one to
   // read, since some states follow from the database and the lists.
   const MainWindowLayout& layout() const { return m_layout; }
-  bool enabled(std::string_view control) const;
+  bool enabled(ControlId control) const;
 
   // "&save": writes feedstuff.tab; a failed write is shown with the file and the reason.
   void save();
@@ -214,9 +216,7 @@ class MainWindowModel {
  private:
   // Shows why the run stops there and withdraws the result.
   void stopRun(const std::string& message);
-  void setEnabled(std::string_view control, bool enabled) {
-    m_layout.at(control).enabled = enabled;
-  }
+  void setEnabled(ControlId control, bool enabled) { m_layout.at(control).enabled = enabled; }
   std::string feedstuffPath() const { return m_inputFolder + "/feedstuff.tab"; }
   // Any change of selection or option withdraws the result shown.
   template <typename T>

