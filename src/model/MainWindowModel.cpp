@@ -7,32 +7,34 @@ namespace pescavo {
 using C = ControlId;
 
 MainWindowModel::MainWindowModel(Dialogs& dialogs, char decimalSeparator)
-    : m_decimalSeparator(decimalSeparator), m_dialogs(dialogs) {}
+    : m_database(dialogs), m_decimalSeparator(decimalSeparator), m_dialogs(dialogs) {}
 
 void MainWindowModel::startUp(const std::string& folder, bool simple) {
-  m_inputFolder = folder;
   std::vector<FishSpecies> species = readSpeciesTable(folder + "/Species.tab");
-  ComponentTable table = readComponentTable(folder + "/feedstuff.tab");
-  m_duplicateWarnings = pescavo::duplicateWarnings(table, "feedstuff.tab");
+  m_database.read(folder);
   std::vector<FishMealGrade> fishmeal = readFishmealTable(folder + "/Fishmeal.tab");
-  load(std::move(table), std::move(species), std::move(fishmeal), simple);
+  showLoaded(std::move(species), std::move(fishmeal), simple);
 }
 
 void MainWindowModel::load(ComponentTable table, std::vector<FishSpecies> species,
                            std::vector<FishMealGrade> fishmeal, bool simple) {
+  m_database.assign(std::move(table));
+  showLoaded(std::move(species), std::move(fishmeal), simple);
+}
+
+void MainWindowModel::showLoaded(std::vector<FishSpecies> species,
+                                 std::vector<FishMealGrade> fishmeal, bool simple) {
   m_simpleMode = simple;
   m_layout = MainWindowLayout();
   m_speciesTable = std::move(species);
   m_options.species = 0;
-  m_table = std::move(table);
   m_substance = 0;
   m_options.criterion = Criterion::Maximum;
-  m_residueGrid = lade_Schadstoffwerte(m_table, m_substance + 1);
+  m_residueGrid = lade_Schadstoffwerte(m_database.table(), m_substance + 1);
   m_fishmealTable = std::move(fishmeal);
   m_options.fishmealGrade = 2;
-  m_databaseModified = false;
   m_layout.hide({C::FischmehlCaption, C::EingabeSchadstoff});
-  m_selection.reset(m_table, m_substance);
+  m_selection.reset(m_database.table(), m_substance);
   if (m_simpleMode) {
     m_options.pseudo.pc = true;
     m_layout.applySimpleLayout(false);
@@ -42,7 +44,7 @@ void MainWindowModel::load(ComponentTable table, std::vector<FishSpecies> specie
 }
 
 std::string MainWindowModel::substanceName() const {
-  return m_substance >= 0 ? m_table.substanceName(m_substance + 1) : std::string();
+  return m_substance >= 0 ? m_database.table().substanceName(m_substance + 1) : std::string();
 }
 
 void MainWindowModel::selectSubstance(int position) {
@@ -51,7 +53,9 @@ void MainWindowModel::selectSubstance(int position) {
   Ergebnis_ausblenden();
 }
 
-void MainWindowModel::Futterliste_aktualisieren() { m_selection.refresh(m_table, m_substance); }
+void MainWindowModel::Futterliste_aktualisieren() {
+  m_selection.refresh(m_database.table(), m_substance);
+}
 
 void MainWindowModel::Rein() {
   m_selection.Rein();
@@ -113,7 +117,7 @@ void MainWindowModel::setFishmealGrade(int position) { change(m_options.fishmeal
 
 RunInput MainWindowModel::runInput() const {
   return {m_speciesTable,           m_fishmealTable,      m_selection.available(),
-          m_selection.workingSet(), m_selection.chosen(), m_table.componentCount(),
+          m_selection.workingSet(), m_selection.chosen(), m_database.table().componentCount(),
           m_decimalSeparator};
 }
 
@@ -160,30 +164,12 @@ void MainWindowModel::stopRun(const std::string& message) {
   Ergebnis_ausblenden();
 }
 
-namespace {
-
-const char* const kSaveQuestion = "You modified the substance database. Do you want to save?";
-const char* const kSortQuestion = "Do you want to sort the data base entries?";
-const char* const kResetQuestion = "You want to reset the data base settings?";
-
-}  // namespace
-
-bool MainWindowModel::writeDatabase() {
-  try {
-    writeComponentTable(m_table, feedstuffPath(), m_decimalSeparator);
-    return true;
-  } catch (const TableError& error) {
-    m_dialogs.information(error.what());
-    return false;
-  }
-}
-
 void MainWindowModel::save() {
   Ergebnis_ausblenden();
   // After writing, so the file holds the table as it was; only while editing, since outside it
   // there is no grid to take over. A new substance is stored once: editing then goes on with
   // it, so that "Done" does not add it a second time.
-  if (writeDatabase() && editing()) {
+  if (m_database.write(m_decimalSeparator) && editing()) {
     keepEditBoxText();
     const bool adding = !editMode();
     if (uebernehme_Werte() && adding) {
@@ -199,33 +185,14 @@ bool MainWindowModel::Ende_Click() {
     leaveEditing();
     return false;
   }
-  if (!m_databaseModified) return true;
-  if (!m_dialogs.askYesNo(kSaveQuestion)) return true;
-  // Nothing is lost by a failed write: the old file stands and the window stays open.
-  if (!writeDatabase()) return false;
-  if (!m_dialogs.askYesNo(kSortQuestion)) return true;
-  try {
-    sortComponentFile(feedstuffPath());
-  } catch (const TableError& error) {
-    // The database is saved; only its order is as before.
-    m_dialogs.information(error.what());
-  }
-  return true;
+  return m_database.saveBeforeExit(m_decimalSeparator);
 }
 
 void MainWindowModel::restore() {
-  if (!m_dialogs.askYesNo(kResetQuestion)) return;
-  ComponentTable table;
-  try {
-    table = resetComponentTable(m_inputFolder);
-  } catch (const TableError& error) {
-    m_dialogs.information(error.what());
-    return;
-  }
-  m_table = std::move(table);
+  if (!m_database.restore()) return;
   m_substance = 0;
   Futterliste_aktualisieren();
-  m_residueGrid = lade_Schadstoffwerte(m_table, m_substance + 1);
+  m_residueGrid = lade_Schadstoffwerte(m_database.table(), m_substance + 1);
   // The lists were emptied, so a result on screen no longer belongs to them.
   Ergebnis_ausblenden();
 }

@@ -11,6 +11,7 @@
 #include "model/ReportState.h"
 #include "model/ResidueGrid.h"
 #include "model/RunOptions.h"
+#include "model/SubstanceDatabase.h"
 #include "tables/ComponentTable.h"
 #include "tables/ComponentViews.h"
 #include "tables/FishTables.h"
@@ -44,14 +45,16 @@ class MainWindowModel {
   void startUp(const std::string& inputFolder, bool simpleMode = false);
   // Equal components or substance names in feedstuff.tab as start-up found them: a face shows
   // each once, since only the last of equal components takes part in a run.
-  const std::vector<std::string>& duplicateWarnings() const { return m_duplicateWarnings; }
+  const std::vector<std::string>& duplicateWarnings() const {
+    return m_database.duplicateWarnings();
+  }
   // The same with tables already read.
   void load(ComponentTable table, std::vector<FishSpecies> species,
             std::vector<FishMealGrade> fishmeal, bool simpleMode = false);
 
   // Tables.
-  const std::string& inputFolder() const { return m_inputFolder; }
-  const ComponentTable& table() const { return m_table; }
+  const std::string& inputFolder() const { return m_database.folder(); }
+  const ComponentTable& table() const { return m_database.table(); }
   const std::vector<FishSpecies>& speciesTable() const { return m_speciesTable; }
   const std::vector<FishMealGrade>& fishmealTable() const { return m_fishmealTable; }
 
@@ -62,7 +65,7 @@ class MainWindowModel {
   void Futterliste_aktualisieren();
   const std::vector<std::array<std::string, 6>>& residueGrid() const { return m_residueGrid; }
   // "Del" has something to do while the database holds two substances or more.
-  bool deleteSubstanceEnabled() const { return m_table.substanceCount() >= 2; }
+  bool deleteSubstanceEnabled() const { return m_database.canDelete(); }
 
   // Substance database and editing. Schadstoffliste's Click is selectSubstance. While a
   // substance is added or edited Ende reads "Done", grid() is the residue grid and the window
@@ -166,7 +169,7 @@ class MainWindowModel {
   bool simpleMode() const { return m_simpleMode; }
   bool allScenariosMode() const { return m_allScenariosMode; }
   void setAllScenariosMode(bool on) { m_allScenariosMode = on; }
-  bool databaseModified() const { return m_databaseModified; }
+  bool databaseModified() const { return m_database.modified(); }
   bool resultVisible() const { return m_layout.at(ControlId::Ergebnis).visible; }
   bool reportButtonVisible() const { return m_layout.at(ControlId::ReportButton).visible; }
   const std::string& resultText() const { return m_resultText; }
@@ -217,7 +220,9 @@ class MainWindowModel {
   // Shows why the run stops there and withdraws the result.
   void stopRun(const std::string& message);
   void setEnabled(ControlId control, bool enabled) { m_layout.at(control).enabled = enabled; }
-  std::string feedstuffPath() const { return m_inputFolder + "/feedstuff.tab"; }
+  // The tables read, shown as start-up shows them.
+  void showLoaded(std::vector<FishSpecies> species, std::vector<FishMealGrade> fishmeal,
+                  bool simple);
   // Any change of selection or option withdraws the result shown.
   template <typename T>
   void change(T& control, T value) {
@@ -225,9 +230,7 @@ class MainWindowModel {
     Ergebnis_ausblenden();
   }
 
-  std::string m_inputFolder;
-  std::vector<std::string> m_duplicateWarnings;
-  ComponentTable m_table;
+  SubstanceDatabase m_database;
   std::vector<FishSpecies> m_speciesTable;
   std::vector<FishMealGrade> m_fishmealTable;
 
@@ -245,7 +248,6 @@ class MainWindowModel {
 
   bool m_simpleMode = false;
   bool m_allScenariosMode = false;
-  bool m_databaseModified = false;
   std::string m_resultText;
   bool m_resultRed = false;
   FeedRun m_run;
@@ -259,8 +261,6 @@ class MainWindowModel {
   int targetSubstance() const;
   // A substance just added becomes the current one.
   void selectAddedSubstance();
-  // Writes feedstuff.tab; false, with the file and the reason shown, when it can't.
-  bool writeDatabase();
   // Typing in the edit box that Enter has not stored yet goes into its cell.
   void keepEditBoxText();
   bool tableFull();  // shows why another substance can't be added

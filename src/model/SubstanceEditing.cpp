@@ -46,20 +46,20 @@ void MainWindowModel::Schadstoffliste_KeyDown(int key, bool control) {
 }
 
 bool MainWindowModel::tableFull() {
-  if (m_table.substanceCount() < ComponentTable::kMaxSubstances) return false;
+  if (m_database.table().substanceCount() < ComponentTable::kMaxSubstances) return false;
   m_dialogs.information(kTableFull);
   return true;
 }
 
 int MainWindowModel::targetSubstance() const {
-  return editMode() ? m_substance + 1 : m_table.substanceCount() + 1;
+  return editMode() ? m_substance + 1 : m_database.table().substanceCount() + 1;
 }
 
 void MainWindowModel::Add_Click() {
   if (!editMode()) {
     // Refused here rather than at "Done", before anything is typed.
     if (tableFull()) return;
-    m_grid.startAdding(lade_Schadstoffwerte(m_table, std::max(m_substance, 0) + 1),
+    m_grid.startAdding(lade_Schadstoffwerte(m_database.table(), std::max(m_substance, 0) + 1),
                        targetSubstance());
     setSubstanceNameText(kNewSubstance);
   }
@@ -69,8 +69,8 @@ void MainWindowModel::Add_Click() {
 void MainWindowModel::Edit_Click() {
   if (m_substance < 0) return;
   const int j = m_substance + 1;
-  m_grid.startEditing(lade_Schadstoffwerte(m_table, j), m_table, j);
-  setSubstanceNameText(m_table.substanceName(j));
+  m_grid.startEditing(lade_Schadstoffwerte(m_database.table(), j), m_database.table(), j);
+  setSubstanceNameText(m_database.table().substanceName(j));
   m_editMode = true;
   m_layout.show({C::Abbrechen});
   showEditingLayout();
@@ -143,7 +143,9 @@ void MainWindowModel::keepEditBoxText() {
   m_layout.hide({C::EingabeSchadstoff});
 }
 
-void MainWindowModel::selectAddedSubstance() { selectSubstance(m_table.substanceCount() - 1); }
+void MainWindowModel::selectAddedSubstance() {
+  selectSubstance(m_database.table().substanceCount() - 1);
+}
 
 bool MainWindowModel::leaveEditing() {
   if (!editing()) return false;
@@ -169,37 +171,37 @@ bool MainWindowModel::uebernehme_Werte() {
   }
   if (adding && tableFull()) return false;
   const int t = targetSubstance();
-  const int rows = std::min(m_grid.rowCount() - 1, m_table.componentCount());
+  const int rows = std::min(m_grid.rowCount() - 1, m_database.table().componentCount());
   std::vector<std::int16_t> codes(static_cast<std::size_t>(std::max(rows, 0)));
   for (int r = 1; r <= rows; ++r)
-    codes[static_cast<std::size_t>(r - 1)] = m_grid.basisCopy().code(m_table, t, r);
+    codes[static_cast<std::size_t>(r - 1)] = m_grid.basisCopy().code(m_database.table(), t, r);
   if (adding)
-    m_table.addSubstance(substanceNameText());
+    m_database.table().addSubstance(substanceNameText());
   else
-    m_table.setSubstanceName(t, substanceNameText());
+    m_database.table().setSubstanceName(t, substanceNameText());
   for (int r = 1; r <= rows; ++r) {
-    m_table.setResidue(t, r, m_grid.value(r));
-    m_table.setBasis(t, r, codes[static_cast<std::size_t>(r - 1)]);
+    m_database.table().setResidue(t, r, m_grid.value(r));
+    m_database.table().setBasis(t, r, codes[static_cast<std::size_t>(r - 1)]);
   }
-  m_databaseModified = true;
+  m_database.markModified();
   return true;
 }
 
 void MainWindowModel::Kopieren_Click() {
   if (m_substance < 0 || tableFull()) return;
-  if (editing()) m_grid.basisCopy().freeze(m_table);
+  if (editing()) m_grid.basisCopy().freeze(m_database.table());
   const int p = m_substance;
-  const int k = m_table.copySubstance(p + 1, m_table.substanceName(p + 1));
+  const int k = m_database.table().copySubstance(p + 1, m_database.table().substanceName(p + 1));
   selectSubstance(k - 1);
 }
 
 void MainWindowModel::Loeschen_Click() {
   if (!deleteSubstanceEnabled() || m_substance < 0) return;
-  m_databaseModified = true;
+  m_database.markModified();
   const int p = m_substance;
-  if (editing()) m_grid.basisCopy().freeze(m_table);
-  m_table.deleteSubstance(p + 1);
-  selectSubstance(std::min(p, m_table.substanceCount() - 1));
+  if (editing()) m_grid.basisCopy().freeze(m_database.table());
+  m_database.table().deleteSubstance(p + 1);
+  selectSubstance(std::min(p, m_database.table().substanceCount() - 1));
 }
 
 void MainWindowModel::setGridCursor(int row, int column, int selectionEnd) {
@@ -286,7 +288,7 @@ void MainWindowModel::EingabeSchadstoff_DblClick() {
 
 void MainWindowModel::ArtSchadstoffwertCombo_Click(int position) {
   keepEditBoxText();
-  m_grid.chooseBasis(position, m_table, targetSubstance());
+  m_grid.chooseBasis(position, m_database.table(), targetSubstance());
   m_layout.hide({C::ArtSchadstoffwertCombo, C::EingabeSchadstoff});
 }
 
