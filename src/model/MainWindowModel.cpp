@@ -30,7 +30,6 @@ void MainWindowModel::showLoaded(std::vector<FishSpecies> species,
   m_options.species = 0;
   m_substance = 0;
   m_options.criterion = Criterion::Maximum;
-  m_residueGrid = lade_Schadstoffwerte(m_database.table(), m_substance + 1);
   m_fishmealTable = std::move(fishmeal);
   m_options.fishmealGrade = 2;
   m_layout.hide({C::FischmehlCaption, C::EingabeSchadstoff});
@@ -80,7 +79,7 @@ void MainWindowModel::alle_raus() {
 }
 
 bool MainWindowModel::enabled(ControlId control) const {
-  if (control == C::Loeschen) return deleteSubstanceEnabled();
+  if (control == C::Loeschen) return m_database.canDelete();
   if (control == C::raus || control == C::alle_raus) return m_selection.removeEnabled();
   return m_layout.at(control).enabled;
 }
@@ -192,7 +191,6 @@ void MainWindowModel::restore() {
   if (!m_database.restore()) return;
   m_substance = 0;
   Futterliste_aktualisieren();
-  m_residueGrid = lade_Schadstoffwerte(m_database.table(), m_substance + 1);
   // The lists were emptied, so a result on screen no longer belongs to them.
   Ergebnis_ausblenden();
 }

@@ -32,8 +32,8 @@ namespace pescavo {
 //   Fischarten           species()                  Fischmehl           fishmealGrade()
 //   Check1, 4, 5         pseudoComponents()         Check2              mrbdLimits()
 //   Ergebnis             resultVisible(), resultText()
-//   ReportButton         reportButtonVisible()      Loeschen            deleteSubstanceEnabled()
-//   Rein, raus, alle_raus  addEnabled(), removeEnabled(), removeAllEnabled()
+//   ReportButton         reportButtonVisible()
+//   Loeschen, Rein, raus, alle_raus   enabled()
 class MainWindowModel {
  public:
   using PseudoComponents = pescavo::PseudoComponents;
@@ -62,10 +62,6 @@ class MainWindowModel {
   int substancePosition() const { return m_substance; }
   std::string substanceName() const;
   void selectSubstance(int position);
-  void Futterliste_aktualisieren();
-  const std::vector<std::array<std::string, 6>>& residueGrid() const { return m_residueGrid; }
-  // "Del" has something to do while the database holds two substances or more.
-  bool deleteSubstanceEnabled() const { return m_database.canDelete(); }
 
   // Substance database and editing. Schadstoffliste's Click is selectSubstance. While a
   // substance is added or edited Ende reads "Done", grid() is the residue grid and the window
@@ -90,7 +86,6 @@ class MainWindowModel {
   // "Done": stores the grid and returns to the normal view. False when nothing was stored
   // (a value the table can't hold, or no room for another substance): editing goes on.
   bool leaveEditing();
-  bool uebernehme_Werte();
   // The grid's current cell and the other end of its row selection, as the grid reports them.
   void setGridCursor(int row, int column, int selectionEnd);
   // A click on the current cell: which in-place editor the window places over it.
@@ -131,9 +126,6 @@ class MainWindowModel {
   void alle_rein();
   void raus();
   void alle_raus();
-  bool addEnabled() const { return true; }
-  bool removeEnabled() const { return m_selection.removeEnabled(); }
-  bool removeAllEnabled() const { return m_selection.removeEnabled(); }
   bool chosenCaptionRed() const { return m_chosenCaptionRed; }
   // For the available entry at position, with the limit of the species chosen.
   std::string tooltipText(int position) const {
@@ -235,7 +227,6 @@ class MainWindowModel {
   std::vector<FishMealGrade> m_fishmealTable;
 
   int m_substance = -1;
-  std::vector<std::array<std::string, 6>> m_residueGrid;
   ComponentSelection m_selection;
   bool m_chosenCaptionRed = false;
   std::string m_availableTooltip;
@@ -251,6 +242,12 @@ class MainWindowModel {
   std::string m_resultText;
   bool m_resultRed = false;
   FeedRun m_run;
+
+  // The available components of the current substance; the chosen list is emptied.
+  void Futterliste_aktualisieren();
+  // Stores the grid into the table: the substance added or edited. False when nothing was
+  // stored (a value the table can't hold, or no room for another substance).
+  bool uebernehme_Werte();
 
   // Substance editing state.
   void showEditingLayout();

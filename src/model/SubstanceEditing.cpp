@@ -196,7 +196,7 @@ void MainWindowModel::Kopieren_Click() {
 }
 
 void MainWindowModel::Loeschen_Click() {
-  if (!deleteSubstanceEnabled() || m_substance < 0) return;
+  if (!m_database.canDelete() || m_substance < 0) return;
   m_database.markModified();
   const int p = m_substance;
   if (editing()) m_grid.basisCopy().freeze(m_database.table());

@@ -84,7 +84,7 @@ TEST_F(EditingTest, DeletingKeepsEverySubstanceWithItsValuesAndCodes) {
   EXPECT_EQ(names(), "Alpha;Beta;Gamma;");
   EXPECT_EQ(model.substancePosition(), 2);  // the new last one
   EXPECT_TRUE(model.databaseModified());
-  EXPECT_TRUE(model.deleteSubstanceEnabled());
+  EXPECT_TRUE(model.enabled(ControlId::Loeschen));
 
   load();
   model.selectSubstance(1);
@@ -103,7 +103,7 @@ TEST_F(EditingTest, DeletingKeepsEverySubstanceWithItsValuesAndCodes) {
   model.Loeschen_Click();
   model.Loeschen_Click();
   EXPECT_EQ(names(), "Alpha;");
-  EXPECT_FALSE(model.deleteSubstanceEnabled());
+  EXPECT_FALSE(model.enabled(ControlId::Loeschen));
   model.Loeschen_Click();  // refused silently
   EXPECT_EQ(names(), "Alpha;");
   EXPECT_TRUE(dialogs.messages.empty());
@@ -125,9 +125,9 @@ TEST_F(EditingTest, CopyAppendsWithoutMarkingTheDatabase) {
   // Copying the only substance enables "Del".
   for (int s = 4; s >= 2; --s) table.deleteSubstance(s);
   load();
-  EXPECT_FALSE(model.deleteSubstanceEnabled());
+  EXPECT_FALSE(model.enabled(ControlId::Loeschen));
   model.Kopieren_Click();
-  EXPECT_TRUE(model.deleteSubstanceEnabled());
+  EXPECT_TRUE(model.enabled(ControlId::Loeschen));
 }
 
 TEST_F(EditingTest, AddCancelAddStartsAFreshSubstance) {
@@ -220,7 +220,7 @@ TEST_F(EditingTest, EscapeOnTheGridCancels) {
 TEST_F(EditingTest, DoneAfterAddSelectsTheNewLastSubstance) {
   for (int s = 4; s >= 2; --s) table.deleteSubstance(s);
   load();
-  EXPECT_FALSE(model.deleteSubstanceEnabled());
+  EXPECT_FALSE(model.enabled(ControlId::Loeschen));
   model.Add_Click();
   model.setSubstanceNameText("Epsilon");
   openEditBox(3);
@@ -232,7 +232,7 @@ TEST_F(EditingTest, DoneAfterAddSelectsTheNewLastSubstance) {
   ASSERT_TRUE(model.leaveEditing());
   EXPECT_EQ(names(), "Alpha;Epsilon;");
   EXPECT_EQ(model.substancePosition(), 1);
-  EXPECT_TRUE(model.deleteSubstanceEnabled());
+  EXPECT_TRUE(model.enabled(ControlId::Loeschen));
   const double residues[5] = {0, 0, 0.25, 1.5, 0};
   const std::int16_t codes[5] = {0, 0, 1, 1, 0};
   for (int i = 1; i <= 5; ++i) {
