@@ -58,8 +58,9 @@ void Hauptform::connectSubstanceEditing() {
   command(C::Abbrechen, &MainWindowModel::Abbrechen_Click);
 
   m_gridView = new ResidueGridView(control<QTableWidget>(C::schadstoffwerte));
-  connect(m_gridView, &ResidueGridView::cursorChanged, this,
-          [this](int row, int column, int end) { m_model->setGridCursor(row, column, end); });
+  connect(m_gridView, &ResidueGridView::cursorChanged, this, [this](int row, int column, int end) {
+    m_model->editor().setGridCursor(row, column, end);
+  });
   connect(m_gridView, &ResidueGridView::clicked, this, &Hauptform::schadstoffwerte_Click);
   connect(m_gridView, &ResidueGridView::keyPressed, this, &Hauptform::schadstoffwerte_KeyDown);
   connect(m_gridView, &ResidueGridView::wheelTurned, this, &Hauptform::schadstoffwerte_Wheel);
@@ -83,15 +84,15 @@ void Hauptform::connectSubstanceEditing() {
           &Hauptform::ArtSchadstoffwertCombo_Click);
 
   // What is typed into the two text boxes is the model's caption from then on.
-  const auto typedInto = [this](ControlId name, void (MainWindowModel::*set)(std::string)) {
+  const auto typedInto = [this](ControlId name, void (ResidueEditor::*set)(std::string)) {
     connect(control<QLineEdit>(name), &QLineEdit::textEdited, this,
             [this, name, set](const QString& text) {
-              (m_model.get()->*set)(text.toStdString());
+              (m_model->editor().*set)(text.toStdString());
               m_shownCaptions[index(name)] = text.toStdString();
             });
   };
-  typedInto(C::Suche, &MainWindowModel::setSearchText);
-  typedInto(C::Schadstoffname, &MainWindowModel::setSubstanceNameText);
+  typedInto(C::Suche, &ResidueEditor::setSearchText);
+  typedInto(C::Schadstoffname, &ResidueEditor::setNameText);
   connect(control<QLineEdit>(C::Suche), &QLineEdit::returnPressed, this, &Hauptform::Go_Click);
   connect(control<QAbstractButton>(C::Go), &QAbstractButton::clicked, this, &Hauptform::Go_Click);
   auto* name = control<QLineEdit>(C::Schadstoffname);
@@ -129,19 +130,19 @@ void Hauptform::showGrid() {
   const ControlState& place = m_model->layout().at(C::schadstoffwerte);
   m_gridView->setColumnWidths(
       ResidueGrid::columnWidths(place.width, place.width - m_gridView->chromeWidth()));
-  m_gridView->show(m_model->grid());
+  m_gridView->show(m_model->editor().grid());
 }
 
-void Hauptform::schadstoffwerte_Click() { placeEditor(m_model->schadstoffwerte_Click()); }
+void Hauptform::schadstoffwerte_Click() { placeEditor(m_model->editor().schadstoffwerte_Click()); }
 
 void Hauptform::placeEditor(MainWindowModel::GridEditor editor) {
   if (editor == MainWindowModel::GridEditor::None) return;
   const ControlState& grid = m_model->layout().at(C::schadstoffwerte);
-  const std::pair<int, int> at{m_model->grid().row(), m_model->grid().column()};
+  const std::pair<int, int> at{m_model->editor().grid().row(), m_model->editor().grid().column()};
   const TwipsRect cell = m_gridView->cellRect(at.first, at.second);
   if (editor == MainWindowModel::GridEditor::EditBox) {
     m_editBoxCell = at;
-    m_model->Eingabefeld_platzieren(grid.left, grid.top, cell);
+    m_model->editor().Eingabefeld_platzieren(grid.left, grid.top, cell);
     applyLayout();
     clipEditors();
     showEditBox();
@@ -151,12 +152,12 @@ void Hauptform::placeEditor(MainWindowModel::GridEditor editor) {
     return;
   }
   m_chooserCell = at;
-  m_model->Auswahlfeld_platzieren(grid.left, grid.top, cell);
+  m_model->editor().Auswahlfeld_platzieren(grid.left, grid.top, cell);
   applyLayout();
   clipEditors();
   auto* basis = control<QComboBox>(C::ArtSchadstoffwertCombo);
   const QSignalBlocker quiet(basis);
-  basis->setCurrentIndex(m_model->grid().basisChoice());
+  basis->setCurrentIndex(m_model->editor().grid().basisChoice());
   basis->raise();
 }
 
@@ -168,16 +169,16 @@ void Hauptform::followGridScroll() {
   const ControlState& grid = layout.at(C::schadstoffwerte);
   if (box) {
     // Placing selects the box's text; scrolling leaves it as the user had it.
-    const ResidueGrid& cells = m_model->grid();
+    const ResidueGrid& cells = m_model->editor().grid();
     const std::string text = cells.editText();
     const int start = cells.editSelectionStart();
     const int length = cells.editSelectionLength();
-    m_model->Eingabefeld_platzieren(
+    m_model->editor().Eingabefeld_platzieren(
         grid.left, grid.top, m_gridView->cellPlace(m_editBoxCell.first, m_editBoxCell.second));
-    m_model->setEditBox(text, start, length);
+    m_model->editor().setEditBox(text, start, length);
   }
   if (chooser) {
-    m_model->Auswahlfeld_platzieren(
+    m_model->editor().Auswahlfeld_platzieren(
         grid.left, grid.top, m_gridView->cellPlace(m_chooserCell.first, m_chooserCell.second));
   }
   applyLayout();
@@ -209,7 +210,7 @@ void Hauptform::schadstoffwerte_KeyDown(int key, bool control) {
 }
 
 void Hauptform::schadstoffwerte_Wheel(int rotation) {
-  const std::optional<int> top = m_model->MouseWheel(
+  const std::optional<int> top = m_model->editor().MouseWheel(
       rotation, m_gridView->topRow(), m_gridView->table()->height(), m_gridView->headerHeight());
   if (top) m_gridView->setTopRow(*top);
 }
@@ -226,13 +227,13 @@ bool Hauptform::EingabeSchadstoff_Event(QEvent* event) {
       // After a double-click has hidden the box, its last release is no click.
       if (button(event) != Qt::LeftButton || !control<QLineEdit>(C::EingabeSchadstoff)->isVisible())
         return false;
-      m_model->EingabeSchadstoff_Click();
+      m_model->editor().EingabeSchadstoff_Click();
       showGrid();
       applyLayout();
       return false;
     case QEvent::MouseButtonDblClick:
       if (button(event) != Qt::LeftButton) return false;
-      m_model->EingabeSchadstoff_DblClick();
+      m_model->editor().EingabeSchadstoff_DblClick();
       showGrid();
       applyLayout();
       m_gridView->table()->setFocus();
@@ -245,7 +246,7 @@ bool Hauptform::EingabeSchadstoff_Event(QEvent* event) {
 bool Hauptform::EingabeSchadstoff_KeyPress(QEvent* event) {
   const auto* key = static_cast<QKeyEvent*>(event);
   if (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter) {
-    const std::optional<int> next = m_model->EingabeSchadstoff_Enter();
+    const std::optional<int> next = m_model->editor().EingabeSchadstoff_Enter();
     showGrid();
     if (next) {
       placeEditor(MainWindowModel::GridEditor::EditBox);
@@ -256,11 +257,11 @@ bool Hauptform::EingabeSchadstoff_KeyPress(QEvent* event) {
     return true;
   }
   if (key->matches(QKeySequence::Copy)) {
-    m_dialogs.setClipboardText(m_model->EingabeSchadstoff_Copy());
+    m_dialogs.setClipboardText(m_model->editor().EingabeSchadstoff_Copy());
     return true;
   }
   if (key->matches(QKeySequence::Paste)) {
-    m_model->EingabeSchadstoff_Paste(m_dialogs.clipboardText());
+    m_model->editor().EingabeSchadstoff_Paste(m_dialogs.clipboardText());
     showGrid();
     applyLayout();
     m_gridView->table()->setFocus();
@@ -273,14 +274,14 @@ bool Hauptform::EingabeSchadstoff_KeyPress(QEvent* event) {
   int character = key->key() == Qt::Key_Backspace ? ResidueGrid::kBackspace : -1;
   if (character < 0 && !key->text().isEmpty()) character = key->text().at(0).unicode();
   if (character < 0) return false;
-  m_model->EingabeSchadstoff_KeyPress(character);
+  m_model->editor().EingabeSchadstoff_KeyPress(character);
   showEditBox();
   return true;
 }
 
 void Hauptform::showEditBox() {
   auto* box = control<QLineEdit>(C::EingabeSchadstoff);
-  const ResidueGrid& grid = m_model->grid();
+  const ResidueGrid& grid = m_model->editor().grid();
   const std::string& text = grid.editText();
   const int start = unitsBefore(text, grid.editSelectionStart());
   const int end = unitsBefore(text, grid.editSelectionStart() + grid.editSelectionLength());
@@ -301,8 +302,8 @@ void Hauptform::editBoxChanged() {
   const int start = box->hasSelectedText() ? box->selectionStart() : box->cursorPosition();
   const int length = box->hasSelectedText() ? box->selectionLength() : 0;
   const int startBytes = bytesBefore(text, start);
-  m_model->setEditBox(text.toStdString(), startBytes,
-                      bytesBefore(text, start + length) - startBytes);
+  m_model->editor().setEditBox(text.toStdString(), startBytes,
+                               bytesBefore(text, start + length) - startBytes);
 }
 
 void Hauptform::ArtSchadstoffwertCombo_Click(int position) {
@@ -313,7 +314,7 @@ void Hauptform::ArtSchadstoffwertCombo_Click(int position) {
 }
 
 void Hauptform::Go_Click() {
-  m_model->Go_Click();
+  m_model->editor().Go_Click();
   showGrid();
 }
 

@@ -7,7 +7,10 @@ namespace pescavo {
 using C = ControlId;
 
 MainWindowModel::MainWindowModel(Dialogs& dialogs, char decimalSeparator)
-    : m_database(dialogs), m_decimalSeparator(decimalSeparator), m_dialogs(dialogs) {}
+    : m_database(dialogs),
+      m_editor(m_layout),
+      m_decimalSeparator(decimalSeparator),
+      m_dialogs(dialogs) {}
 
 void MainWindowModel::startUp(const std::string& folder, bool simple) {
   std::vector<FishSpecies> species = readSpeciesTable(folder + "/Species.tab");
@@ -169,7 +172,7 @@ void MainWindowModel::save() {
   // there is no grid to take over. A new substance is stored once: editing then goes on with
   // it, so that "Done" does not add it a second time.
   if (m_database.write(m_decimalSeparator) && editing()) {
-    keepEditBoxText();
+    m_editor.keepEditBoxText();
     const bool adding = !editMode();
     if (uebernehme_Werte() && adding) {
       selectAddedSubstance();

@@ -9,7 +9,7 @@
 #include "model/FeedRun.h"
 #include "model/MainWindowLayout.h"
 #include "model/ReportState.h"
-#include "model/ResidueGrid.h"
+#include "model/ResidueEditor.h"
 #include "model/RunOptions.h"
 #include "model/SubstanceDatabase.h"
 #include "tables/ComponentTable.h"
@@ -64,18 +64,15 @@ class MainWindowModel {
   void selectSubstance(int position);
 
   // Substance database and editing. Schadstoffliste's Click is selectSubstance. While a
-  // substance is added or edited Ende reads "Done", grid() is the residue grid and the window
-  // forwards each of its events to one operation below. Key codes are the platform's virtual
-  // key codes (Delete 46, C 67, Escape 27, digits 48 to 57, keypad 96 to 105).
-  enum class GridEditor { None, EditBox, BasisChooser };
+  // substance is added or edited Ende reads "Done", and the window forwards the events of the
+  // residue grid and the boxes on it to editor(); the buttons and the keys below change the
+  // database and the layout as well.
+  using GridEditor = ResidueEditor::GridEditor;
+  ResidueEditor& editor() { return m_editor; }
+  const ResidueEditor& editor() const { return m_editor; }
   // EditMode: an existing substance is edited (false while adding and outside editing).
   bool editMode() const { return m_editMode && editing(); }
-  bool editing() const { return m_layout.at(ControlId::Ende).caption != "Exit"; }
-  const ResidueGrid& grid() const { return m_grid; }
-  const std::string& substanceNameText() const {
-    return m_layout.at(ControlId::Schadstoffname).caption;
-  }
-  void setSubstanceNameText(std::string text);
+  bool editing() const { return m_editor.editing(); }
   void Schadstoffliste_DblClick();
   void Schadstoffliste_KeyDown(int key, bool control);  // Delete: "Del"; Ctrl+C: "Copy "
   void Add_Click();
@@ -86,36 +83,10 @@ class MainWindowModel {
   // "Done": stores the grid and returns to the normal view. False when nothing was stored
   // (a value the table can't hold, or no room for another substance): editing goes on.
   bool leaveEditing();
-  // The grid's current cell and the other end of its row selection, as the grid reports them.
-  void setGridCursor(int row, int column, int selectionEnd);
-  // A click on the current cell: which in-place editor the window places over it.
-  GridEditor schadstoffwerte_Click();
-  // Keys on the grid; the text for the clipboard after Ctrl+C.
+  // Keys on the grid, Escape cancelling; the text for the clipboard after Ctrl+C.
   std::optional<std::string> schadstoffwerte_KeyDown(int key, bool control);
-  // The wheel over the grid: the top row to show, or nothing when it stays.
-  std::optional<int> MouseWheel(int rotation, int topRow, int gridHeight, int headerHeight) const {
-    return ResidueGrid::wheelTopRow(topRow, rotation, gridHeight, headerHeight, m_grid.rowCount());
-  }
-  // Place the edit box or the drop-down over a cell of the grid at gridLeft, gridTop; all in
-  // twips. The editor's place, also in the layout, which shows it.
-  TwipsRect Eingabefeld_platzieren(int gridLeft, int gridTop, const TwipsRect& cell);
-  TwipsRect Auswahlfeld_platzieren(int gridLeft, int gridTop, const TwipsRect& cell);
-  // The edit box: a typed character (false when dropped; Enter is EingabeSchadstoff_Enter),
-  // what the box shows after the platform's own editing (caret moves, mouse selection), Enter
-  // (the row the box moves to; nothing when it hides), Ctrl+C (the text for the clipboard),
-  // Ctrl+V, click, double-click.
-  bool EingabeSchadstoff_KeyPress(int key);
-  void setEditBox(std::string text, int selectionStart, int selectionLength);
-  std::optional<int> EingabeSchadstoff_Enter();
-  std::string EingabeSchadstoff_Copy() const { return m_grid.editText(); }
-  void EingabeSchadstoff_Paste(std::string_view clipboard);
-  void EingabeSchadstoff_Click();
-  void EingabeSchadstoff_DblClick();
+  // The basis drop-down's choice, for the substance being added or edited.
   void ArtSchadstoffwertCombo_Click(int position);
-  // Suche and Go; Enter in Suche is Go.
-  const std::string& searchText() const { return m_layout.at(ControlId::Suche).caption; }
-  void setSearchText(std::string text);
-  void Go_Click();
 
   // Component lists and their buttons; every move withdraws the result shown.
   const ComponentSelection& selection() const { return m_selection; }
@@ -223,6 +194,8 @@ class MainWindowModel {
   }
 
   SubstanceDatabase m_database;
+  MainWindowLayout m_layout;
+  ResidueEditor m_editor;
   std::vector<FishSpecies> m_speciesTable;
   std::vector<FishMealGrade> m_fishmealTable;
 
@@ -258,13 +231,8 @@ class MainWindowModel {
   int targetSubstance() const;
   // A substance just added becomes the current one.
   void selectAddedSubstance();
-  // Typing in the edit box that Enter has not stored yet goes into its cell.
-  void keepEditBoxText();
   bool tableFull();  // shows why another substance can't be added
   bool m_editMode = false;
-  ResidueGrid m_grid;
-
-  MainWindowLayout m_layout;
   ReportState m_report;
   char m_decimalSeparator;
   Dialogs& m_dialogs;

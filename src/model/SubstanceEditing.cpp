@@ -14,7 +14,6 @@ using C = ControlId;
 namespace {
 
 constexpr int kEditingGridHeight = 4935;
-constexpr int kEditorInset = 15;  // the grid's border
 const char* const kNewSubstance = "New substance";
 const char* const kSearchPrompt = "Search...";
 const char* const kTableFull =
@@ -24,14 +23,6 @@ const char* const kUnstorable =
     "your changes.";
 
 }  // namespace
-
-void MainWindowModel::setSubstanceNameText(std::string text) {
-  m_layout.at(C::Schadstoffname).caption = std::move(text);
-}
-
-void MainWindowModel::setSearchText(std::string text) {
-  m_layout.at(C::Suche).caption = std::move(text);
-}
 
 void MainWindowModel::Schadstoffliste_DblClick() {
   Edit_Click();
@@ -59,9 +50,9 @@ void MainWindowModel::Add_Click() {
   if (!editMode()) {
     // Refused here rather than at "Done", before anything is typed.
     if (tableFull()) return;
-    m_grid.startAdding(lade_Schadstoffwerte(m_database.table(), std::max(m_substance, 0) + 1),
-                       targetSubstance());
-    setSubstanceNameText(kNewSubstance);
+    m_editor.grid().startAdding(
+        lade_Schadstoffwerte(m_database.table(), std::max(m_substance, 0) + 1), targetSubstance());
+    m_editor.setNameText(kNewSubstance);
   }
   showEditingLayout();
 }
@@ -69,8 +60,8 @@ void MainWindowModel::Add_Click() {
 void MainWindowModel::Edit_Click() {
   if (m_substance < 0) return;
   const int j = m_substance + 1;
-  m_grid.startEditing(lade_Schadstoffwerte(m_database.table(), j), m_database.table(), j);
-  setSubstanceNameText(m_database.table().substanceName(j));
+  m_editor.grid().startEditing(lade_Schadstoffwerte(m_database.table(), j), m_database.table(), j);
+  m_editor.setNameText(m_database.table().substanceName(j));
   m_editMode = true;
   m_layout.show({C::Abbrechen});
   showEditingLayout();
@@ -103,8 +94,8 @@ void MainWindowModel::showEditingLayout() {
   if (m_simpleMode) m_layout.hide({C::FischmehlCaption});
   m_layout.show(
       {C::Image6, C::Schadstoffname, C::Label5, C::Suche, C::Go, C::Abbrechen, C::schadstoffwerte});
-  setSearchText(kSearchPrompt);
-  m_grid.home();
+  m_editor.setSearchText(kSearchPrompt);
+  m_editor.grid().home();
   m_layout.at(C::Ende).caption = "Done";
 }
 
@@ -120,7 +111,7 @@ void MainWindowModel::showNormalLayout() {
   setEnabled(C::Edit, true);
   m_layout.hide({C::MinMax, C::Fischarten, C::Image6, C::Abbrechen, C::ArtSchadstoffwertCombo,
                  C::EingabeSchadstoff, C::Suche, C::Go});
-  setSubstanceNameText("");
+  m_editor.setNameText("");
 }
 
 void MainWindowModel::applySimpleLayoutAfterEditing() {
@@ -133,14 +124,7 @@ void MainWindowModel::Abbrechen_Click() {
   showNormalLayout();
   m_editMode = false;
   if (m_simpleMode) applySimpleLayoutAfterEditing();
-  setSearchText(kSearchPrompt);
-}
-
-void MainWindowModel::keepEditBoxText() {
-  if (!m_layout.at(C::EingabeSchadstoff).visible) return;
-  m_grid.keepEditBoxText();
-  m_grid.closeEditBox();
-  m_layout.hide({C::EingabeSchadstoff});
+  m_editor.setSearchText(kSearchPrompt);
 }
 
 void MainWindowModel::selectAddedSubstance() {
@@ -149,7 +133,7 @@ void MainWindowModel::selectAddedSubstance() {
 
 bool MainWindowModel::leaveEditing() {
   if (!editing()) return false;
-  keepEditBoxText();
+  m_editor.keepEditBoxText();
   const bool added = !editMode();
   if (!uebernehme_Werte()) return false;
   showNormalLayout();
@@ -165,22 +149,23 @@ bool MainWindowModel::uebernehme_Werte() {
   if (!adding && m_substance < 0) return false;
   // feedstuff.tab refuses such values, so storing them would lock the user out at the next
   // start.
-  if (m_grid.markUnstorableValues() > 0) {
+  if (m_editor.grid().markUnstorableValues() > 0) {
     m_dialogs.information(kUnstorable);
     return false;
   }
   if (adding && tableFull()) return false;
   const int t = targetSubstance();
-  const int rows = std::min(m_grid.rowCount() - 1, m_database.table().componentCount());
+  const int rows = std::min(m_editor.grid().rowCount() - 1, m_database.table().componentCount());
   std::vector<std::int16_t> codes(static_cast<std::size_t>(std::max(rows, 0)));
   for (int r = 1; r <= rows; ++r)
-    codes[static_cast<std::size_t>(r - 1)] = m_grid.basisCopy().code(m_database.table(), t, r);
+    codes[static_cast<std::size_t>(r - 1)] =
+        m_editor.grid().basisCopy().code(m_database.table(), t, r);
   if (adding)
-    m_database.table().addSubstance(substanceNameText());
+    m_database.table().addSubstance(m_editor.nameText());
   else
-    m_database.table().setSubstanceName(t, substanceNameText());
+    m_database.table().setSubstanceName(t, m_editor.nameText());
   for (int r = 1; r <= rows; ++r) {
-    m_database.table().setResidue(t, r, m_grid.value(r));
+    m_database.table().setResidue(t, r, m_editor.grid().value(r));
     m_database.table().setBasis(t, r, codes[static_cast<std::size_t>(r - 1)]);
   }
   m_database.markModified();
@@ -189,7 +174,7 @@ bool MainWindowModel::uebernehme_Werte() {
 
 void MainWindowModel::Kopieren_Click() {
   if (m_substance < 0 || tableFull()) return;
-  if (editing()) m_grid.basisCopy().freeze(m_database.table());
+  if (editing()) m_editor.grid().basisCopy().freeze(m_database.table());
   const int p = m_substance;
   const int k = m_database.table().copySubstance(p + 1, m_database.table().substanceName(p + 1));
   selectSubstance(k - 1);
@@ -199,99 +184,20 @@ void MainWindowModel::Loeschen_Click() {
   if (!m_database.canDelete() || m_substance < 0) return;
   m_database.markModified();
   const int p = m_substance;
-  if (editing()) m_grid.basisCopy().freeze(m_database.table());
+  if (editing()) m_editor.grid().basisCopy().freeze(m_database.table());
   m_database.table().deleteSubstance(p + 1);
   selectSubstance(std::min(p, m_database.table().substanceCount() - 1));
 }
 
-void MainWindowModel::setGridCursor(int row, int column, int selectionEnd) {
-  m_grid.setCursor(row, column, selectionEnd);
-}
-
-MainWindowModel::GridEditor MainWindowModel::schadstoffwerte_Click() {
-  if (!editing() || m_grid.rowCount() < 2) return GridEditor::None;
-  keepEditBoxText();
-  if (m_grid.column() == ResidueGrid::kBasisColumn) {
-    m_grid.showBasisOfCurrentCell();
-    m_layout.hide({C::EingabeSchadstoff});
-    return GridEditor::BasisChooser;
-  }
-  if (m_grid.column() == ResidueGrid::kValueColumn) {
-    m_grid.openEditBox();
-    m_layout.hide({C::ArtSchadstoffwertCombo});
-    return GridEditor::EditBox;
-  }
-  return GridEditor::None;
-}
-
 std::optional<std::string> MainWindowModel::schadstoffwerte_KeyDown(int key, bool control) {
   if (!editing()) return std::nullopt;
-  std::optional<std::string> clipboard = m_grid.gridKey(key, control);
+  std::optional<std::string> clipboard = m_editor.grid().gridKey(key, control);
   if (key == ResidueGrid::kEscape) Abbrechen_Click();
   return clipboard;
 }
 
-TwipsRect MainWindowModel::Eingabefeld_platzieren(int gridLeft, int gridTop,
-                                                  const TwipsRect& cell) {
-  const TwipsRect place{gridLeft + cell.left + kEditorInset, gridTop + cell.top + kEditorInset,
-                        cell.width, cell.height};
-  ControlState& box = m_layout.at(C::EingabeSchadstoff);
-  box.visible = true;
-  box.left = place.left;
-  box.top = place.top;
-  box.width = place.width;
-  box.height = place.height;
-  m_grid.selectAllOfEditBox();
-  return place;
-}
-
-TwipsRect MainWindowModel::Auswahlfeld_platzieren(int gridLeft, int gridTop,
-                                                  const TwipsRect& cell) {
-  ControlState& combo = m_layout.at(C::ArtSchadstoffwertCombo);
-  const TwipsRect place{gridLeft + cell.left + kEditorInset, gridTop + cell.top + kEditorInset,
-                        cell.width, combo.height};
-  combo.visible = true;
-  combo.left = place.left;
-  combo.top = place.top;
-  combo.width = place.width;
-  return place;
-}
-
-bool MainWindowModel::EingabeSchadstoff_KeyPress(int key) { return m_grid.typeIntoEditBox(key); }
-
-void MainWindowModel::setEditBox(std::string text, int selectionStart, int selectionLength) {
-  m_grid.setEditBox(std::move(text), selectionStart, selectionLength);
-}
-
-std::optional<int> MainWindowModel::EingabeSchadstoff_Enter() {
-  const std::optional<int> next = m_grid.enterEditBox();
-  if (!next) m_layout.hide({C::EingabeSchadstoff});
-  return next;
-}
-
-void MainWindowModel::EingabeSchadstoff_Paste(std::string_view clipboard) {
-  m_grid.paste(clipboard);
-  m_grid.closeEditBox();
-  m_layout.hide({C::EingabeSchadstoff});
-}
-
-void MainWindowModel::EingabeSchadstoff_Click() {
-  m_grid.fillSelectionFromEditBox();
-  m_layout.hide({C::ArtSchadstoffwertCombo});
-}
-
-void MainWindowModel::EingabeSchadstoff_DblClick() {
-  EingabeSchadstoff_Click();
-  m_grid.closeEditBox();
-  m_layout.hide({C::EingabeSchadstoff});
-}
-
 void MainWindowModel::ArtSchadstoffwertCombo_Click(int position) {
-  keepEditBoxText();
-  m_grid.chooseBasis(position, m_database.table(), targetSubstance());
-  m_layout.hide({C::ArtSchadstoffwertCombo, C::EingabeSchadstoff});
+  m_editor.chooseBasis(position, m_database.table(), targetSubstance());
 }
-
-void MainWindowModel::Go_Click() { m_grid.search(searchText()); }
 
 }  // namespace pescavo

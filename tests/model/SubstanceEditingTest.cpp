@@ -47,12 +47,14 @@ class EditingTest : public ::testing::Test {
   }
   std::string column5() const {
     std::string out;
-    for (int r = 1; r < model.grid().rowCount(); ++r) out += model.grid().text(r, 5) + ";";
+    for (int r = 1; r < model.editor().grid().rowCount(); ++r)
+      out += model.editor().grid().text(r, 5) + ";";
     return out;
   }
   std::string column4() const {
     std::string out;
-    for (int r = 1; r < model.grid().rowCount(); ++r) out += model.grid().text(r, 4) + ";";
+    for (int r = 1; r < model.editor().grid().rowCount(); ++r)
+      out += model.editor().grid().text(r, 4) + ";";
     return out;
   }
   // Substance s of the model's table has the residues and codes of substance from of `table`.
@@ -64,12 +66,12 @@ class EditingTest : public ::testing::Test {
   }
   // A click into column 5 of row and the edit box placed there.
   void openEditBox(int row) {
-    model.setGridCursor(row, 5, row);
-    ASSERT_EQ(model.schadstoffwerte_Click(), MainWindowModel::GridEditor::EditBox);
-    model.Eingabefeld_platzieren(240, 600, {0, 240 * row, 1500, 240});
+    model.editor().setGridCursor(row, 5, row);
+    ASSERT_EQ(model.editor().schadstoffwerte_Click(), MainWindowModel::GridEditor::EditBox);
+    model.editor().Eingabefeld_platzieren(240, 600, {0, 240 * row, 1500, 240});
   }
   void type(const std::string& keys) {
-    for (char key : keys) model.EingabeSchadstoff_KeyPress(key);
+    for (char key : keys) model.editor().EingabeSchadstoff_KeyPress(key);
   }
   bool visible(ControlId id) const { return model.layout().at(id).visible; }
 
@@ -134,21 +136,21 @@ TEST_F(EditingTest, AddCancelAddStartsAFreshSubstance) {
   model.Add_Click();
   EXPECT_TRUE(model.editing());
   EXPECT_FALSE(model.editMode());
-  EXPECT_EQ(model.substanceNameText(), "New substance");
+  EXPECT_EQ(model.editor().nameText(), "New substance");
   EXPECT_EQ(column5(), "0;0;0;0;0;");
   EXPECT_EQ(column4(), "STMR;STMR;STMR;STMR;STMR;");
-  model.setSubstanceNameText("Typed");
-  model.setGridCursor(2, 4, 4);
+  model.editor().setNameText("Typed");
+  model.editor().setGridCursor(2, 4, 4);
   model.ArtSchadstoffwertCombo_Click(1);
   model.schadstoffwerte_KeyDown('9', false);
   model.Abbrechen_Click();
   EXPECT_FALSE(model.editing());
-  EXPECT_EQ(model.substanceNameText(), "");
+  EXPECT_EQ(model.editor().nameText(), "");
   EXPECT_EQ(names(), "Alpha;Beta;Gamma;Delta;");
   EXPECT_FALSE(model.databaseModified());
 
   model.Add_Click();
-  EXPECT_EQ(model.substanceNameText(), "New substance");
+  EXPECT_EQ(model.editor().nameText(), "New substance");
   EXPECT_EQ(column5(), "0;0;0;0;0;");
   EXPECT_EQ(column4(), "STMR;STMR;STMR;STMR;STMR;");
   ASSERT_TRUE(model.leaveEditing());
@@ -159,27 +161,27 @@ TEST_F(EditingTest, AddCancelAddStartsAFreshSubstance) {
   load();
   EXPECT_FALSE(model.editMode());
   model.Add_Click();
-  EXPECT_EQ(model.substanceNameText(), "New substance");
+  EXPECT_EQ(model.editor().nameText(), "New substance");
 }
 
 TEST_F(EditingTest, EditTwoValuesThenDoneThenTheExitAsks) {
   model.selectSubstance(1);
   model.Schadstoffliste_DblClick();
   EXPECT_TRUE(model.editMode());
-  EXPECT_EQ(model.substanceNameText(), "Beta");
+  EXPECT_EQ(model.editor().nameText(), "Beta");
   EXPECT_EQ(column5(), "2.1;2.2;0;2.4;2.5;");
   EXPECT_EQ(column4(), "STMR-P;STMR;STMR-P;STMR;STMR-P;");
 
   openEditBox(2);
-  EXPECT_EQ(model.grid().editText(), "2.2");
+  EXPECT_EQ(model.editor().grid().editText(), "2.2");
   type("1,5");
-  EXPECT_EQ(model.grid().editText(), "1.5");
-  EXPECT_EQ(model.EingabeSchadstoff_Enter(), 3);  // on to the next row
-  EXPECT_EQ(model.grid().editText(), "0");
-  model.setGridCursor(4, 1, 4);  // typing on the grid goes to column 5
+  EXPECT_EQ(model.editor().grid().editText(), "1.5");
+  EXPECT_EQ(model.editor().EingabeSchadstoff_Enter(), 3);  // on to the next row
+  EXPECT_EQ(model.editor().grid().editText(), "0");
+  model.editor().setGridCursor(4, 1, 4);  // typing on the grid goes to column 5
   for (int key : {ResidueGrid::kDelete, 96 + 3, 190, 53}) model.schadstoffwerte_KeyDown(key, false);
-  EXPECT_EQ(model.grid().column(), 5);
-  model.setSubstanceNameText("Beta (new)");
+  EXPECT_EQ(model.editor().grid().column(), 5);
+  model.editor().setNameText("Beta (new)");
 
   EXPECT_FALSE(model.Ende_Click());  // "Done": no question
   EXPECT_TRUE(dialogs.questions.empty());
@@ -204,9 +206,9 @@ TEST_F(EditingTest, EditTwoValuesThenDoneThenTheExitAsks) {
 
 TEST_F(EditingTest, EscapeOnTheGridCancels) {
   model.Edit_Click();
-  model.setGridCursor(1, 5, 1);
+  model.editor().setGridCursor(1, 5, 1);
   model.schadstoffwerte_KeyDown('7', false);
-  EXPECT_EQ(model.grid().text(1, 5), "1.17");
+  EXPECT_EQ(model.editor().grid().text(1, 5), "1.17");
   EXPECT_EQ(model.schadstoffwerte_KeyDown(ResidueGrid::kEscape, false), std::nullopt);
   EXPECT_FALSE(model.editing());
   EXPECT_FALSE(model.editMode());
@@ -214,7 +216,7 @@ TEST_F(EditingTest, EscapeOnTheGridCancels) {
   EXPECT_FALSE(model.databaseModified());
   // Outside the editing mode the grid takes no keys.
   model.schadstoffwerte_KeyDown('5', false);
-  EXPECT_EQ(model.grid().text(1, 5), "1.17");
+  EXPECT_EQ(model.editor().grid().text(1, 5), "1.17");
 }
 
 TEST_F(EditingTest, DoneAfterAddSelectsTheNewLastSubstance) {
@@ -222,12 +224,12 @@ TEST_F(EditingTest, DoneAfterAddSelectsTheNewLastSubstance) {
   load();
   EXPECT_FALSE(model.enabled(ControlId::Loeschen));
   model.Add_Click();
-  model.setSubstanceNameText("Epsilon");
+  model.editor().setNameText("Epsilon");
   openEditBox(3);
-  model.EingabeSchadstoff_Paste("0.25\r\n1.5\r\n");
+  model.editor().EingabeSchadstoff_Paste("0.25\r\n1.5\r\n");
   EXPECT_FALSE(visible(C::EingabeSchadstoff));
   EXPECT_EQ(column5(), "0;0;0.25;1.5;0;");
-  model.setGridCursor(4, 4, 3);
+  model.editor().setGridCursor(4, 4, 3);
   model.ArtSchadstoffwertCombo_Click(1);
   ASSERT_TRUE(model.leaveEditing());
   EXPECT_EQ(names(), "Alpha;Epsilon;");
@@ -287,14 +289,14 @@ TEST_F(EditingTest, EditingLayoutAndBack) {
   EXPECT_EQ(TwipsRect({grid.left, grid.top, grid.width, grid.height}),
             TwipsRect({240, 600, 15135, 4935}));
   EXPECT_EQ(model.layout().at(ControlId::Ende).caption, "Done");
-  EXPECT_EQ(model.searchText(), "Search...");
+  EXPECT_EQ(model.editor().searchText(), "Search...");
   EXPECT_EQ(model.layout().width(), MainWindowLayout::kFullWidth);
 
-  model.setSearchText("oats");
-  model.Go_Click();
-  EXPECT_TRUE(model.grid().marked(3, 1));
+  model.editor().setSearchText("oats");
+  model.editor().Go_Click();
+  EXPECT_TRUE(model.editor().grid().marked(3, 1));
   model.Abbrechen_Click();
-  EXPECT_EQ(model.searchText(), "Search...");
+  EXPECT_EQ(model.editor().searchText(), "Search...");
   for (ControlId name :
        {C::Edit,         C::Command1,     C::Add,    C::Loeschen, C::Kopieren,  C::Optimierung,
         C::Fischfutter1, C::Fischfutter2, C::Label1, C::Label31,  C::alle_rein, C::alle_raus,
@@ -308,8 +310,8 @@ TEST_F(EditingTest, EditingLayoutAndBack) {
 
   // Editing starts with the search marks gone.
   model.Edit_Click();
-  EXPECT_FALSE(model.grid().marked(3, 1));
-  EXPECT_EQ(model.MouseWheel(-120, 1, 4935, 240), 5);
+  EXPECT_FALSE(model.editor().grid().marked(3, 1));
+  EXPECT_EQ(model.editor().MouseWheel(-120, 1, 4935, 240), 5);
 }
 
 TEST_F(EditingTest, SimpleLayoutAfterDoneAndCancel) {
@@ -361,72 +363,57 @@ TEST_F(EditingTest, DecimalCommaLocaleStillEditsWithAPoint) {
   model.Edit_Click();
   openEditBox(5);
   type("2,75");
-  model.EingabeSchadstoff_Enter();
+  model.editor().EingabeSchadstoff_Enter();
   ASSERT_TRUE(model.leaveEditing());
   EXPECT_EQ(model.table().residue(3, 5), 2.75);
 }
 
+// The basis drop-down stores for the substance edited; no editor touches the flag.
 TEST_F(EditingTest, InPlaceEditorsAndTheFlag) {
   model.Edit_Click();
-  EXPECT_EQ(model.Eingabefeld_platzieren(240, 600, {1200, 480, 1500, 240}),
-            TwipsRect({1455, 1095, 1500, 240}));
-  const ControlState& box = model.layout().at(ControlId::EingabeSchadstoff);
-  EXPECT_TRUE(box.visible);
-  EXPECT_EQ(TwipsRect({box.left, box.top, box.width, box.height}),
-            TwipsRect({1455, 1095, 1500, 240}));
-
-  model.setGridCursor(2, 4, 2);
-  EXPECT_EQ(model.schadstoffwerte_Click(), MainWindowModel::GridEditor::BasisChooser);
-  EXPECT_FALSE(box.visible);
-  EXPECT_EQ(model.grid().basisChoice(), 1);  // row 2 reads STMR-P
-  EXPECT_EQ(model.Auswahlfeld_platzieren(240, 600, {1000, 480, 1200, 240}),
-            TwipsRect({1255, 1095, 1200, 315}));
-  EXPECT_TRUE(visible(C::ArtSchadstoffwertCombo));
-  model.setGridCursor(2, 4, 1);
+  model.editor().setGridCursor(2, 4, 1);
+  EXPECT_EQ(model.editor().schadstoffwerte_Click(), MainWindowModel::GridEditor::BasisChooser);
   model.ArtSchadstoffwertCombo_Click(1);
   EXPECT_EQ(column4(), "STMR-P;STMR-P;STMR;STMR-P;STMR;");
-  EXPECT_FALSE(visible(C::ArtSchadstoffwertCombo) || visible(C::EingabeSchadstoff));
-  model.setGridCursor(1, 0, 1);
-  EXPECT_EQ(model.schadstoffwerte_Click(), MainWindowModel::GridEditor::None);
 
   // A click into the box fills the selection; a double-click also hides the box.
   openEditBox(3);
-  model.setEditBox("4", 1, 0);
-  model.setGridCursor(5, 5, 3);
-  model.EingabeSchadstoff_Click();
+  model.editor().setEditBox("4", 1, 0);
+  model.editor().setGridCursor(5, 5, 3);
+  model.editor().EingabeSchadstoff_Click();
   EXPECT_EQ(column5(), "1.1;1.2;4;4;4;");
   EXPECT_TRUE(visible(C::EingabeSchadstoff));
-  model.setGridCursor(1, 5, 1);
-  model.EingabeSchadstoff_DblClick();
+  model.editor().setGridCursor(1, 5, 1);
+  model.editor().EingabeSchadstoff_DblClick();
   EXPECT_EQ(column5(), "4;1.2;4;4;4;");
   EXPECT_FALSE(visible(C::EingabeSchadstoff));
-  EXPECT_EQ(model.EingabeSchadstoff_Copy(), "4");
-  model.setGridCursor(1, 5, 2);
+  EXPECT_EQ(model.editor().EingabeSchadstoff_Copy(), "4");
+  model.editor().setGridCursor(1, 5, 2);
   EXPECT_EQ(model.schadstoffwerte_KeyDown(ResidueGrid::kKeyC, true), "4\r\n1.2\r\n");
   // None of this touched the flag, in either state.
   EXPECT_FALSE(model.databaseModified());
   model.Abbrechen_Click();
   model.Loeschen_Click();
   model.Edit_Click();
-  model.setGridCursor(1, 4, 1);
+  model.editor().setGridCursor(1, 4, 1);
   model.ArtSchadstoffwertCombo_Click(0);
-  model.EingabeSchadstoff_Click();
+  model.editor().EingabeSchadstoff_Click();
   model.Abbrechen_Click();
   EXPECT_TRUE(model.databaseModified());
 }
 
 TEST_F(EditingTest, WhatTheTableCannotHoldIsRefused) {
   model.Edit_Click();
-  model.setGridCursor(2, 5, 2);
-  model.EingabeSchadstoff_Paste("2000000\r\n");
+  model.editor().setGridCursor(2, 5, 2);
+  model.editor().EingabeSchadstoff_Paste("2000000\r\n");
   EXPECT_FALSE(model.Ende_Click());
   ASSERT_EQ(dialogs.messages.size(), 1u);
   EXPECT_NE(dialogs.messages[0].find("1000000 mg/kg"), std::string::npos);
   EXPECT_TRUE(model.editing());  // nothing stored, nothing lost
-  EXPECT_TRUE(model.grid().marked(2, 5));
+  EXPECT_TRUE(model.editor().grid().marked(2, 5));
   expectSubstance(1, 1);
   EXPECT_FALSE(model.databaseModified());
-  model.EingabeSchadstoff_Paste("1000000\r\n");
+  model.editor().EingabeSchadstoff_Paste("1000000\r\n");
   ASSERT_TRUE(model.leaveEditing());
   EXPECT_EQ(model.table().residue(1, 2), 1000000);
 
@@ -463,11 +450,11 @@ TEST_F(EditingTest, TypingWithoutEnterIsKept) {
   openEditBox(2);
   type("7");
   openEditBox(4);  // a click on another cell
-  EXPECT_EQ(model.grid().text(2, 5), "7");
+  EXPECT_EQ(model.editor().grid().text(2, 5), "7");
   type("9");
-  model.setGridCursor(1, 4, 1);
-  ASSERT_EQ(model.schadstoffwerte_Click(), MainWindowModel::GridEditor::BasisChooser);
-  EXPECT_EQ(model.grid().text(4, 5), "9");
+  model.editor().setGridCursor(1, 4, 1);
+  ASSERT_EQ(model.editor().schadstoffwerte_Click(), MainWindowModel::GridEditor::BasisChooser);
+  EXPECT_EQ(model.editor().grid().text(4, 5), "9");
   openEditBox(5);
   type("3.5");
   ASSERT_TRUE(model.leaveEditing());  // "Done" with the box still open
@@ -492,15 +479,15 @@ TEST_F(EditingTest, ASaveWhileAddingStoresTheNewSubstanceOnce) {
   model.startUp(folder);
   const int substances = model.table().substanceCount();
   model.Add_Click();
-  model.setSubstanceNameText("Added");
-  model.setGridCursor(1, 5, 1);
-  model.EingabeSchadstoff_Paste("0.5\r\n");
+  model.editor().setNameText("Added");
+  model.editor().setGridCursor(1, 5, 1);
+  model.editor().EingabeSchadstoff_Paste("0.5\r\n");
   model.save();
   ASSERT_EQ(model.table().substanceCount(), substances + 1);
   EXPECT_TRUE(model.editing() && model.editMode());
   EXPECT_EQ(model.substanceName(), "Added");
-  model.setGridCursor(1, 5, 1);
-  model.EingabeSchadstoff_Paste("0.75\r\n");
+  model.editor().setGridCursor(1, 5, 1);
+  model.editor().EingabeSchadstoff_Paste("0.75\r\n");
   ASSERT_TRUE(model.leaveEditing());
   EXPECT_EQ(model.table().substanceCount(), substances + 1);
   EXPECT_EQ(model.table().residue(substances + 1, 1), 0.75);
@@ -529,8 +516,8 @@ TEST(SaveWhileEditing, TakesTheGridOverAfterWriting) {
   EXPECT_FALSE(model.databaseModified());
 
   model.Edit_Click();
-  model.setGridCursor(1, 5, 1);
-  model.EingabeSchadstoff_Paste("7.25\r\n");
+  model.editor().setGridCursor(1, 5, 1);
+  model.editor().EingabeSchadstoff_Paste("7.25\r\n");
   model.save();
   EXPECT_TRUE(model.editing());
   EXPECT_TRUE(model.databaseModified());
