@@ -234,7 +234,7 @@ void Hauptform::applyLayout() {
     }
     QWidget* widget = m_controls[index(name)];
     widget->setGeometry(rectFromTwips(state.left, state.top, state.width, state.height));
-    widget->setVisible(state.visible);
+    widget->setVisible(m_model->visible(name));
     widget->setEnabled(m_model->enabled(name));
     std::string& shown = m_shownCaptions[index(name)];
     if (shown == state.caption) continue;

@@ -54,9 +54,9 @@ void Hauptform::showAvailableSelection() {
 
 void Hauptform::forwardAvailableSelection() {
   QListWidget* list = m_available;
-  m_model->clearSelection();
+  m_model->selection().clearSelection();
   for (const QListWidgetItem* item : list->selectedItems())
-    m_model->setSelected(list->row(item), true);
+    m_model->selection().setSelected(list->row(item), true);
 }
 
 void Hauptform::Schadstoffliste_Click(int row) {
@@ -69,27 +69,27 @@ void Hauptform::Schadstoffliste_Click(int row) {
 
 void Hauptform::Rein_Click() {
   forwardAvailableSelection();
-  m_model->Rein();
+  m_model->selection().Rein();
   fillChosen();
   applyLayout();
 }
 
 void Hauptform::alle_rein_Click() {
-  m_model->alle_rein();
+  m_model->selection().alle_rein();
   showAvailableSelection();
   fillChosen();
   applyLayout();
 }
 
 void Hauptform::raus_Click() {
-  m_model->setCurrentChosen(control<QListWidget>(C::Fischfutter2)->currentRow());
-  m_model->raus();
+  m_model->selection().setCurrentChosen(control<QListWidget>(C::Fischfutter2)->currentRow());
+  m_model->selection().raus();
   fillChosen();
   applyLayout();
 }
 
 void Hauptform::alle_raus_Click() {
-  m_model->alle_raus();
+  m_model->selection().alle_raus();
   fillChosen();
   applyLayout();
 }

@@ -21,18 +21,18 @@ void Hauptform::connectOptions() {
     });
   };
   MainWindowModel& model = *m_model;
-  onClick(C::Option1, [&model] { model.setCriterionOption(Criterion::Minimum); });
-  onClick(C::Option2, [&model] { model.setCriterionOption(Criterion::Maximum); });
-  onClick(C::Option3, [&model] { model.setSpeciesOption(Species::CommonCarp); });
-  onClick(C::Option4, [&model] { model.setSpeciesOption(Species::RainbowTrout); });
+  onClick(C::Option1, [&model] { model.options().setCriterionOption(Criterion::Minimum); });
+  onClick(C::Option2, [&model] { model.options().setCriterionOption(Criterion::Maximum); });
+  onClick(C::Option3, [&model] { model.options().setSpeciesOption(Species::CommonCarp); });
+  onClick(C::Option4, [&model] { model.options().setSpeciesOption(Species::RainbowTrout); });
   const auto pseudo = [this] {
-    m_model->setPseudoComponents({control<QCheckBox>(C::Check1)->isChecked(),
-                                  control<QCheckBox>(C::Check4)->isChecked(),
-                                  control<QCheckBox>(C::Check5)->isChecked()});
+    m_model->options().setPseudoComponents({control<QCheckBox>(C::Check1)->isChecked(),
+                                            control<QCheckBox>(C::Check4)->isChecked(),
+                                            control<QCheckBox>(C::Check5)->isChecked()});
   };
   for (ControlId check : {C::Check1, C::Check4, C::Check5}) onClick(check, pseudo);
   onClick(C::Check2,
-          [this] { m_model->setMrbdLimits(control<QCheckBox>(C::Check2)->isChecked()); });
+          [this] { m_model->options().setMrbdLimits(control<QCheckBox>(C::Check2)->isChecked()); });
   const auto onChoice = [this](ControlId name, auto handler) {
     connect(control<QComboBox>(name), QOverload<int>::of(&QComboBox::activated), this,
             [this, handler](int position) {
@@ -40,11 +40,11 @@ void Hauptform::connectOptions() {
               applyLayout();
             });
   };
-  onChoice(C::Fischarten, [&model](int position) { model.setSpecies(position); });
+  onChoice(C::Fischarten, [&model](int position) { model.options().setSpecies(position); });
   onChoice(C::MinMax, [&model](int position) {
-    model.setCriterion(position == 1 ? Criterion::Minimum : Criterion::Maximum);
+    model.options().setCriterion(position == 1 ? Criterion::Minimum : Criterion::Maximum);
   });
-  onChoice(C::Fischmehl, [&model](int position) { model.setFishmealGrade(position); });
+  onChoice(C::Fischmehl, [&model](int position) { model.options().setFishmealGrade(position); });
 }
 
 void Hauptform::showOptions() {
@@ -67,19 +67,20 @@ void Hauptform::showOptions() {
     const QSignalBlocker quiet(widget);
     apply();
   };
-  set(species, [&] { species->setCurrentIndex(m_model->species()); });
-  set(fishmeal, [&] { fishmeal->setCurrentIndex(m_model->fishmealGrade()); });
+  set(species, [&] { species->setCurrentIndex(m_model->options().species()); });
+  set(fishmeal, [&] { fishmeal->setCurrentIndex(m_model->options().fishmealGrade()); });
   auto* criterion = control<QComboBox>(C::MinMax);
-  set(criterion, [&] { criterion->setCurrentIndex(m_model->criterion() == Criterion::Minimum); });
-  const bool minimum = m_model->criterionOption() == Criterion::Minimum;
+  set(criterion,
+      [&] { criterion->setCurrentIndex(m_model->options().criterion() == Criterion::Minimum); });
+  const bool minimum = m_model->options().criterionOption() == Criterion::Minimum;
   control<QRadioButton>(minimum ? C::Option1 : C::Option2)->setChecked(true);
-  const bool carp = m_model->speciesOption() == Species::CommonCarp;
+  const bool carp = m_model->options().speciesOption() == Species::CommonCarp;
   control<QRadioButton>(carp ? C::Option3 : C::Option4)->setChecked(true);
-  const MainWindowModel::PseudoComponents pseudo = m_model->pseudoComponents();
+  const MainWindowModel::PseudoComponents pseudo = m_model->options().pseudoComponents();
   control<QCheckBox>(C::Check1)->setChecked(pseudo.pc);
   control<QCheckBox>(C::Check4)->setChecked(pseudo.cc);
   control<QCheckBox>(C::Check5)->setChecked(pseudo.f);
-  control<QCheckBox>(C::Check2)->setChecked(m_model->mrbdLimits());
+  control<QCheckBox>(C::Check2)->setChecked(m_model->options().mrbdLimits());
 }
 
 // The statement in bold, red above 0.1 mg/kg. The independent check's sentence stands apart

@@ -13,6 +13,7 @@ void ComponentSelection::refresh(const ComponentTable& table, int substance) {
   m_selected.assign(m_available.size(), false);
   m_chosen.clear();
   m_currentChosen = -1;
+  ++m_changes;
 }
 
 void ComponentSelection::reset(const ComponentTable& table, int substance) {
@@ -29,6 +30,7 @@ void ComponentSelection::Rein() {
     if (!present) m_chosen.push_back(m_available[p]);
   }
   if (!m_chosen.empty()) m_removeEnabled = true;
+  ++m_changes;
 }
 
 void ComponentSelection::alle_rein() {
@@ -40,6 +42,7 @@ void ComponentSelection::raus() {
   if (m_currentChosen < 0 || m_currentChosen >= static_cast<int>(m_chosen.size())) return;
   const int p = m_currentChosen;
   m_chosen.erase(m_chosen.begin() + p);
+  ++m_changes;
   const int count = static_cast<int>(m_chosen.size());
   m_currentChosen = count > 0 ? std::min(p, count - 1) : -1;
   if (count == 0) m_removeEnabled = false;
@@ -49,11 +52,13 @@ void ComponentSelection::alle_raus() {
   m_chosen.clear();
   m_currentChosen = -1;
   m_removeEnabled = false;
+  ++m_changes;
 }
 
 void ComponentSelection::chooseAllAvailable() {
   if (m_chosen.size() < m_available.size()) m_chosen.resize(m_available.size());
   std::copy(m_available.begin(), m_available.end(), m_chosen.begin());
+  ++m_changes;
 }
 
 std::string ComponentSelection::tooltipText(int position, int species,

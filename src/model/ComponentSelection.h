@@ -39,6 +39,9 @@ class ComponentSelection {
 
   // "<---" and "<<----": switched on by a move in, off by the moves that empty the chosen list.
   bool removeEnabled() const { return m_removeEnabled; }
+  // Counts the changes of the lists: every move in, a move out that took something out, a
+  // refresh.
+  int changes() const { return m_changes; }
 
   // Fischfutter1's information on the entry at position, the maximum inclusion for species
   // row `species`.
@@ -51,6 +54,7 @@ class ComponentSelection {
   std::vector<ListEntry> m_chosen;
   int m_currentChosen = -1;
   bool m_removeEnabled = false;
+  int m_changes = 0;
 };
 
 }  // namespace pescavo

@@ -30,15 +30,17 @@ void MainWindowModel::showLoaded(std::vector<FishSpecies> species,
   m_simpleMode = simple;
   m_layout = MainWindowLayout();
   m_speciesTable = std::move(species);
-  m_options.species = 0;
+  m_options.setSpecies(0);
   m_substance = 0;
-  m_options.criterion = Criterion::Maximum;
+  m_options.setCriterion(Criterion::Maximum);
   m_fishmealTable = std::move(fishmeal);
-  m_options.fishmealGrade = 2;
+  m_options.setFishmealGrade(2);
   m_layout.hide({C::FischmehlCaption, C::EingabeSchadstoff});
   m_selection.reset(m_database.table(), m_substance);
   if (m_simpleMode) {
-    m_options.pseudo.pc = true;
+    PseudoComponents pseudo = m_options.pseudoComponents();
+    pseudo.pc = true;
+    m_options.setPseudoComponents(pseudo);
     m_layout.applySimpleLayout(false);
     m_layout.hide({C::restore, C::Image6});
   }
@@ -59,26 +61,12 @@ void MainWindowModel::Futterliste_aktualisieren() {
   m_selection.refresh(m_database.table(), m_substance);
 }
 
-void MainWindowModel::Rein() {
-  m_selection.Rein();
-  Ergebnis_ausblenden();
-}
-
-void MainWindowModel::alle_rein() {
-  m_selection.alle_rein();
-  Ergebnis_ausblenden();
-}
-
-void MainWindowModel::raus() {
-  const std::size_t before = m_selection.chosen().size();
-  m_selection.raus();
-  // Nothing taken out (no current entry) leaves the result standing.
-  if (m_selection.chosen().size() != before) Ergebnis_ausblenden();
-}
-
-void MainWindowModel::alle_raus() {
-  m_selection.alle_raus();
-  Ergebnis_ausblenden();
+bool MainWindowModel::visible(ControlId control) const {
+  const bool result =
+      control == C::Ergebnis || control == C::ReportButton || control == C::Gegenpruefung;
+  // Any change of the lists or the options withdraws the result shown.
+  if (result && inputChanges() != m_resultChanges) return false;
+  return m_layout.at(control).visible;
 }
 
 bool MainWindowModel::enabled(ControlId control) const {
@@ -98,25 +86,6 @@ void MainWindowModel::Fischfutter1_MouseMove(int x, int y) {
   if (!m_availableTooltip.empty() && x != m_pressX && y != m_pressY) m_availableTooltip.clear();
 }
 
-void MainWindowModel::setCriterionOption(Criterion criterion) {
-  change(m_criterionOption, criterion);
-}
-
-void MainWindowModel::setSpeciesOption(Species species) { change(m_speciesOption, species); }
-
-void MainWindowModel::setPseudoComponents(PseudoComponents pseudo) {
-  m_options.pseudo = pseudo;
-  Ergebnis_ausblenden();
-}
-
-void MainWindowModel::setMrbdLimits(bool on) { change(m_options.mrbd, on); }
-
-void MainWindowModel::setCriterion(Criterion criterion) { change(m_options.criterion, criterion); }
-
-void MainWindowModel::setSpecies(int position) { change(m_options.species, position); }
-
-void MainWindowModel::setFishmealGrade(int position) { change(m_options.fishmealGrade, position); }
-
 RunInput MainWindowModel::runInput() const {
   return {m_speciesTable,           m_fishmealTable,      m_selection.available(),
           m_selection.workingSet(), m_selection.chosen(), m_database.table().componentCount(),
@@ -134,9 +103,7 @@ void MainWindowModel::Optimierung_Click() {
 
 void MainWindowModel::prepareSingleRun() {
   if (m_simpleMode) m_selection.chooseAllAvailable();
-  m_options.criterion = m_criterionOption;
-  m_options.species = static_cast<int>(m_speciesOption);
-  m_options.fishmealGrade = 2;
+  m_options.followOptionButtons();
 }
 
 bool MainWindowModel::pleaseAddComponents() {
@@ -152,13 +119,14 @@ void MainWindowModel::EinfacheOptimierung() {
   if (pleaseAddComponents()) return Ergebnis_ausblenden();
   m_resultText.clear();
   m_report.bericht.clear();
-  const RunStop stop = m_run.run(runInput(), m_options);
+  const RunStop stop = m_run.run(runInput(), m_options.run());
   if (!m_run.pivotFailure().empty()) m_dialogs.information(m_run.pivotFailure());
   if (stop != RunStop::None) return stopRun(m_run.message(stop, false));
   if (m_allScenariosMode) return Ergebnis_ausblenden();
   m_resultText = m_run.statement(substanceName());
   m_resultRed = m_run.result().burden > 0.1;
   m_layout.show({C::Ergebnis, C::ReportButton, C::Gegenpruefung});
+  m_resultChanges = inputChanges();
 }
 
 void MainWindowModel::stopRun(const std::string& message) {

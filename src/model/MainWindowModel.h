@@ -12,6 +12,7 @@
 #include "model/ResidueEditor.h"
 #include "model/RunOptions.h"
 #include "model/SubstanceDatabase.h"
+#include "model/WindowOptions.h"
 #include "tables/ComponentTable.h"
 #include "tables/ComponentViews.h"
 #include "tables/FishTables.h"
@@ -88,19 +89,13 @@ class MainWindowModel {
   // The basis drop-down's choice, for the substance being added or edited.
   void ArtSchadstoffwertCombo_Click(int position);
 
-  // Component lists and their buttons; every move withdraws the result shown.
+  // Component lists and their buttons. A move withdraws the result shown.
   const ComponentSelection& selection() const { return m_selection; }
-  void setSelected(int position, bool selected) { m_selection.setSelected(position, selected); }
-  void clearSelection() { m_selection.clearSelection(); }
-  void setCurrentChosen(int position) { m_selection.setCurrentChosen(position); }
-  void Rein();
-  void alle_rein();
-  void raus();
-  void alle_raus();
+  ComponentSelection& selection() { return m_selection; }
   bool chosenCaptionRed() const { return m_chosenCaptionRed; }
   // For the available entry at position, with the limit of the species chosen.
   std::string tooltipText(int position) const {
-    return m_selection.tooltipText(position, m_options.species, m_decimalSeparator);
+    return m_selection.tooltipText(position, m_options.species(), m_decimalSeparator);
   }
   // Fischfutter1's information tooltip: set by a press on the list (position is the current
   // item then), dropped once the pointer has left the press point in both directions.
@@ -108,24 +103,11 @@ class MainWindowModel {
   void Fischfutter1_MouseMove(int x, int y);
   const std::string& availableTooltip() const { return m_availableTooltip; }
 
-  // Options; each change withdraws the result shown.
-  Criterion criterionOption() const { return m_criterionOption; }
-  Species speciesOption() const { return m_speciesOption; }
-  PseudoComponents pseudoComponents() const { return m_options.pseudo; }
-  bool mrbdLimits() const { return m_options.mrbd; }
-  void setCriterionOption(Criterion criterion);
-  void setSpeciesOption(Species species);
-  void setPseudoComponents(PseudoComponents pseudo);
-  void setMrbdLimits(bool on);
-  // The hidden choosers that a run sets from the options.
-  Criterion criterion() const { return m_options.criterion; }
-  int species() const { return m_options.species; }
-  int fishmealGrade() const { return m_options.fishmealGrade; }
-  void setCriterion(Criterion criterion);
-  void setSpecies(int position);
-  void setFishmealGrade(int position);
+  // Options; a change withdraws the result shown.
+  const WindowOptions& options() const { return m_options; }
+  WindowOptions& options() { return m_options; }
   // What a run made now from the window's state would take.
-  const RunOptions& runOptions() const { return m_options; }
+  const RunOptions& runOptions() const { return m_options.run(); }
   RunInput runInput() const;
 
   // Flags and the result box.
@@ -133,15 +115,17 @@ class MainWindowModel {
   bool allScenariosMode() const { return m_allScenariosMode; }
   void setAllScenariosMode(bool on) { m_allScenariosMode = on; }
   bool databaseModified() const { return m_database.modified(); }
-  bool resultVisible() const { return m_layout.at(ControlId::Ergebnis).visible; }
-  bool reportButtonVisible() const { return m_layout.at(ControlId::ReportButton).visible; }
+  bool resultVisible() const { return visible(ControlId::Ergebnis); }
+  bool reportButtonVisible() const { return visible(ControlId::ReportButton); }
   const std::string& resultText() const { return m_resultText; }
   bool resultRed() const { return m_resultRed; }
   void Ergebnis_ausblenden();
 
-  // Captions, places and shown and enabled states of every control; enabled() is the one to
-  // read, since some states follow from the database and the lists.
+  // Captions, places and shown and enabled states of every control; visible() and enabled()
+  // are the ones to read, since some states follow from the database, the lists and the
+  // options.
   const MainWindowLayout& layout() const { return m_layout; }
+  bool visible(ControlId control) const;
   bool enabled(ControlId control) const;
 
   // "&save": writes feedstuff.tab; a failed write is shown with the file and the reason.
@@ -161,7 +145,7 @@ class MainWindowModel {
   // With nothing chosen: "Please add components." while Label1 is red; true then.
   bool pleaseAddComponents();
   // The problem a run would solve now, without solving it.
-  void Laden() { m_run.Laden(runInput(), m_options); }
+  void Laden() { m_run.Laden(runInput(), m_options.run()); }
 
   // The last run and what the report text, the composition table and the charts are written
   // from.
@@ -186,12 +170,9 @@ class MainWindowModel {
   // The tables read, shown as start-up shows them.
   void showLoaded(std::vector<FishSpecies> species, std::vector<FishMealGrade> fishmeal,
                   bool simple);
-  // Any change of selection or option withdraws the result shown.
-  template <typename T>
-  void change(T& control, T value) {
-    control = value;
-    Ergebnis_ausblenden();
-  }
+  // Counts the changes of the lists and the options: a result belongs to the count it was
+  // shown at.
+  int inputChanges() const { return m_selection.changes() + m_options.changes(); }
 
   SubstanceDatabase m_database;
   MainWindowLayout m_layout;
@@ -206,9 +187,8 @@ class MainWindowModel {
   int m_pressX = 0;
   int m_pressY = 0;
 
-  Criterion m_criterionOption = Criterion::Maximum;
-  Species m_speciesOption = Species::CommonCarp;
-  RunOptions m_options;
+  WindowOptions m_options;
+  int m_resultChanges = 0;  // inputChanges() when the result was shown
 
   bool m_simpleMode = false;
   bool m_allScenariosMode = false;

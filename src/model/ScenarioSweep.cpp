@@ -16,8 +16,8 @@ PseudoComponents scenarioPseudo(int k) {
 }
 
 void setScenario(MainWindowModel& model, int k, int m) {
-  model.setPseudoComponents(scenarioPseudo(k));
-  model.setMrbdLimits(m == 1);
+  model.options().setPseudoComponents(scenarioPseudo(k));
+  model.options().setMrbdLimits(m == 1);
 }
 
 std::string number(int value, char separator) { return fixedForm(value, "0", separator); }
@@ -40,10 +40,11 @@ void tableHead(MainWindowModel& model) {
   report.scenarioCells = {};
   report.scenarioAlignment = {};
   report.scenarioTableFilled = false;
-  report.scenarioCells[0] = {
-      "Szenario", "Description",
-      model.criterion() == Criterion::Maximum ? "Maximum Residue Value" : "Minimum Residue Value",
-      ""};
+  report.scenarioCells[0] = {"Szenario", "Description",
+                             model.options().criterion() == Criterion::Maximum
+                                 ? "Maximum Residue Value"
+                                 : "Minimum Residue Value",
+                             ""};
   for (int c = 0; c < 3; ++c) report.scenarioAlignment[0][c] = kAlignCentre;
   for (int r = 1; r <= kScenarioRuns; ++r) {
     report.scenarioCells[r][0] = number(r, model.decimalSeparator());
@@ -67,8 +68,8 @@ void recordCheck(MainWindowModel& model, int run) {
 bool Optimierung2_Click(MainWindowModel& model) {
   model.setAllScenariosMode(true);
   model.Ergebnis_ausblenden();
-  model.setCriterion(model.criterionOption());
-  model.setSpecies(static_cast<int>(model.speciesOption()));
+  model.options().setCriterion(model.options().criterionOption());
+  model.options().setSpecies(static_cast<int>(model.options().speciesOption()));
   return Tabellezeichnen(model);
 }
 
@@ -123,7 +124,7 @@ bool Tabellezeichnen(MainWindowModel& model) {
   }
 
   report.scenarioSummary =
-      scenarioSummary(report.scenarioCells, model.criterion() == Criterion::Maximum);
+      scenarioSummary(report.scenarioCells, model.options().criterion() == Criterion::Maximum);
   report.scenarioTableFilled = true;
   return true;
 }
@@ -163,7 +164,7 @@ ScenarioDetails runScenarioDetails(MainWindowModel& model, int index) {
   // run was made from the main window in between.
   model.setAllScenariosMode(true);
   setScenario(model, index / 2 + 1, index % 2);
-  model.setFishmealGrade(run <= 2 ? 0 : 2);
+  model.options().setFishmealGrade(run <= 2 ? 0 : 2);
   startFileRun(model.report());
   model.EinfacheOptimierung();
   // EinfacheOptimierung has shown why when it stopped; there is no section to show then.

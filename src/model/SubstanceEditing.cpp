@@ -115,9 +115,11 @@ void MainWindowModel::showNormalLayout() {
 }
 
 void MainWindowModel::applySimpleLayoutAfterEditing() {
-  m_options.pseudo.pc = true;
+  PseudoComponents pseudo = m_options.pseudoComponents();
+  pseudo.pc = true;
+  m_options.setPseudoComponents(pseudo);
   m_layout.applySimpleLayout(true);
-  m_options.fishmealGrade = 1;
+  m_options.setFishmealGrade(1);
 }
 
 void MainWindowModel::Abbrechen_Click() {

@@ -55,7 +55,7 @@ TEST_F(MainWindowFilesTest, StartUpSetsTheDesignedStatesAndTheSimpleLayoutMovesT
   start(true);
   const MainWindowLayout& simple = model.layout();
   EXPECT_EQ(simple.width(), 9000);
-  EXPECT_TRUE(model.pseudoComponents().pc);
+  EXPECT_TRUE(model.options().pseudoComponents().pc);
   EXPECT_FALSE(simple.at(ControlId::Check1).visible || simple.at(ControlId::Fischfutter2).visible ||
                simple.at(ControlId::restore).visible || simple.at(ControlId::Image6).visible);
   EXPECT_TRUE(simple.at(ControlId::Fischmehl).visible &&
@@ -96,7 +96,7 @@ TEST_F(MainWindowFilesTest, TheInformationTooltipStaysWhileThePointerKeepsOneCoo
 
 TEST_F(MainWindowFilesTest, RestoreAsksFirstAndKeepsTheDatabaseWhenThePristineCopyIsBad) {
   start();
-  model.alle_rein();
+  model.selection().alle_rein();
   dialogs.answers = {false};
   model.restore();
   EXPECT_EQ(dialogs.questions,

@@ -37,16 +37,16 @@ class ModelTest : public ::testing::Test {
   // The model after start-up with the tables as they are now.
   void load() { model.load(table, species, {{60, 12}, {62, 11}, {65, 10}, {68, 9}, {70, 8}}); }
   void choose(std::initializer_list<int> positions) {
-    model.clearSelection();
-    for (int p : positions) model.setSelected(p, true);
-    model.Rein();
+    model.selection().clearSelection();
+    for (int p : positions) model.selection().setSelected(p, true);
+    model.selection().Rein();
   }
   std::string chosen() const {
     std::string texts;
     for (const ListEntry& entry : model.selection().chosen()) texts += entry.text + ";";
     return texts;
   }
-  void pseudos(bool pc, bool cc, bool f) { model.setPseudoComponents({pc, cc, f}); }
+  void pseudos(bool pc, bool cc, bool f) { model.options().setPseudoComponents({pc, cc, f}); }
 
   ComponentTable table;
   std::vector<FishSpecies> species = {{"Common carp", 8, 35}, {"Rainbow trout", 15, 42}};
@@ -76,7 +76,7 @@ TEST_F(ModelTest, GridAndTooltipTexts) {
                                                  "STMR-P", ""}));
   EXPECT_EQ(lade_Schadstoffwerte(model.table(), 2)[4][4], "STMR");
   // The tooltip names the limit of the species the hidden chooser holds.
-  model.setSpecies(1);
+  model.options().setSpecies(1);
   model.setDecimalSeparator(',');
   EXPECT_EQ(model.tooltipText(0),
             "Protein content: 13 %, Lipid content: 2 %  Testicide content: 1,2 mg/kg. "
@@ -88,31 +88,40 @@ TEST_F(ModelTest, EveryChangeWithdrawsTheResult) {
   table.addComponent(component("Target", 35, 8, 0, 100, 100));
   table.setResidue(1, 6, 0.5);
   const std::vector<std::function<void()>> changes = {
-      [&] { model.setCriterionOption(Criterion::Minimum); },
-      [&] { model.setSpeciesOption(Species::RainbowTrout); },
+      [&] { model.options().setCriterionOption(Criterion::Minimum); },
+      [&] { model.options().setSpeciesOption(Species::RainbowTrout); },
       [&] { pseudos(true, false, false); },
-      [&] { model.setMrbdLimits(false); },
-      [&] { model.setFishmealGrade(1); },
-      [&] { model.setSpecies(1); },
-      [&] { model.setCriterion(Criterion::Minimum); },
+      [&] { model.options().setMrbdLimits(false); },
+      [&] { model.options().setFishmealGrade(1); },
+      [&] { model.options().setSpecies(1); },
+      [&] { model.options().setCriterion(Criterion::Minimum); },
       [&] { model.selectSubstance(0); },
       [&] { choose({0}); },
-      [&] { model.alle_rein(); },
-      [&] { model.raus(); },
-      [&] { model.alle_raus(); }};
+      [&] { model.selection().alle_rein(); },
+      [&] { model.selection().raus(); },
+      [&] { model.selection().alle_raus(); }};
   for (size_t i = 0; i < changes.size(); ++i) {
     load();
     pseudos(false, false, false);
-    model.setCriterionOption(Criterion::Maximum);
-    model.setSpeciesOption(Species::CommonCarp);
-    model.setMrbdLimits(true);
+    model.options().setCriterionOption(Criterion::Maximum);
+    model.options().setSpeciesOption(Species::CommonCarp);
+    model.options().setMrbdLimits(true);
     choose({4});
     model.Optimierung_Click();
     ASSERT_TRUE(model.resultVisible() && model.reportButtonVisible()) << dialogs.messages.back();
-    model.setCurrentChosen(0);
+    model.selection().setCurrentChosen(0);
     changes[i]();
     EXPECT_FALSE(model.resultVisible() || model.reportButtonVisible()) << "change " << i;
   }
+  // Selecting, and "<---" with no current entry, change nothing that ran.
+  choose({4});
+  model.Optimierung_Click();
+  ASSERT_TRUE(model.resultVisible());
+  model.selection().setSelected(0, true);
+  model.selection().clearSelection();
+  model.selection().setCurrentChosen(-1);
+  model.selection().raus();
+  EXPECT_TRUE(model.resultVisible() && model.reportButtonVisible());
 }
 
 // Components whose texts repeat, at other positions for each substance: each chosen entry takes
@@ -145,14 +154,14 @@ TEST_F(ModelTest, LadenTakesTheLastAvailableEntryOfEachText) {
     }
   };
   const auto chooseTexts = [&](std::initializer_list<int> ks) {
-    model.clearSelection();
+    model.selection().clearSelection();
     for (int k : ks)
       for (size_t q = 0; q < model.selection().available().size(); ++q)
         if (model.selection().available()[q].text == text(k) + " (by-product)") {
-          model.setSelected(static_cast<int>(q), true);
+          model.selection().setSelected(static_cast<int>(q), true);
           break;
         }
-    model.Rein();
+    model.selection().Rein();
   };
   chooseTexts({0, 5, 210, 211, 399, 577});
   expectLastEntries("first run");
@@ -160,9 +169,9 @@ TEST_F(ModelTest, LadenTakesTheLastAvailableEntryOfEachText) {
   model.selectSubstance(1);  // other positions, and some entries no longer there
   chooseTexts({577, 5, 3, 210});
   expectLastEntries("other substance");
-  model.raus();
-  model.setCurrentChosen(0);
-  model.raus();
+  model.selection().raus();
+  model.selection().setCurrentChosen(0);
+  model.selection().raus();
   expectLastEntries("shorter chosen list");
 }
 
@@ -178,10 +187,10 @@ class SingleRunTest : public ModelTest {
   }
   void runWithResidue(double residue) {
     table.setResidue(1, 6, residue);
-    const Criterion criterion = model.criterionOption();
+    const Criterion criterion = model.options().criterionOption();
     load();
     pseudos(false, false, false);
-    model.setCriterionOption(criterion);
+    model.options().setCriterionOption(criterion);
     choose({4});
     model.Optimierung_Click();
   }
@@ -204,7 +213,7 @@ TEST_F(SingleRunTest, StatementRoundingAndColour) {
        false},
   };
   for (const auto& c : cases) {
-    model.setCriterionOption(c.minimum ? Criterion::Minimum : Criterion::Maximum);
+    model.options().setCriterionOption(c.minimum ? Criterion::Minimum : Criterion::Maximum);
     model.setDecimalSeparator(c.separator);
     runWithResidue(c.residue);
     ASSERT_TRUE(model.resultVisible() && model.reportButtonVisible()) << c.residue;
@@ -218,7 +227,7 @@ TEST_F(SingleRunTest, RefusalsShowTheirMessageAndHideTheResult) {
   dialogs.onMessage = [&] { redWhileShown = model.chosenCaptionRed(); };
   runWithResidue(0.2);
   ASSERT_TRUE(model.resultVisible());
-  model.alle_raus();
+  model.selection().alle_raus();
   pseudos(true, false, false);  // pseudo-components alone are no components
   model.Optimierung_Click();
   EXPECT_TRUE(redWhileShown);
@@ -238,23 +247,23 @@ TEST_F(SingleRunTest, RefusalsShowTheirMessageAndHideTheResult) {
 
 TEST_F(SingleRunTest, RunSetsTheHiddenChoosersFromTheOptions) {
   runWithResidue(0.2);
-  model.setSpeciesOption(Species::RainbowTrout);
-  model.setFishmealGrade(0);
+  model.options().setSpeciesOption(Species::RainbowTrout);
+  model.options().setFishmealGrade(0);
   pseudos(true, false, false);
   model.Optimierung_Click();
-  EXPECT_EQ(model.species(), 1);
-  EXPECT_EQ(model.fishmealGrade(), 2);
+  EXPECT_EQ(model.options().species(), 1);
+  EXPECT_EQ(model.options().fishmealGrade(), 2);
   EXPECT_EQ(model.lastRun().problem().protein[1], 65);  // PC is always the third grade
   EXPECT_EQ(model.lastRun().problem().lipidTarget, 15);
 
-  model.setSpeciesOption(Species::CommonCarp);
+  model.options().setSpeciesOption(Species::CommonCarp);
   model.setAllScenariosMode(true);  // repeated from the report window: no statement
   model.EinfacheOptimierung();
   EXPECT_TRUE(model.lastRun().result().solvable);
   EXPECT_FALSE(model.resultVisible());
 
   model.load(table, species, {{60, 12}, {62, 11}, {65, 10}}, true);  // simple layout
-  EXPECT_TRUE(model.pseudoComponents().pc);
+  EXPECT_TRUE(model.options().pseudoComponents().pc);
   model.Optimierung_Click();  // every available component takes part
   EXPECT_EQ(model.selection().chosen().size(), model.selection().available().size());
 }
@@ -271,8 +280,8 @@ TEST_F(ModelTest, EveryRunIsCheckedIndependently) {
   model.selectSubstance(1);
   choose({2, 3});
   pseudos(false, false, false);
-  model.setMrbdLimits(false);
-  model.setCriterionOption(Criterion::Minimum);
+  model.options().setMrbdLimits(false);
+  model.options().setCriterionOption(Criterion::Minimum);
   model.Optimierung_Click();
   EXPECT_EQ(model.resultText(),
             "Minimum content dietary burden based on Example B is 3.000 mg/kg.");
@@ -283,7 +292,7 @@ TEST_F(ModelTest, EveryRunIsCheckedIndependently) {
                 0),
             0u)
       << model.lastRun().checkSentence();
-  model.setCriterionOption(Criterion::Maximum);
+  model.options().setCriterionOption(Criterion::Maximum);
   model.Optimierung_Click();
   EXPECT_EQ(model.lastRun().checkSentence(), "Independent check: agrees.");
 }

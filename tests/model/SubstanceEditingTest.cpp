@@ -333,10 +333,10 @@ TEST_F(EditingTest, SimpleLayoutAfterDoneAndCancel) {
   EXPECT_TRUE(visible(C::Fischmehl) && visible(C::FischmehlCaption));
   EXPECT_EQ(model.layout().at(ControlId::Fischmehl).top, 3600);
   EXPECT_EQ(model.layout().at(ControlId::FischmehlCaption).top, 3250);
-  EXPECT_EQ(model.fishmealGrade(), 1);
+  EXPECT_EQ(model.options().fishmealGrade(), 1);
   for (ControlId name : {C::Fischfutter2, C::alle_rein, C::Rein, C::raus, C::Label31, C::Check1})
     EXPECT_FALSE(visible(name)) << controlName(name);
-  EXPECT_TRUE(model.pseudoComponents().pc);
+  EXPECT_TRUE(model.options().pseudoComponents().pc);
 
   load(true);
   model.Add_Click();
@@ -344,7 +344,7 @@ TEST_F(EditingTest, SimpleLayoutAfterDoneAndCancel) {
   EXPECT_EQ(model.layout().width(), MainWindowLayout::kSimpleWidth);
   EXPECT_EQ(model.layout().at(ControlId::Fischmehl).top, 3600);
   EXPECT_FALSE(visible(C::Fischfutter2));
-  EXPECT_EQ(model.fishmealGrade(), 1);
+  EXPECT_EQ(model.options().fishmealGrade(), 1);
 }
 
 TEST_F(EditingTest, DecimalCommaLocaleStillEditsWithAPoint) {

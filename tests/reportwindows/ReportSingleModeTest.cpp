@@ -22,7 +22,7 @@ class SingleModeTest : public ReportWindowTest {
  protected:
   void SetUp() override {
     ReportWindowTest::SetUp();
-    model.alle_rein();
+    model.selection().alle_rein();
     model.Optimierung_Click();
     ASSERT_TRUE(model.reportButtonVisible());
   }
@@ -237,7 +237,7 @@ TEST_F(SingleModeTest, AWarningWhenTheCheckDiffers) {
   withReport([&] { EXPECT_FALSE(shown(report, "CheckWarning")); });
 
   loadErringTables(model);
-  model.setPseudoComponents({false, false, false});
+  model.options().setPseudoComponents({false, false, false});
   model.Optimierung_Click();
   ASSERT_EQ(model.lastRun().check().verdict, CheckVerdict::Differs);
   withReport([&] {
