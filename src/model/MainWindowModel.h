@@ -28,13 +28,11 @@ namespace pescavo {
 //
 // The window's controls and what the model calls them:
 //   Schadstoffliste      substancePosition()        Fischfutter1, Fischfutter2  selection()
-//   Label1 red           chosenCaptionRed()         Option1 / Option2   criterionOption()
-//   Option3 / 4          speciesOption()            MinMax              criterion()
-//   Fischarten           species()                  Fischmehl           fishmealGrade()
-//   Check1, 4, 5         pseudoComponents()         Check2              mrbdLimits()
+//   Label1 red           chosenCaptionRed()         Option1 to 4, Check1 to 5   options()
+//   MinMax, Fischarten, Fischmehl   options()       the residue grid and its boxes  editor()
 //   Ergebnis             resultVisible(), resultText()
 //   ReportButton         reportButtonVisible()
-//   Loeschen, Rein, raus, alle_raus   enabled()
+//   every control        layout(), visible(), enabled()
 class MainWindowModel {
  public:
   using PseudoComponents = pescavo::PseudoComponents;
