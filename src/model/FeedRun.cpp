@@ -43,7 +43,10 @@ void copyText(std::string& to, const std::string& from) {
 }  // namespace
 
 RunStop FeedRun::run(const RunInput& input, const RunOptions& options) {
-  if (input.chosen.empty()) return m_stop = RunStop::NoComponents;
+  if (input.chosen.empty()) {
+    m_solved = false;
+    return m_stop = RunStop::NoComponents;
+  }
   Laden(input, options);
   if (m_problem.residueSum == 0) return m_stop = RunStop::AllZero;
   if (!unusableFigures().empty()) return m_stop = RunStop::UnusableFigures;
@@ -79,8 +82,7 @@ const std::string& FeedRun::pivotFailure() const {
 void FeedRun::Laden(const RunInput& input, const RunOptions& options) {
   m_options = options;
   m_decimalSeparator = input.decimalSeparator;
-  // Until solved, the run counts as stopped before the solver.
-  m_stop = RunStop::UnusableFigures;
+  m_solved = false;
   sizeProblem(static_cast<int>(input.chosen.size()));
   matchChosenEntries(input);
   setTargets(input);
@@ -212,6 +214,7 @@ void FeedRun::Rechnen() {
   pescavo::Rechnen(m_problem, m_options.criterion, m_tableau, m_result);
   m_check = checkOptimum(m_problem, m_options.criterion, m_result);
   m_checkSentence = mainWindowSentence(m_check, m_options.criterion, m_decimalSeparator);
+  m_solved = true;
   m_stop = m_result.solvable ? RunStop::None : RunStop::NotSolvable;
 }
 

@@ -52,8 +52,8 @@ class FeedRun {
   // "geht nicht" when the last run reached the solver and its ratio test failed.
   const std::string& pivotFailure() const;
   RunStop lastStop() const { return m_stop; }
-  // The run reached the solver and its figures can be shown.
-  bool solverRan() const { return m_stop == RunStop::None || m_stop == RunStop::NotSolvable; }
+  // The last problem built was solved, with figures that can be shown.
+  bool solverRan() const { return m_solved && m_stop != RunStop::UnusableBurden; }
 
   const RunOptions& options() const { return m_options; }
   const OptimisationProblem& problem() const { return m_problem; }
@@ -78,6 +78,7 @@ class FeedRun {
   RunOptions m_options;
   char m_decimalSeparator = '.';
   RunStop m_stop = RunStop::NoComponents;
+  bool m_solved = false;  // Rechnen ran on the problem Laden built last
   OptimisationProblem m_problem;
   SimplexTableau m_tableau;
   OptimisationResult m_result;
