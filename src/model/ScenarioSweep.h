@@ -17,9 +17,9 @@ class MainWindowModel;
 bool Optimierung2_Click(MainWindowModel& model);
 
 // The sweep: sixteen runs, the scenario table, Report.txt and Report.rtf, ScenarioSummary.
-// The pseudo-components, the MRBD switch and the fish-meal grade are as before afterwards;
-// the problem and result are those of the last run made. True when the report window is to
-// be shown.
+// Each run takes the window's options with its own pseudo-components and MRBD switch; the
+// window's options are left as they are. The problem and result are those of the last run
+// made. True when the report window is to be shown.
 bool Tabellezeichnen(MainWindowModel& model);
 
 // "Open Full Report File" (the text side): one more header block, the report text becomes the
