@@ -75,10 +75,10 @@ void BM_Search(benchmark::State& state) {
   const char* const texts[3] = {"CROP 99", "grains/", "4-00-5"};
   int k = 0;
   for (auto _ : state) {
-    model.setSearchText(texts[k++ % 3]);
-    model.Go_Click();
+    model.editor().setSearchText(texts[k++ % 3]);
+    model.editor().Go_Click();
   }
-  benchmark::DoNotOptimize(model.grid().marked(1, 1));
+  benchmark::DoNotOptimize(model.editor().grid().marked(1, 1));
 }
 BENCHMARK(BM_Search)->Unit(benchmark::kMillisecond);
 

@@ -86,7 +86,7 @@ std::unique_ptr<MainWindowModel> sweepModel(
   model->load(std::move(table), {{"Common carp", 8, 35}, {"Rainbow trout", 20, 42}},
               {{60, 8}, {62, 9}, {65, 10}});
   model->report().reportFolder = reportFolder(base);
-  model->alle_rein();
+  model->selection().alle_rein();
   return model;
 }
 
@@ -136,11 +136,11 @@ void BM_SweepRuns(benchmark::State& state) {
   for (auto _ : state) {
     for (int k = 0; k < 8; ++k) {
       for (int m = 0; m <= 1; ++m) {
-        model->setPseudoComponents({kScenarios[k].pc, kScenarios[k].cc, kScenarios[k].f});
-        model->setMrbdLimits(m == 1);
+        model->options().setPseudoComponents({kScenarios[k].pc, kScenarios[k].cc, kScenarios[k].f});
+        model->options().setMrbdLimits(m == 1);
         model->Laden();
-        model->Rechnen();
-        benchmark::DoNotOptimize(model->result().burden);
+        model->lastRun().Rechnen();
+        benchmark::DoNotOptimize(model->lastRun().result().burden);
       }
     }
   }

@@ -64,7 +64,7 @@ int main(int argc, char** argv) {
   MainWindowModel model(dialogs, '.');
   model.startUp((work / "Input").string());
   model.report().reportFolder = work.string();
-  model.alle_rein();
+  model.selection().alle_rein();
   QWidget mainWindow;
   mainWindow.resize(800, 600);
   mainWindow.show();

@@ -249,30 +249,30 @@ void applyRunOptions(const CliOptions& options, MainWindowModel& model) {
   model.selectSubstance(substancePosition(options, model.table()));
   for (const CliOptions::Move& move : options.moves) {
     if (move.all) {
-      model.alle_rein();
+      model.selection().alle_rein();
       continue;
     }
-    const std::vector<ListEntry>& available = model.available();
+    const std::vector<ListEntry>& available = model.selection().available();
     const auto found =
         std::find_if(available.begin(), available.end(),
                      [&](const ListEntry& entry) { return entry.text == move.component; });
     if (found == available.end())
       throw UsageError("component \"" + move.component + "\" is not available for \"" +
                        model.substanceName() + "\"");
-    model.clearSelection();
-    model.setSelected(static_cast<int>(found - available.begin()), true);
-    model.Rein();
+    model.selection().clearSelection();
+    model.selection().setSelected(static_cast<int>(found - available.begin()), true);
+    model.selection().Rein();
   }
-  model.setSpeciesOption(options.carp ? Species::CommonCarp : Species::RainbowTrout);
-  model.setCriterionOption(options.minimum ? Criterion::Minimum : Criterion::Maximum);
-  model.setPseudoComponents({options.pc || options.simple, options.cc, options.f});
-  model.setMrbdLimits(options.mrbd);
+  model.options().setSpeciesOption(options.carp ? Species::CommonCarp : Species::RainbowTrout);
+  model.options().setCriterionOption(options.minimum ? Criterion::Minimum : Criterion::Maximum);
+  model.options().setPseudoComponents({options.pc || options.simple, options.cc, options.f});
+  model.options().setMrbdLimits(options.mrbd);
   if (options.fishmeal >= 0) {
     const int grades = static_cast<int>(model.fishmealTable().size());
     if (options.fishmeal >= grades)
       throw UsageError("--fishmeal " + std::to_string(options.fishmeal) + ": there are only " +
                        std::to_string(grades) + " fish-meal grades");
-    model.setFishmealGrade(options.fishmeal);
+    model.options().setFishmealGrade(options.fishmeal);
   }
 }
 
@@ -291,7 +291,7 @@ int runSubstances(const MainWindowModel& model, std::ostream& out) {
 }
 
 int runComponents(const MainWindowModel& model, std::ostream& out) {
-  for (const ListEntry& entry : model.available()) out << entry.text << '\n';
+  for (const ListEntry& entry : model.selection().available()) out << entry.text << '\n';
   return kExitOk;
 }
 

@@ -21,11 +21,11 @@ int runLp(MainWindowModel& model, const CliOptions&, std::ostream& out, std::ost
   model.prepareSingleRun();
   if (model.pleaseAddComponents()) return kExitRefused;
   model.Laden();
-  if (const std::string why = model.unusableFigures(); !why.empty()) {
+  if (const std::string why = model.lastRun().unusableFigures(); !why.empty()) {
     model.dialogs().information(why);
     return kExitRefused;
   }
-  out << writeLp(model.problem(), model.criterion());
+  out << writeLp(model.lastRun().problem(), model.lastRun().options().criterion);
   return kExitOk;
 }
 
@@ -34,13 +34,10 @@ int runVerify(MainWindowModel& model, const CliOptions& options, std::ostream& o
   const int status = runOptimize(model, options, out, err);
   // The check is of the programme solved: a run refused before the solver has none, and
   // neither has one whose figures could not be shown.
-  const OptimisationProblem& problem = model.problem();
-  const bool solved =
-      status == kExitOk || (problem.n > 0 && problem.residueSum != 0 &&
-                            model.unusableFigures().empty() && model.unusableBurden().empty());
-  if (!solved) return kExitRefused;
-  const CheckResult& check = model.check();
-  out << cliLine(check, model.criterion(), model.decimalSeparator()) << '\n';
+  const FeedRun& run = model.lastRun();
+  if (status != kExitOk && !run.solverRan()) return kExitRefused;
+  const CheckResult& check = run.check();
+  out << cliLine(check, run.options().criterion, model.decimalSeparator()) << '\n';
   if (check.verdict == CheckVerdict::Agrees) return kExitOk;
   if (check.verdict == CheckVerdict::Differs) return kExitDiffers;
   return kExitUnchecked;

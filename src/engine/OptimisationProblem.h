@@ -24,6 +24,15 @@ enum class VariableKind { Component, PC, CC, F };
 // "PC", "CC" or "F"; empty for a component.
 const char* pseudoComponentName(VariableKind kind);
 
+// Crude lipid and protein (percent of DM) of the pseudo-components whose make-up is fixed:
+// starch (CC) and oil (F). Fish meal's comes from its grade.
+struct PseudoMakeUp {
+  double lipid;
+  double protein;
+};
+constexpr PseudoMakeUp kStarchMakeUp{0.1, 0.1};
+constexpr PseudoMakeUp kOilMakeUp{100, 0};
+
 struct OptimisationProblem {
   int n = 0;            // variable count
   int chosenCount = 0;  // variables 1..chosenCount are chosen components

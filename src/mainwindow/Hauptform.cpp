@@ -48,11 +48,9 @@ Hauptform::Hauptform(DesktopDialogs& dialogs, char decimalSeparator, QWidget* pa
   m_dialogs.setParentWindow(this);
 }
 
-// The controls go first, while the window their event hooks call is still whole.
-Hauptform::~Hauptform() {
-  control<QListWidget>("Fischfutter1")->viewport()->removeEventFilter(this);
-  delete centralWidget();
-}
+// The controls go first, while the model their signals and event hooks call is still whole.
+// The window's own event filter compares pointers only, so it may stay on the list to the end.
+Hauptform::~Hauptform() { delete centralWidget(); }
 
 bool Hauptform::startUp(const std::string& inputFolder, bool simpleMode) {
   try {
@@ -77,8 +75,7 @@ void Hauptform::closeEvent(QCloseEvent* event) {
 }
 
 bool Hauptform::eventFilter(QObject* watched, QEvent* event) {
-  auto* available = control<QListWidget>("Fischfutter1");
-  if (watched == available->viewport()) {
+  if (watched == m_availableView) {
     // The press point is taken before the list makes the pressed item current.
     if (event->type() == QEvent::MouseButtonPress)
       m_pressPoint = static_cast<QMouseEvent*>(event)->position().toPoint();

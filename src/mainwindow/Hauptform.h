@@ -2,7 +2,7 @@
 
 #include <QMainWindow>
 #include <QPointer>
-#include <map>
+#include <array>
 #include <memory>
 #include <string>
 #include <vector>
@@ -54,17 +54,18 @@ class Hauptform : public QMainWindow {
 
  private:
   class WindowDialogs;
+  using C = ControlId;
 
   // HauptformControls.cpp
   void buildControls();
-  QWidget* makeControl(const std::string& name, const ControlState& state, QWidget* parent);
+  QWidget* makeControl(ControlId id, const ControlState& state, QWidget* parent);
   void buildMenus();
   void connectControls();
   // Copies captions, places, shown and enabled states and the list label's colour.
   void applyLayout();
   template <typename T>
-  T* control(const std::string& name) const {
-    return qobject_cast<T*>(m_controls.at(name));
+  T* control(ControlId id) const {
+    return qobject_cast<T*>(m_controls[index(id)]);
   }
 
   // HauptformLists.cpp
@@ -131,9 +132,12 @@ class Hauptform : public QMainWindow {
   DesktopDialogs& m_dialogs;
   std::unique_ptr<WindowDialogs> m_windowDialogs;
   std::unique_ptr<MainWindowModel> m_model;
-  std::map<std::string, QWidget*> m_controls;
-  std::map<std::string, QAction*> m_menuItems;
-  std::map<std::string, std::string> m_shownCaptions;
+  // Built once, by id; the menu entries among the controls are actions instead.
+  std::array<QWidget*, kControlCount> m_controls{};
+  std::array<QAction*, kControlCount> m_menuItems{};
+  std::array<std::string, kControlCount> m_shownCaptions;
+  QListWidget* m_available = nullptr;  // Fischfutter1
+  QWidget* m_availableView = nullptr;  // its viewport, whose presses the window watches
   std::string m_startFolder = ".";
   bool m_ending = false;
   QPoint m_pressPoint;  // where the last press on the available list was

@@ -39,37 +39,39 @@ enum class Kind {
   Menu
 };
 
-Kind kindOf(const std::string& name) {
-  static const std::map<std::string, Kind> kinds = {{"Schadstoffliste", Kind::List},
-                                                    {"Fischfutter1", Kind::MultiList},
-                                                    {"Fischfutter2", Kind::MultiList},
-                                                    {"Schadstoffname", Kind::Text},
-                                                    {"EingabeSchadstoff", Kind::Text},
-                                                    {"Suche", Kind::Text},
-                                                    {"ArtSchadstoffwertCombo", Kind::Combo},
-                                                    {"Fischmehl", Kind::Combo},
-                                                    {"Fischarten", Kind::Combo},
-                                                    {"MinMax", Kind::Combo},
-                                                    {"schadstoffwerte", Kind::Grid},
-                                                    {"Frame1", Kind::Frame},
-                                                    {"Frame2", Kind::Frame},
-                                                    {"Option1", Kind::Option},
-                                                    {"Option2", Kind::Option},
-                                                    {"Option3", Kind::Option},
-                                                    {"Option4", Kind::Option},
-                                                    {"Check1", Kind::Check},
-                                                    {"Check2", Kind::Check},
-                                                    {"Check4", Kind::Check},
-                                                    {"Check5", Kind::Check},
-                                                    {"Ergebnis", Kind::Rich},
-                                                    {"Gegenpruefung", Kind::Label},
-                                                    {"Line1", Kind::Line},
-                                                    {"Line2", Kind::Line},
-                                                    {"restore", Kind::Menu},
-                                                    {"MenuEdit", Kind::Menu}};
-  if (const auto found = kinds.find(name); found != kinds.end()) return found->second;
-  if (name.rfind("Label", 0) == 0 || name == "FischmehlCaption" || name == "Gegenpruefung")
-    return Kind::Label;
+using C = ControlId;
+
+Kind kindOf(ControlId id) {
+  static const std::map<ControlId, Kind> kinds = {{C::Schadstoffliste, Kind::List},
+                                                  {C::Fischfutter1, Kind::MultiList},
+                                                  {C::Fischfutter2, Kind::MultiList},
+                                                  {C::Schadstoffname, Kind::Text},
+                                                  {C::EingabeSchadstoff, Kind::Text},
+                                                  {C::Suche, Kind::Text},
+                                                  {C::ArtSchadstoffwertCombo, Kind::Combo},
+                                                  {C::Fischmehl, Kind::Combo},
+                                                  {C::Fischarten, Kind::Combo},
+                                                  {C::MinMax, Kind::Combo},
+                                                  {C::schadstoffwerte, Kind::Grid},
+                                                  {C::Frame1, Kind::Frame},
+                                                  {C::Frame2, Kind::Frame},
+                                                  {C::Option1, Kind::Option},
+                                                  {C::Option2, Kind::Option},
+                                                  {C::Option3, Kind::Option},
+                                                  {C::Option4, Kind::Option},
+                                                  {C::Check1, Kind::Check},
+                                                  {C::Check2, Kind::Check},
+                                                  {C::Check4, Kind::Check},
+                                                  {C::Check5, Kind::Check},
+                                                  {C::Ergebnis, Kind::Rich},
+                                                  {C::Gegenpruefung, Kind::Label},
+                                                  {C::Line1, Kind::Line},
+                                                  {C::Line2, Kind::Line},
+                                                  {C::restore, Kind::Menu},
+                                                  {C::MenuEdit, Kind::Menu}};
+  if (const auto found = kinds.find(id); found != kinds.end()) return found->second;
+  const std::string name = controlName(id);
+  if (name.rfind("Label", 0) == 0 || id == C::FischmehlCaption) return Kind::Label;
   if (name.rfind("Image", 0) == 0) return Kind::Image;
   return Kind::Button;
 }
@@ -85,31 +87,31 @@ void Hauptform::buildControls() {
   central->setObjectName("HauptformClient");
   setCentralWidget(central);
   const MainWindowLayout& layout = m_model->layout();
-  for (const std::string& name : layout.names()) {
-    const ControlState& state = layout.at(name);
-    if (kindOf(name) == Kind::Menu) continue;
-    QWidget* parent = state.parent.empty() ? central : m_controls.at(state.parent);
-    QWidget* widget = makeControl(name, state, parent);
-    widget->setObjectName(QString::fromStdString(name));
+  for (ControlId id : allControls()) {
+    const ControlState& state = layout.at(id);
+    if (kindOf(id) == Kind::Menu) continue;
+    QWidget* parent = state.parent ? m_controls[index(*state.parent)] : central;
+    QWidget* widget = makeControl(id, state, parent);
+    widget->setObjectName(controlName(id));
     const std::string& accessible =
         state.accessibleName.empty() ? state.caption : state.accessibleName;
     widget->setAccessibleName(withoutAccelerator(accessible));
     if (!state.tooltip.empty()) widget->setToolTip(QString::fromStdString(state.tooltip));
-    m_controls.emplace(name, widget);
+    m_controls[index(id)] = widget;
   }
-  auto* grid = control<QTableWidget>("schadstoffwerte");
+  m_available = control<QListWidget>(C::Fischfutter1);
+  auto* grid = control<QTableWidget>(C::schadstoffwerte);
   grid->setColumnCount(6);
   grid->verticalHeader()->hide();
-  control<QComboBox>("MinMax")->addItems(
-      {MainWindowModel::kMinMaxItems[0], MainWindowModel::kMinMaxItems[1]});
-  control<QComboBox>("ArtSchadstoffwertCombo")->addItems({"STMR", "STMR-P"});
-  control<QPushButton>("Optimierung")->setStyleSheet("background-color: rgb(0, 192, 0);");
-  control<QLabel>("FischmehlCaption")->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-  auto* check = control<QLabel>("Gegenpruefung");
+  control<QComboBox>(C::MinMax)->addItems({kMinMaxItems[0], kMinMaxItems[1]});
+  control<QComboBox>(C::ArtSchadstoffwertCombo)->addItems({kBasisItems[0], kBasisItems[1]});
+  control<QPushButton>(C::Optimierung)->setStyleSheet("background-color: rgb(0, 192, 0);");
+  control<QLabel>(C::FischmehlCaption)->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+  auto* check = control<QLabel>(C::Gegenpruefung);
   check->setWordWrap(true);
   check->setAlignment(Qt::AlignLeft | Qt::AlignTop);
   check->setTextFormat(Qt::PlainText);
-  auto* result = control<QTextEdit>("Ergebnis");
+  auto* result = control<QTextEdit>(C::Ergebnis);
   result->setReadOnly(true);
   result->setFrameShape(QFrame::StyledPanel);
   // The small box shows the whole statement of a usual substance name without scrolling.
@@ -119,10 +121,9 @@ void Hauptform::buildControls() {
   result->setFont(resultFont);
 }
 
-QWidget* Hauptform::makeControl(const std::string& name, const ControlState& state,
-                                QWidget* parent) {
+QWidget* Hauptform::makeControl(ControlId id, const ControlState& state, QWidget* parent) {
   const QString caption = QString::fromStdString(state.caption);
-  switch (kindOf(name)) {
+  switch (kindOf(id)) {
     case Kind::Label:
       return new QLabel(caption, parent);
     case Kind::List:
@@ -151,7 +152,7 @@ QWidget* Hauptform::makeControl(const std::string& name, const ControlState& sta
       image->setAutoRaise(true);
       image->setStyleSheet("QToolButton { border: none; padding: 0; }");
       const int size = twipsToPixels(state.width);
-      image->setIcon(name == "Image1" ? QIcon(logoPicture(size)) : QIcon(informationPicture(size)));
+      image->setIcon(id == C::Image1 ? QIcon(logoPicture(size)) : QIcon(informationPicture(size)));
       image->setIconSize(QSize(size, size));
       return image;
     }
@@ -178,20 +179,20 @@ void Hauptform::buildMenus() {
     QAction* action = menu->addAction(caption);
     action->setObjectName(name);
     action->setShortcut(shortcut);
-    m_menuItems.emplace(name, action);
     return action;
   };
-  connect(item(program, "restore", "&restore original data base"), &QAction::triggered, this,
-          &Hauptform::restore_Click);
+  QAction* restore = item(program, controlName(C::restore), "&restore original data base");
+  m_menuItems[index(C::restore)] = restore;
+  connect(restore, &QAction::triggered, this, &Hauptform::restore_Click);
   connect(item(program, "save", "&save", QKeySequence("Ctrl+S")), &QAction::triggered, this,
           &Hauptform::save_Click);
   connect(item(program, "exit", "e&xit", QKeySequence("Ctrl+E")), &QAction::triggered, this,
           &Hauptform::exit_Click);
   QMenu* edit = menuBar()->addMenu("&Edit");
-  edit->setObjectName("MenuEdit");
+  edit->setObjectName(controlName(C::MenuEdit));
   item(edit, "MenuFischfutter", "&Feed components");
-  edit->menuAction()->setObjectName("MenuEdit");
-  m_menuItems.emplace("MenuEdit", edit->menuAction());
+  edit->menuAction()->setObjectName(controlName(C::MenuEdit));
+  m_menuItems[index(C::MenuEdit)] = edit->menuAction();
   QMenu* info = menuBar()->addMenu("?");
   info->setObjectName("Info");
   connect(item(info, "menuHilfe", "&Help", QKeySequence(Qt::Key_F1)), &QAction::triggered, this,
@@ -200,51 +201,51 @@ void Hauptform::buildMenus() {
 }
 
 void Hauptform::connectControls() {
-  auto* substances = control<QListWidget>("Schadstoffliste");
+  auto* substances = control<QListWidget>(C::Schadstoffliste);
   connect(substances, &QListWidget::currentRowChanged, this, &Hauptform::Schadstoffliste_Click);
-  const auto onClick = [this](const char* name, void (Hauptform::*handler)()) {
+  const auto onClick = [this](ControlId name, void (Hauptform::*handler)()) {
     connect(control<QAbstractButton>(name), &QAbstractButton::clicked, this, handler);
   };
-  onClick("Rein", &Hauptform::Rein_Click);
-  onClick("alle_rein", &Hauptform::alle_rein_Click);
-  onClick("raus", &Hauptform::raus_Click);
-  onClick("alle_raus", &Hauptform::alle_raus_Click);
-  onClick("Optimierung", &Hauptform::Optimierung_Click);
-  onClick("Optimierung2", &Hauptform::Optimierung2_Click);
-  onClick("ReportButton", &Hauptform::ReportButton_Click);
-  onClick("Ende", &Hauptform::exit_Click);
-  connect(control<QAbstractButton>("Image1"), &QAbstractButton::clicked, this,
+  onClick(C::Rein, &Hauptform::Rein_Click);
+  onClick(C::alle_rein, &Hauptform::alle_rein_Click);
+  onClick(C::raus, &Hauptform::raus_Click);
+  onClick(C::alle_raus, &Hauptform::alle_raus_Click);
+  onClick(C::Optimierung, &Hauptform::Optimierung_Click);
+  onClick(C::Optimierung2, &Hauptform::Optimierung2_Click);
+  onClick(C::ReportButton, &Hauptform::ReportButton_Click);
+  onClick(C::Ende, &Hauptform::exit_Click);
+  connect(control<QAbstractButton>(C::Image1), &QAbstractButton::clicked, this,
           [this] { showAbout(false); });
-  const std::pair<const char*, InformationImage> images[] = {
-      {"Image2", InformationImage::Image2}, {"Image3", InformationImage::Image3},
-      {"Image4", InformationImage::Image4}, {"Image5", InformationImage::Image5},
-      {"Image6", InformationImage::Image6}, {"Image7", InformationImage::Image7},
-      {"Image8", InformationImage::Image8}};
-  for (const auto& [name, image] : images) {
-    connect(control<QAbstractButton>(name), &QAbstractButton::clicked, this,
+  const std::pair<ControlId, InformationImage> images[] = {
+      {C::Image2, InformationImage::Image2}, {C::Image3, InformationImage::Image3},
+      {C::Image4, InformationImage::Image4}, {C::Image5, InformationImage::Image5},
+      {C::Image6, InformationImage::Image6}, {C::Image7, InformationImage::Image7},
+      {C::Image8, InformationImage::Image8}};
+  for (const auto& [id, image] : images) {
+    connect(control<QAbstractButton>(id), &QAbstractButton::clicked, this,
             [this, image = image] { showInformation(image); });
   }
-  auto* available = control<QListWidget>("Fischfutter1");
-  connect(available, &QListWidget::pressed, this, &Hauptform::availablePressed);
-  available->viewport()->setMouseTracking(true);
-  available->viewport()->installEventFilter(this);
+  connect(m_available, &QListWidget::pressed, this, &Hauptform::availablePressed);
+  m_availableView = m_available->viewport();
+  m_availableView->setMouseTracking(true);
+  m_availableView->installEventFilter(this);
   connectOptions();
   connectSubstanceEditing();
 }
 
 void Hauptform::applyLayout() {
   const MainWindowLayout& layout = m_model->layout();
-  for (const std::string& name : layout.names()) {
+  for (ControlId name : allControls()) {
     const ControlState& state = layout.at(name);
-    if (const auto menu = m_menuItems.find(name); menu != m_menuItems.end()) {
-      menu->second->setVisible(state.visible);
+    if (QAction* menu = m_menuItems[index(name)]) {
+      menu->setVisible(state.visible);
       continue;
     }
-    QWidget* widget = m_controls.at(name);
+    QWidget* widget = m_controls[index(name)];
     widget->setGeometry(rectFromTwips(state.left, state.top, state.width, state.height));
-    widget->setVisible(state.visible);
-    widget->setEnabled(state.enabled);
-    std::string& shown = m_shownCaptions[name];
+    widget->setVisible(m_model->visible(name));
+    widget->setEnabled(m_model->enabled(name));
+    std::string& shown = m_shownCaptions[index(name)];
     if (shown == state.caption) continue;
     shown = state.caption;
     const QString caption = QString::fromStdString(state.caption);
@@ -260,7 +261,7 @@ void Hauptform::applyLayout() {
     if (!caption.isEmpty() && state.accessibleName.empty())
       widget->setAccessibleName(withoutAccelerator(state.caption));
   }
-  auto* chosenCaption = control<QLabel>("Label1");
+  auto* chosenCaption = control<QLabel>(C::Label1);
   QPalette palette = chosenCaption->palette();
   palette.setColor(QPalette::WindowText,
                    m_model->chosenCaptionRed() ? QColor(255, 0, 0) : QColor(0, 0, 0));

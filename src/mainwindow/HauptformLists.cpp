@@ -18,7 +18,7 @@ void fill(QListWidget& list, const std::vector<ListEntry>& entries) {
 }  // namespace
 
 void Hauptform::fillSubstances() {
-  auto* list = control<QListWidget>("Schadstoffliste");
+  auto* list = control<QListWidget>(C::Schadstoffliste);
   const QSignalBlocker quiet(list);
   const ComponentTable& table = m_model->table();
   QStringList names;
@@ -31,30 +31,32 @@ void Hauptform::fillSubstances() {
 }
 
 void Hauptform::fillAvailable() {
-  auto* list = control<QListWidget>("Fischfutter1");
+  QListWidget* list = m_available;
   const QSignalBlocker quiet(list);
-  fill(*list, m_model->available());
+  fill(*list, m_model->selection().available());
   list->setToolTip(QString());
 }
 
 void Hauptform::fillChosen() {
-  auto* list = control<QListWidget>("Fischfutter2");
+  auto* list = control<QListWidget>(C::Fischfutter2);
   const QSignalBlocker quiet(list);
-  fill(*list, m_model->chosen());
-  if (m_model->currentChosen() >= 0) list->setCurrentRow(m_model->currentChosen());
+  fill(*list, m_model->selection().chosen());
+  if (m_model->selection().currentChosen() >= 0)
+    list->setCurrentRow(m_model->selection().currentChosen());
 }
 
 void Hauptform::showAvailableSelection() {
-  auto* list = control<QListWidget>("Fischfutter1");
+  QListWidget* list = m_available;
   const QSignalBlocker quiet(list);
-  for (int p = 0; p < list->count(); ++p) list->item(p)->setSelected(m_model->isSelected(p));
+  for (int p = 0; p < list->count(); ++p)
+    list->item(p)->setSelected(m_model->selection().isSelected(p));
 }
 
 void Hauptform::forwardAvailableSelection() {
-  auto* list = control<QListWidget>("Fischfutter1");
-  m_model->clearSelection();
+  QListWidget* list = m_available;
+  m_model->selection().clearSelection();
   for (const QListWidgetItem* item : list->selectedItems())
-    m_model->setSelected(list->row(item), true);
+    m_model->selection().setSelected(list->row(item), true);
 }
 
 void Hauptform::Schadstoffliste_Click(int row) {
@@ -67,40 +69,40 @@ void Hauptform::Schadstoffliste_Click(int row) {
 
 void Hauptform::Rein_Click() {
   forwardAvailableSelection();
-  m_model->Rein();
+  m_model->selection().Rein();
   fillChosen();
   applyLayout();
 }
 
 void Hauptform::alle_rein_Click() {
-  m_model->alle_rein();
+  m_model->selection().alle_rein();
   showAvailableSelection();
   fillChosen();
   applyLayout();
 }
 
 void Hauptform::raus_Click() {
-  m_model->setCurrentChosen(control<QListWidget>("Fischfutter2")->currentRow());
-  m_model->raus();
+  m_model->selection().setCurrentChosen(control<QListWidget>(C::Fischfutter2)->currentRow());
+  m_model->selection().raus();
   fillChosen();
   applyLayout();
 }
 
 void Hauptform::alle_raus_Click() {
-  m_model->alle_raus();
+  m_model->selection().alle_raus();
   fillChosen();
   applyLayout();
 }
 
 void Hauptform::availablePressed() {
-  auto* list = control<QListWidget>("Fischfutter1");
+  QListWidget* list = m_available;
   m_model->Fischfutter1_MouseDown(list->currentRow(), m_pressPoint.x(), m_pressPoint.y());
   list->setToolTip(QString::fromStdString(m_model->availableTooltip()));
 }
 
 void Hauptform::availableMoved(const QPoint& position) {
   m_model->Fischfutter1_MouseMove(position.x(), position.y());
-  auto* list = control<QListWidget>("Fischfutter1");
+  QListWidget* list = m_available;
   if (m_model->availableTooltip().empty() && !list->toolTip().isEmpty())
     list->setToolTip(QString());
 }

@@ -41,31 +41,32 @@ Qt::MouseButton button(const QEvent* event) {
 }  // namespace
 
 void Hauptform::connectSubstanceEditing() {
-  auto* substances = control<QListWidget>("Schadstoffliste");
+  auto* substances = control<QListWidget>(C::Schadstoffliste);
   connect(substances, &QListWidget::itemDoubleClicked, this,
           [this] { substanceCommand(&MainWindowModel::Schadstoffliste_DblClick); });
   auto* listKeys = new EventHook(
       [this](QObject*, QEvent* event) { return Schadstoffliste_KeyDown(event); }, this);
   listKeys->watch(substances);
-  const auto command = [this](const char* name, void (MainWindowModel::*operation)()) {
+  const auto command = [this](ControlId name, void (MainWindowModel::*operation)()) {
     connect(control<QAbstractButton>(name), &QAbstractButton::clicked, this,
             [this, operation] { substanceCommand(operation); });
   };
-  command("Add", &MainWindowModel::Add_Click);
-  command("Edit", &MainWindowModel::Edit_Click);
-  command("Kopieren", &MainWindowModel::Kopieren_Click);
-  command("Loeschen", &MainWindowModel::Loeschen_Click);
-  command("Abbrechen", &MainWindowModel::Abbrechen_Click);
+  command(C::Add, &MainWindowModel::Add_Click);
+  command(C::Edit, &MainWindowModel::Edit_Click);
+  command(C::Kopieren, &MainWindowModel::Kopieren_Click);
+  command(C::Loeschen, &MainWindowModel::Loeschen_Click);
+  command(C::Abbrechen, &MainWindowModel::Abbrechen_Click);
 
-  m_gridView = new ResidueGridView(control<QTableWidget>("schadstoffwerte"));
-  connect(m_gridView, &ResidueGridView::cursorChanged, this,
-          [this](int row, int column, int end) { m_model->setGridCursor(row, column, end); });
+  m_gridView = new ResidueGridView(control<QTableWidget>(C::schadstoffwerte));
+  connect(m_gridView, &ResidueGridView::cursorChanged, this, [this](int row, int column, int end) {
+    m_model->editor().setGridCursor(row, column, end);
+  });
   connect(m_gridView, &ResidueGridView::clicked, this, &Hauptform::schadstoffwerte_Click);
   connect(m_gridView, &ResidueGridView::keyPressed, this, &Hauptform::schadstoffwerte_KeyDown);
   connect(m_gridView, &ResidueGridView::wheelTurned, this, &Hauptform::schadstoffwerte_Wheel);
   connect(m_gridView, &ResidueGridView::scrolled, this, &Hauptform::followGridScroll);
 
-  auto* box = control<QLineEdit>("EingabeSchadstoff");
+  auto* box = control<QLineEdit>(C::EingabeSchadstoff);
   paintGreen(*box);
   // Every character reaches the box through the model's numeric filter: no menu, no drops.
   box->setContextMenuPolicy(Qt::NoContextMenu);
@@ -77,24 +78,24 @@ void Hauptform::connectSubstanceEditing() {
   connect(box, &QLineEdit::cursorPositionChanged, this, &Hauptform::editBoxChanged);
   connect(box, &QLineEdit::selectionChanged, this, &Hauptform::editBoxChanged);
 
-  auto* basis = control<QComboBox>("ArtSchadstoffwertCombo");
+  auto* basis = control<QComboBox>(C::ArtSchadstoffwertCombo);
   paintGreen(*basis);
   connect(basis, QOverload<int>::of(&QComboBox::activated), this,
           &Hauptform::ArtSchadstoffwertCombo_Click);
 
   // What is typed into the two text boxes is the model's caption from then on.
-  const auto typedInto = [this](const char* name, void (MainWindowModel::*set)(std::string)) {
+  const auto typedInto = [this](ControlId name, void (ResidueEditor::*set)(std::string)) {
     connect(control<QLineEdit>(name), &QLineEdit::textEdited, this,
             [this, name, set](const QString& text) {
-              (m_model.get()->*set)(text.toStdString());
-              m_shownCaptions[name] = text.toStdString();
+              (m_model->editor().*set)(text.toStdString());
+              m_shownCaptions[index(name)] = text.toStdString();
             });
   };
-  typedInto("Suche", &MainWindowModel::setSearchText);
-  typedInto("Schadstoffname", &MainWindowModel::setSubstanceNameText);
-  connect(control<QLineEdit>("Suche"), &QLineEdit::returnPressed, this, &Hauptform::Go_Click);
-  connect(control<QAbstractButton>("Go"), &QAbstractButton::clicked, this, &Hauptform::Go_Click);
-  auto* name = control<QLineEdit>("Schadstoffname");
+  typedInto(C::Suche, &ResidueEditor::setSearchText);
+  typedInto(C::Schadstoffname, &ResidueEditor::setNameText);
+  connect(control<QLineEdit>(C::Suche), &QLineEdit::returnPressed, this, &Hauptform::Go_Click);
+  connect(control<QAbstractButton>(C::Go), &QAbstractButton::clicked, this, &Hauptform::Go_Click);
+  auto* name = control<QLineEdit>(C::Schadstoffname);
   auto* nameClicks = new EventHook(
       [name](QObject*, QEvent* event) {
         if (event->type() == QEvent::MouseButtonRelease && button(event) == Qt::LeftButton)
@@ -126,58 +127,58 @@ bool Hauptform::Schadstoffliste_KeyDown(QEvent* event) {
 
 void Hauptform::showGrid() {
   if (!m_model->editing()) return;
-  const ControlState& place = m_model->layout().at("schadstoffwerte");
+  const ControlState& place = m_model->layout().at(C::schadstoffwerte);
   m_gridView->setColumnWidths(
       ResidueGrid::columnWidths(place.width, place.width - m_gridView->chromeWidth()));
-  m_gridView->show(m_model->grid());
+  m_gridView->show(m_model->editor().grid());
 }
 
-void Hauptform::schadstoffwerte_Click() { placeEditor(m_model->schadstoffwerte_Click()); }
+void Hauptform::schadstoffwerte_Click() { placeEditor(m_model->editor().schadstoffwerte_Click()); }
 
 void Hauptform::placeEditor(MainWindowModel::GridEditor editor) {
   if (editor == MainWindowModel::GridEditor::None) return;
-  const ControlState& grid = m_model->layout().at("schadstoffwerte");
-  const std::pair<int, int> at{m_model->grid().row(), m_model->grid().column()};
+  const ControlState& grid = m_model->layout().at(C::schadstoffwerte);
+  const std::pair<int, int> at{m_model->editor().grid().row(), m_model->editor().grid().column()};
   const TwipsRect cell = m_gridView->cellRect(at.first, at.second);
   if (editor == MainWindowModel::GridEditor::EditBox) {
     m_editBoxCell = at;
-    m_model->Eingabefeld_platzieren(grid.left, grid.top, cell);
+    m_model->editor().Eingabefeld_platzieren(grid.left, grid.top, cell);
     applyLayout();
     clipEditors();
     showEditBox();
-    auto* box = control<QLineEdit>("EingabeSchadstoff");
+    auto* box = control<QLineEdit>(C::EingabeSchadstoff);
     box->raise();
     box->setFocus();
     return;
   }
   m_chooserCell = at;
-  m_model->Auswahlfeld_platzieren(grid.left, grid.top, cell);
+  m_model->editor().Auswahlfeld_platzieren(grid.left, grid.top, cell);
   applyLayout();
   clipEditors();
-  auto* basis = control<QComboBox>("ArtSchadstoffwertCombo");
+  auto* basis = control<QComboBox>(C::ArtSchadstoffwertCombo);
   const QSignalBlocker quiet(basis);
-  basis->setCurrentIndex(m_model->grid().basisChoice());
+  basis->setCurrentIndex(m_model->editor().grid().basisChoice());
   basis->raise();
 }
 
 void Hauptform::followGridScroll() {
   const MainWindowLayout& layout = m_model->layout();
-  const bool box = layout.at("EingabeSchadstoff").visible;
-  const bool chooser = layout.at("ArtSchadstoffwertCombo").visible;
+  const bool box = layout.at(C::EingabeSchadstoff).visible;
+  const bool chooser = layout.at(C::ArtSchadstoffwertCombo).visible;
   if (!m_model->editing() || !(box || chooser)) return;
-  const ControlState& grid = layout.at("schadstoffwerte");
+  const ControlState& grid = layout.at(C::schadstoffwerte);
   if (box) {
     // Placing selects the box's text; scrolling leaves it as the user had it.
-    const ResidueGrid& cells = m_model->grid();
+    const ResidueGrid& cells = m_model->editor().grid();
     const std::string text = cells.editText();
     const int start = cells.editSelectionStart();
     const int length = cells.editSelectionLength();
-    m_model->Eingabefeld_platzieren(
+    m_model->editor().Eingabefeld_platzieren(
         grid.left, grid.top, m_gridView->cellPlace(m_editBoxCell.first, m_editBoxCell.second));
-    m_model->setEditBox(text, start, length);
+    m_model->editor().setEditBox(text, start, length);
   }
   if (chooser) {
-    m_model->Auswahlfeld_platzieren(
+    m_model->editor().Auswahlfeld_platzieren(
         grid.left, grid.top, m_gridView->cellPlace(m_chooserCell.first, m_chooserCell.second));
   }
   applyLayout();
@@ -186,7 +187,7 @@ void Hauptform::followGridScroll() {
 
 void Hauptform::clipEditors() {
   const QRect cells = m_gridView->cellsOn(centralWidget());
-  for (const char* name : {"EingabeSchadstoff", "ArtSchadstoffwertCombo"}) {
+  for (ControlId name : {C::EingabeSchadstoff, C::ArtSchadstoffwertCombo}) {
     QWidget* editor = control<QWidget>(name);
     const QRect place = editor->geometry();
     if (cells.contains(place)) {
@@ -209,7 +210,7 @@ void Hauptform::schadstoffwerte_KeyDown(int key, bool control) {
 }
 
 void Hauptform::schadstoffwerte_Wheel(int rotation) {
-  const std::optional<int> top = m_model->MouseWheel(
+  const std::optional<int> top = m_model->editor().MouseWheel(
       rotation, m_gridView->topRow(), m_gridView->table()->height(), m_gridView->headerHeight());
   if (top) m_gridView->setTopRow(*top);
 }
@@ -224,15 +225,15 @@ bool Hauptform::EingabeSchadstoff_Event(QEvent* event) {
       return button(event) == Qt::MiddleButton;  // no pasting of the selection past the filter
     case QEvent::MouseButtonRelease:
       // After a double-click has hidden the box, its last release is no click.
-      if (button(event) != Qt::LeftButton || !control<QLineEdit>("EingabeSchadstoff")->isVisible())
+      if (button(event) != Qt::LeftButton || !control<QLineEdit>(C::EingabeSchadstoff)->isVisible())
         return false;
-      m_model->EingabeSchadstoff_Click();
+      m_model->editor().EingabeSchadstoff_Click();
       showGrid();
       applyLayout();
       return false;
     case QEvent::MouseButtonDblClick:
       if (button(event) != Qt::LeftButton) return false;
-      m_model->EingabeSchadstoff_DblClick();
+      m_model->editor().EingabeSchadstoff_DblClick();
       showGrid();
       applyLayout();
       m_gridView->table()->setFocus();
@@ -245,7 +246,7 @@ bool Hauptform::EingabeSchadstoff_Event(QEvent* event) {
 bool Hauptform::EingabeSchadstoff_KeyPress(QEvent* event) {
   const auto* key = static_cast<QKeyEvent*>(event);
   if (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter) {
-    const std::optional<int> next = m_model->EingabeSchadstoff_Enter();
+    const std::optional<int> next = m_model->editor().EingabeSchadstoff_Enter();
     showGrid();
     if (next) {
       placeEditor(MainWindowModel::GridEditor::EditBox);
@@ -256,11 +257,11 @@ bool Hauptform::EingabeSchadstoff_KeyPress(QEvent* event) {
     return true;
   }
   if (key->matches(QKeySequence::Copy)) {
-    m_dialogs.setClipboardText(m_model->EingabeSchadstoff_Copy());
+    m_dialogs.setClipboardText(m_model->editor().EingabeSchadstoff_Copy());
     return true;
   }
   if (key->matches(QKeySequence::Paste)) {
-    m_model->EingabeSchadstoff_Paste(m_dialogs.clipboardText());
+    m_model->editor().EingabeSchadstoff_Paste(m_dialogs.clipboardText());
     showGrid();
     applyLayout();
     m_gridView->table()->setFocus();
@@ -273,14 +274,14 @@ bool Hauptform::EingabeSchadstoff_KeyPress(QEvent* event) {
   int character = key->key() == Qt::Key_Backspace ? ResidueGrid::kBackspace : -1;
   if (character < 0 && !key->text().isEmpty()) character = key->text().at(0).unicode();
   if (character < 0) return false;
-  m_model->EingabeSchadstoff_KeyPress(character);
+  m_model->editor().EingabeSchadstoff_KeyPress(character);
   showEditBox();
   return true;
 }
 
 void Hauptform::showEditBox() {
-  auto* box = control<QLineEdit>("EingabeSchadstoff");
-  const ResidueGrid& grid = m_model->grid();
+  auto* box = control<QLineEdit>(C::EingabeSchadstoff);
+  const ResidueGrid& grid = m_model->editor().grid();
   const std::string& text = grid.editText();
   const int start = unitsBefore(text, grid.editSelectionStart());
   const int end = unitsBefore(text, grid.editSelectionStart() + grid.editSelectionLength());
@@ -296,13 +297,13 @@ void Hauptform::showEditBox() {
 
 void Hauptform::editBoxChanged() {
   if (m_showingEditBox) return;
-  auto* box = control<QLineEdit>("EingabeSchadstoff");
+  auto* box = control<QLineEdit>(C::EingabeSchadstoff);
   const QString text = box->text();
   const int start = box->hasSelectedText() ? box->selectionStart() : box->cursorPosition();
   const int length = box->hasSelectedText() ? box->selectionLength() : 0;
   const int startBytes = bytesBefore(text, start);
-  m_model->setEditBox(text.toStdString(), startBytes,
-                      bytesBefore(text, start + length) - startBytes);
+  m_model->editor().setEditBox(text.toStdString(), startBytes,
+                               bytesBefore(text, start + length) - startBytes);
 }
 
 void Hauptform::ArtSchadstoffwertCombo_Click(int position) {
@@ -313,7 +314,7 @@ void Hauptform::ArtSchadstoffwertCombo_Click(int position) {
 }
 
 void Hauptform::Go_Click() {
-  m_model->Go_Click();
+  m_model->editor().Go_Click();
   showGrid();
 }
 

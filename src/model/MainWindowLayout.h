@@ -1,10 +1,11 @@
 #pragma once
 
+#include <array>
 #include <initializer_list>
-#include <map>
+#include <optional>
 #include <string>
-#include <string_view>
-#include <vector>
+
+#include "model/ControlId.h"
 
 namespace pescavo {
 
@@ -13,8 +14,8 @@ namespace pescavo {
 struct ControlState {
   std::string caption;
   std::string tooltip;
-  std::string accessibleName;  // for controls without a caption: images, lists, the result box
-  std::string parent;          // the frame holding it, or empty
+  std::string accessibleName;       // for controls without a caption: images, lists, the result box
+  std::optional<ControlId> parent;  // the frame holding it
   int left = 0;
   int top = 0;
   int width = 0;
@@ -24,7 +25,7 @@ struct ControlState {
 };
 
 // The controls of Hauptform with their captions, places and shown and enabled states. The
-// window builds a widget per name and copies these states onto it; the model changes them.
+// window builds a widget per control and copies these states onto it; the model changes them.
 // The menu items restore and MenuEdit are entries without a place.
 class MainWindowLayout {
  public:
@@ -35,14 +36,12 @@ class MainWindowLayout {
 
   MainWindowLayout();  // as designed, before start-up changes it
 
-  // Unknown names throw std::out_of_range: a misspelt name must not pass silently.
-  const ControlState& at(std::string_view name) const;
-  ControlState& at(std::string_view name);
-  const std::vector<std::string>& names() const { return m_names; }  // design order
+  const ControlState& at(ControlId id) const { return m_controls[index(id)]; }
+  ControlState& at(ControlId id) { return m_controls[index(id)]; }
 
-  void show(std::initializer_list<std::string_view> names);
-  void hide(std::initializer_list<std::string_view> names);
-  void moveTo(std::string_view name, int left, int top);
+  void show(std::initializer_list<ControlId> ids);
+  void hide(std::initializer_list<ControlId> ids);
+  void moveTo(ControlId id, int left, int top);
 
   int width() const { return m_width; }
   void setWidth(int twips) { m_width = twips; }
@@ -52,10 +51,11 @@ class MainWindowLayout {
   void applySimpleLayout(bool afterEditing);
 
  private:
-  void add(std::string name, ControlState state);
+  // The design table lists the controls in the order of their ids, each once.
+  void add(ControlId id, ControlState state);
 
-  std::map<std::string, ControlState, std::less<>> m_controls;
-  std::vector<std::string> m_names;
+  std::array<ControlState, kControlCount> m_controls;
+  int m_added = 0;
   int m_width = kFullWidth;
 };
 

@@ -4,13 +4,15 @@
 #include <string>
 #include <vector>
 
-#include "engine/IndependentCheck.h"
-#include "engine/OptimisationProblem.h"
-#include "engine/SimplexTableau.h"
+#include "model/ComponentSelection.h"
 #include "model/Dialogs.h"
+#include "model/FeedRun.h"
 #include "model/MainWindowLayout.h"
 #include "model/ReportState.h"
-#include "model/ResidueGrid.h"
+#include "model/ResidueEditor.h"
+#include "model/RunOptions.h"
+#include "model/SubstanceDatabase.h"
+#include "model/WindowOptions.h"
 #include "tables/ComponentTable.h"
 #include "tables/ComponentViews.h"
 #include "tables/FishTables.h"
@@ -18,35 +20,24 @@
 
 namespace pescavo {
 
-enum class Species { CommonCarp = 0, RainbowTrout = 1 };  // row of Species.tab
-
-// The main window's state as a plain model. A window shows it through the read accessors and
-// forwards the user's actions to the operations; the reports get values, never the model.
-// List positions are 0-based as in the list controls; -1 means no current item.
+// The main window's state as a plain model. It maps the substance database, the component
+// selection, the run options and the last run onto the window's layout; a window shows it
+// through the read accessors and forwards the user's actions to the operations; the reports get
+// values, never the model. List positions are 0-based as in the list controls; -1 means no
+// current item.
 //
 // The window's controls and what the model calls them:
-//   Schadstoffliste        substancePosition()          Fischfutter1   available()
-//   Fischfutter2           chosen()                     Label1 red     chosenCaptionRed()
-//   Option1 / Option2      criterionOption()            Option3 / 4    speciesOption()
-//   MinMax                 criterion()                  Fischarten     species()
-//   Fischmehl              fishmealGrade()              Check1         pseudoComponents().pc
-//   Check4                 pseudoComponents().cc        Check5         pseudoComponents().f
-//   Check2                 mrbdLimits()                 Ergebnis       resultVisible(),
-//   resultText() ReportButton           reportButtonVisible()        Rein, raus     addEnabled(),
-//   removeEnabled() alle_raus              removeAllEnabled()           Loeschen
-//   deleteSubstanceEnabled()
+//   Schadstoffliste      substancePosition()        Fischfutter1, Fischfutter2  selection()
+//   Label1 red           chosenCaptionRed()         Option1 / Option2   criterionOption()
+//   Option3 / 4          speciesOption()            MinMax              criterion()
+//   Fischarten           species()                  Fischmehl           fishmealGrade()
+//   Check1, 4, 5         pseudoComponents()         Check2              mrbdLimits()
+//   Ergebnis             resultVisible(), resultText()
+//   ReportButton         reportButtonVisible()
+//   Loeschen, Rein, raus, alle_raus   enabled()
 class MainWindowModel {
  public:
-  static constexpr const char* kMinMaxItems[2] = {"Maximum content", "Minimum content"};
-  static constexpr const char* kNotSolvable =
-      "The problem is not solvable. Add more or try different components.";
-
-  // Check1, Check4 and Check5: which pseudo-components join the feed.
-  struct PseudoComponents {
-    bool pc = true;
-    bool cc = true;
-    bool f = true;
-  };
+  using PseudoComponents = pescavo::PseudoComponents;
 
   MainWindowModel(Dialogs& dialogs, char decimalSeparator);
 
@@ -55,14 +46,16 @@ class MainWindowModel {
   void startUp(const std::string& inputFolder, bool simpleMode = false);
   // Equal components or substance names in feedstuff.tab as start-up found them: a face shows
   // each once, since only the last of equal components takes part in a run.
-  const std::vector<std::string>& duplicateWarnings() const { return m_duplicateWarnings; }
+  const std::vector<std::string>& duplicateWarnings() const {
+    return m_database.duplicateWarnings();
+  }
   // The same with tables already read.
   void load(ComponentTable table, std::vector<FishSpecies> species,
             std::vector<FishMealGrade> fishmeal, bool simpleMode = false);
 
   // Tables.
-  const std::string& inputFolder() const { return m_inputFolder; }
-  const ComponentTable& table() const { return m_table; }
+  const std::string& inputFolder() const { return m_database.folder(); }
+  const ComponentTable& table() const { return m_database.table(); }
   const std::vector<FishSpecies>& speciesTable() const { return m_speciesTable; }
   const std::vector<FishMealGrade>& fishmealTable() const { return m_fishmealTable; }
 
@@ -70,21 +63,17 @@ class MainWindowModel {
   int substancePosition() const { return m_substance; }
   std::string substanceName() const;
   void selectSubstance(int position);
-  void Futterliste_aktualisieren();
-  const std::vector<std::array<std::string, 6>>& residueGrid() const { return m_residueGrid; }
-  bool deleteSubstanceEnabled() const { return m_layout.at("Loeschen").enabled; }
 
   // Substance database and editing. Schadstoffliste's Click is selectSubstance. While a
-  // substance is added or edited Ende reads "Done", grid() is the residue grid and the window
-  // forwards each of its events to one operation below. Key codes are the platform's virtual
-  // key codes (Delete 46, C 67, Escape 27, digits 48 to 57, keypad 96 to 105).
-  enum class GridEditor { None, EditBox, BasisChooser };
+  // substance is added or edited Ende reads "Done", and the window forwards the events of the
+  // residue grid and the boxes on it to editor(); the buttons and the keys below change the
+  // database and the layout as well.
+  using GridEditor = ResidueEditor::GridEditor;
+  ResidueEditor& editor() { return m_editor; }
+  const ResidueEditor& editor() const { return m_editor; }
   // EditMode: an existing substance is edited (false while adding and outside editing).
   bool editMode() const { return m_editMode && editing(); }
-  bool editing() const { return m_layout.at("Ende").caption != "Exit"; }
-  const ResidueGrid& grid() const { return m_grid; }
-  const std::string& substanceNameText() const { return m_layout.at("Schadstoffname").caption; }
-  void setSubstanceNameText(std::string text);
+  bool editing() const { return m_editor.editing(); }
   void Schadstoffliste_DblClick();
   void Schadstoffliste_KeyDown(int key, bool control);  // Delete: "Del"; Ctrl+C: "Copy "
   void Add_Click();
@@ -95,92 +84,49 @@ class MainWindowModel {
   // "Done": stores the grid and returns to the normal view. False when nothing was stored
   // (a value the table can't hold, or no room for another substance): editing goes on.
   bool leaveEditing();
-  bool uebernehme_Werte();
-  // The grid's current cell and the other end of its row selection, as the grid reports them.
-  void setGridCursor(int row, int column, int selectionEnd);
-  // A click on the current cell: which in-place editor the window places over it.
-  GridEditor schadstoffwerte_Click();
-  // Keys on the grid; the text for the clipboard after Ctrl+C.
+  // Keys on the grid, Escape cancelling; the text for the clipboard after Ctrl+C.
   std::optional<std::string> schadstoffwerte_KeyDown(int key, bool control);
-  // The wheel over the grid: the top row to show, or nothing when it stays.
-  std::optional<int> MouseWheel(int rotation, int topRow, int gridHeight, int headerHeight) const {
-    return ResidueGrid::wheelTopRow(topRow, rotation, gridHeight, headerHeight, m_grid.rowCount());
-  }
-  // Place the edit box or the drop-down over a cell of the grid at gridLeft, gridTop; all in
-  // twips. The editor's place, also in the layout, which shows it.
-  TwipsRect Eingabefeld_platzieren(int gridLeft, int gridTop, const TwipsRect& cell);
-  TwipsRect Auswahlfeld_platzieren(int gridLeft, int gridTop, const TwipsRect& cell);
-  // The edit box: a typed character (false when dropped; Enter is EingabeSchadstoff_Enter),
-  // what the box shows after the platform's own editing (caret moves, mouse selection), Enter
-  // (the row the box moves to; nothing when it hides), Ctrl+C (the text for the clipboard),
-  // Ctrl+V, click, double-click.
-  bool EingabeSchadstoff_KeyPress(int key);
-  void setEditBox(std::string text, int selectionStart, int selectionLength);
-  std::optional<int> EingabeSchadstoff_Enter();
-  std::string EingabeSchadstoff_Copy() const { return m_grid.editText(); }
-  void EingabeSchadstoff_Paste(std::string_view clipboard);
-  void EingabeSchadstoff_Click();
-  void EingabeSchadstoff_DblClick();
+  // The basis drop-down's choice, for the substance being added or edited.
   void ArtSchadstoffwertCombo_Click(int position);
-  // Suche and Go; Enter in Suche is Go.
-  const std::string& searchText() const { return m_layout.at("Suche").caption; }
-  void setSearchText(std::string text);
-  void Go_Click();
 
-  // Component lists and their buttons.
-  const std::vector<ListEntry>& available() const { return m_available; }
-  const std::vector<WorkingSetEntry>& workingSet() const { return m_workingSet; }
-  bool isSelected(int position) const { return m_selected.at(position); }
-  const std::vector<ListEntry>& chosen() const { return m_chosen; }
-  int currentChosen() const { return m_currentChosen; }
-  void setSelected(int position, bool selected);
-  void clearSelection();
-  void setCurrentChosen(int position);
-  void Rein();
-  void alle_rein();
-  void raus();
-  void alle_raus();
-  bool addEnabled() const { return m_layout.at("Rein").enabled; }
-  bool removeEnabled() const { return m_layout.at("raus").enabled; }
-  bool removeAllEnabled() const { return m_layout.at("alle_raus").enabled; }
+  // Component lists and their buttons. A move withdraws the result shown.
+  const ComponentSelection& selection() const { return m_selection; }
+  ComponentSelection& selection() { return m_selection; }
   bool chosenCaptionRed() const { return m_chosenCaptionRed; }
-  std::string tooltipText(int position) const;  // for the available entry at position
+  // For the available entry at position, with the limit of the species chosen.
+  std::string tooltipText(int position) const {
+    return m_selection.tooltipText(position, m_options.species(), m_decimalSeparator);
+  }
   // Fischfutter1's information tooltip: set by a press on the list (position is the current
   // item then), dropped once the pointer has left the press point in both directions.
   void Fischfutter1_MouseDown(int position, int x, int y);
   void Fischfutter1_MouseMove(int x, int y);
   const std::string& availableTooltip() const { return m_availableTooltip; }
 
-  // Options; each change withdraws the result shown.
-  Criterion criterionOption() const { return m_criterionOption; }
-  Species speciesOption() const { return m_speciesOption; }
-  PseudoComponents pseudoComponents() const { return m_pseudo; }
-  bool mrbdLimits() const { return m_mrbd; }
-  void setCriterionOption(Criterion criterion);
-  void setSpeciesOption(Species species);
-  void setPseudoComponents(PseudoComponents pseudo);
-  void setMrbdLimits(bool on);
-  // The hidden choosers that a run sets from the options.
-  Criterion criterion() const { return m_criterion; }
-  int species() const { return m_species; }
-  int fishmealGrade() const { return m_fishmealGrade; }
-  void setCriterion(Criterion criterion);
-  void setSpecies(int position);
-  void setFishmealGrade(int position);
+  // Options; a change withdraws the result shown.
+  const WindowOptions& options() const { return m_options; }
+  WindowOptions& options() { return m_options; }
+  // What a run made now from the window's state would take.
+  const RunOptions& runOptions() const { return m_options.run(); }
+  RunInput runInput() const;
 
   // Flags and the result box.
   bool simpleMode() const { return m_simpleMode; }
   bool allScenariosMode() const { return m_allScenariosMode; }
   void setAllScenariosMode(bool on) { m_allScenariosMode = on; }
-  bool databaseModified() const { return m_databaseModified; }
-  bool resultVisible() const { return m_layout.at("Ergebnis").visible; }
-  bool reportButtonVisible() const { return m_layout.at("ReportButton").visible; }
+  bool databaseModified() const { return m_database.modified(); }
+  bool resultVisible() const { return visible(ControlId::Ergebnis); }
+  bool reportButtonVisible() const { return visible(ControlId::ReportButton); }
   const std::string& resultText() const { return m_resultText; }
   bool resultRed() const { return m_resultRed; }
   void Ergebnis_ausblenden();
 
-  // Captions, places and shown and enabled states of every control.
+  // Captions, places and shown and enabled states of every control; visible() and enabled()
+  // are the ones to read, since some states follow from the database, the lists and the
+  // options.
   const MainWindowLayout& layout() const { return m_layout; }
+  bool visible(ControlId control) const;
+  bool enabled(ControlId control) const;
 
   // "&save": writes feedstuff.tab; a failed write is shown with the file and the reason.
   void save();
@@ -198,23 +144,16 @@ class MainWindowModel {
   void prepareSingleRun();
   // With nothing chosen: "Please add components." while Label1 is red; true then.
   bool pleaseAddComponents();
-  void Laden();
-  void Rechnen();
-  // Why the last problem cannot be solved in figures that can be shown, or empty: a value
-  // that is not finite, or one so large that its results would not be.
-  std::string unusableFigures() const;
-  // The same for the burden of the last solvable run.
-  std::string unusableBurden() const;
-  std::string resultStatement() const;
+  // The problem a run would solve now, without solving it.
+  void Laden() { m_run.Laden(runInput(), m_options.run()); }
 
-  // The last run.
-  const OptimisationProblem& problem() const { return m_problem; }
-  const SimplexTableau& tableau() const { return m_tableau; }
-  const OptimisationResult& result() const { return m_result; }
-  const CheckResult& check() const { return m_check; }
-  const std::string& checkSentence() const { return m_checkSentence; }
-  // What the report text, the composition table and the charts are written from.
-  void fillReportValues(ReportValues& values) const;
+  // The last run and what the report text, the composition table and the charts are written
+  // from.
+  const FeedRun& lastRun() const { return m_run; }
+  FeedRun& lastRun() { return m_run; }
+  void fillReportValues(ReportValues& values) const {
+    m_run.fillReportValues(runInput(), substanceName(), values);
+  }
 
   // The report windows' state, which they change themselves.
   ReportState& report() { return m_report; }
@@ -224,74 +163,44 @@ class MainWindowModel {
   void setDecimalSeparator(char separator) { m_decimalSeparator = separator; }
   Dialogs& dialogs() { return m_dialogs; }
 
-  // The smaller of two values; the first of a tie.
-  template <typename T>
-  static const T& Minimum(const T& a, const T& b) {
-    return b < a ? b : a;
-  }
-
  private:
   // Shows why the run stops there and withdraws the result.
   void stopRun(const std::string& message);
-  void setEnabled(std::string_view control, bool enabled) {
-    m_layout.at(control).enabled = enabled;
-  }
-  std::string feedstuffPath() const { return m_inputFolder + "/feedstuff.tab"; }
-  // Laden's steps.
-  void sizeProblem(int chosen);
-  void matchChosenEntries();
-  void setTargets();
-  void addPseudoComponents();
-  void applyMrbdLimits();
-  void convertToDryMatter();
+  void setEnabled(ControlId control, bool enabled) { m_layout.at(control).enabled = enabled; }
+  // The tables read, shown as start-up shows them.
+  void showLoaded(std::vector<FishSpecies> species, std::vector<FishMealGrade> fishmeal,
+                  bool simple);
+  // Counts the changes of the lists and the options: a result belongs to the count it was
+  // shown at.
+  int inputChanges() const { return m_selection.changes() + m_options.changes(); }
 
-  // Any change of selection or option withdraws the result shown.
-  template <typename T>
-  void change(T& control, T value) {
-    control = value;
-    Ergebnis_ausblenden();
-  }
-
-  std::string m_inputFolder;
-  std::vector<std::string> m_duplicateWarnings;
-  ComponentTable m_table;
+  SubstanceDatabase m_database;
+  MainWindowLayout m_layout;
+  ResidueEditor m_editor;
   std::vector<FishSpecies> m_speciesTable;
   std::vector<FishMealGrade> m_fishmealTable;
 
   int m_substance = -1;
-  std::vector<std::array<std::string, 6>> m_residueGrid;
-  std::vector<ListEntry> m_available;
-  std::vector<WorkingSetEntry> m_workingSet;  // by position in m_available
-  std::vector<bool> m_selected;
-  std::vector<ListEntry> m_chosen;
-  int m_currentChosen = -1;
+  ComponentSelection m_selection;
   bool m_chosenCaptionRed = false;
   std::string m_availableTooltip;
   int m_pressX = 0;
   int m_pressY = 0;
 
-  Criterion m_criterionOption = Criterion::Maximum;
-  Species m_speciesOption = Species::CommonCarp;
-  PseudoComponents m_pseudo;
-  bool m_mrbd = true;
-  Criterion m_criterion = Criterion::Maximum;
-  int m_species = 0;
-  int m_fishmealGrade = 2;
+  WindowOptions m_options;
+  int m_resultChanges = 0;  // inputChanges() when the result was shown
 
   bool m_simpleMode = false;
   bool m_allScenariosMode = false;
-  bool m_databaseModified = false;
   std::string m_resultText;
   bool m_resultRed = false;
+  FeedRun m_run;
 
-  OptimisationProblem m_problem;
-  SimplexTableau m_tableau;
-  OptimisationResult m_result;
-  CheckResult m_check;
-  std::string m_checkSentence;
-  LastTextPosition m_lookup;    // Laden's, kept from run to run
-  std::vector<int> m_matched;   // per chosen entry, the available position the last Laden used
-  bool m_chosenChanged = true;  // since Laden last named the variables after the chosen list
+  // The available components of the current substance; the chosen list is emptied.
+  void Futterliste_aktualisieren();
+  // Stores the grid into the table: the substance added or edited. False when nothing was
+  // stored (a value the table can't hold, or no room for another substance).
+  bool uebernehme_Werte();
 
   // Substance editing state.
   void showEditingLayout();
@@ -302,15 +211,8 @@ class MainWindowModel {
   int targetSubstance() const;
   // A substance just added becomes the current one.
   void selectAddedSubstance();
-  // Writes feedstuff.tab; false, with the file and the reason shown, when it can't.
-  bool writeDatabase();
-  // Typing in the edit box that Enter has not stored yet goes into its cell.
-  void keepEditBoxText();
   bool tableFull();  // shows why another substance can't be added
   bool m_editMode = false;
-  ResidueGrid m_grid;
-
-  MainWindowLayout m_layout;
   ReportState m_report;
   char m_decimalSeparator;
   Dialogs& m_dialogs;

@@ -78,7 +78,7 @@ ReportLabels reportLabels(const MainWindowModel& model) {
   ReportLabels labels;
   labels.substance = model.substanceName();
   const auto& table = model.speciesTable();
-  const int position = model.species();
+  const int position = model.options().species();
   FishSpecies species;
   if (position >= 0 && position < static_cast<int>(table.size())) species = table[position];
   const char sep = model.decimalSeparator();

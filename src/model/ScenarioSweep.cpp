@@ -11,29 +11,14 @@ namespace pescavo {
 
 namespace {
 
-const char* const kPollutantsZero =
-    "Values of pollutants are possiblibly all zero. Check the pollutants value and try again.";
-
-struct SavedOptions {
-  MainWindowModel::PseudoComponents pseudo;
-  bool mrbd;
-  int fishmealGrade;
-};
-
-SavedOptions saveOptions(const MainWindowModel& model) {
-  return {model.pseudoComponents(), model.mrbdLimits(), model.fishmealGrade()};
-}
-
-void restoreOptions(MainWindowModel& model, const SavedOptions& saved) {
-  model.setPseudoComponents(saved.pseudo);
-  model.setMrbdLimits(saved.mrbd);
-  model.setFishmealGrade(saved.fishmealGrade);
+PseudoComponents scenarioPseudo(int k) {
+  const Scenario& scenario = kScenarios[k - 1];
+  return {scenario.pc, scenario.cc, scenario.f};
 }
 
 void setScenario(MainWindowModel& model, int k, int m) {
-  const Scenario& scenario = kScenarios[k - 1];
-  model.setPseudoComponents({scenario.pc, scenario.cc, scenario.f});
-  model.setMrbdLimits(m == 1);
+  model.options().setPseudoComponents(scenarioPseudo(k));
+  model.options().setMrbdLimits(m == 1);
 }
 
 std::string number(int value, char separator) { return fixedForm(value, "0", separator); }
@@ -102,10 +87,11 @@ void tableHead(MainWindowModel& model) {
   report.scenarioCells = {};
   report.scenarioAlignment = {};
   report.scenarioTableFilled = false;
-  report.scenarioCells[0] = {
-      "Szenario", "Description",
-      model.criterion() == Criterion::Maximum ? "Maximum Residue Value" : "Minimum Residue Value",
-      ""};
+  report.scenarioCells[0] = {"Szenario", "Description",
+                             model.options().criterion() == Criterion::Maximum
+                                 ? "Maximum Residue Value"
+                                 : "Minimum Residue Value",
+                             ""};
   for (int c = 0; c < 3; ++c) report.scenarioAlignment[0][c] = kAlignCentre;
   for (int r = 1; r <= kScenarioRuns; ++r) {
     report.scenarioCells[r][0] = number(r, model.decimalSeparator());
@@ -113,30 +99,15 @@ void tableHead(MainWindowModel& model) {
   }
 }
 
-// A failed pivot search is shown and the run counts as not solvable.
-bool solved(MainWindowModel& model) {
-  if (!model.result().pivotFailure.empty()) {
-    model.dialogs().information(model.result().pivotFailure);
-    return false;
-  }
-  return model.result().solvable;
-}
-
-// Stops the sweep with a message when a run's figures cannot be used.
-bool refused(MainWindowModel& model, const SavedOptions& saved, const std::string& why) {
-  if (why.empty()) return false;
-  model.dialogs().information(why);
-  restoreOptions(model, saved);
-  return true;
-}
-
 void recordCheck(MainWindowModel& model, int run) {
   ReportState& report = model.report();
   const char sep = model.decimalSeparator();
-  report.scenarioChecks[run - 1] = model.check();
-  report.scenarioVerdicts[run - 1] = verdictCell(model.check());
-  report.scenarioVerdictTooltips[run - 1] = verdictTooltip(model.check(), model.criterion(), sep);
-  report.scenarioTrueOptima[run - 1] = trueOptimumCell(model.check(), sep);
+  const FeedRun& last = model.lastRun();
+  report.scenarioChecks[run - 1] = last.check();
+  report.scenarioVerdicts[run - 1] = verdictCell(last.check());
+  report.scenarioVerdictTooltips[run - 1] =
+      verdictTooltip(last.check(), last.options().criterion, sep);
+  report.scenarioTrueOptima[run - 1] = trueOptimumCell(last.check(), sep);
 }
 
 }  // namespace
@@ -144,39 +115,46 @@ void recordCheck(MainWindowModel& model, int run) {
 bool Optimierung2_Click(MainWindowModel& model) {
   model.setAllScenariosMode(true);
   model.Ergebnis_ausblenden();
-  model.setCriterion(model.criterionOption());
-  model.setSpecies(static_cast<int>(model.speciesOption()));
+  model.options().setCriterion(model.options().criterionOption());
+  model.options().setSpecies(static_cast<int>(model.options().speciesOption()));
   return Tabellezeichnen(model);
 }
 
 namespace {
 
-// The sixteen runs; false when one of them stopped the sweep (with its message shown and the
-// options restored).
-bool runScenarios(MainWindowModel& model, const SavedOptions& saved) {
+// The sixteen runs; false when one of them stopped the sweep (with its message shown). Each run
+// gets the window's options but its own pseudo-components and MRBD switch; the window's stay as
+// they are.
+bool runScenarios(MainWindowModel& model) {
   ReportState& report = model.report();
+  RunOptions options = model.runOptions();
+  FeedRun& feedRun = model.lastRun();
+  const RunInput input = model.runInput();
   for (int k = 1; k <= 8; ++k) {
     for (int m = 0; m <= 1; ++m) {
       const int run = scenarioRun(k, m);
-      setScenario(model, k, m);
+      options.pseudo = scenarioPseudo(k);
+      options.mrbd = m == 1;
       report.scenarioCells[run][1] =
           appendScenarioHeading(report.bericht, k, run, m == 1, model.decimalSeparator());
       report.scenarioAlignment[run][1] = kAlignLeft;
-      model.Laden();
-      if (model.problem().residueSum == 0) return !refused(model, saved, kPollutantsZero);
-      if (refused(model, saved, model.unusableFigures())) return false;
-      model.Rechnen();
-      if (refused(model, saved, model.unusableBurden())) return false;
+      const RunStop stop = feedRun.run(input, options);
+      if (stop != RunStop::None && stop != RunStop::NotSolvable) {
+        model.dialogs().information(feedRun.message(stop, true));
+        return false;
+      }
       recordCheck(model, run);
       report.bericht += "\r\n\r\n";
       report.bericht += kScenarioRule;
       report.bericht += "\r\n\r\n";
-      if (solved(model)) {
+      // A failed pivot search is shown and the run counts as not solvable.
+      if (!feedRun.pivotFailure().empty()) model.dialogs().information(feedRun.pivotFailure());
+      if (stop == RunStop::None) {
         Berichtschreiben(model);
         report.scenarioCells[run][2] =
-            fixedForm(model.result().burden, "0.000", model.decimalSeparator());
+            fixedForm(feedRun.result().burden, "0.000", model.decimalSeparator());
       } else {
-        report.bericht += MainWindowModel::kNotSolvable;
+        report.bericht += FeedRun::kNotSolvable;
         report.bericht += "\r\n\r\n";
         report.scenarioCells[run][2] = "-";
       }
@@ -200,15 +178,12 @@ bool Tabellezeichnen(MainWindowModel& model) {
   report.scenarioTrueOptima.fill(std::string());
   tableHead(model);
   model.Ergebnis_ausblenden();
-  const SavedOptions saved = saveOptions(model);
-
-  const bool completed = runScenarios(model, saved);
+  const bool completed = runScenarios(model);
   files.write(model);
   if (!completed) return false;
   report.scenarioSummary =
-      scenarioSummary(report.scenarioCells, model.criterion() == Criterion::Maximum);
+      scenarioSummary(report.scenarioCells, model.options().criterion() == Criterion::Maximum);
   report.scenarioTableFilled = true;
-  restoreOptions(model, saved);
   return true;
 }
 
@@ -249,14 +224,12 @@ ScenarioDetails runScenarioDetails(MainWindowModel& model, int index) {
   // run was made from the main window in between.
   model.setAllScenariosMode(true);
   setScenario(model, index / 2 + 1, index % 2);
-  model.setFishmealGrade(run <= 2 ? 0 : 2);
+  model.options().setFishmealGrade(run <= 2 ? 0 : 2);
   startFileRun(model.report());
   model.EinfacheOptimierung();
   // EinfacheOptimierung has shown why when it stopped; there is no section to show then.
-  const bool ran = !model.chosen().empty() && model.problem().residueSum != 0 &&
-                   model.unusableFigures().empty() && model.result().solvable &&
-                   model.result().pivotFailure.empty() && model.unusableBurden().empty();
-  if (!ran) return details;
+  if (model.selection().chosen().empty() || model.lastRun().lastStop() != RunStop::None)
+    return details;
 
   Berichtschreiben(model);
   details.shown = true;
@@ -264,8 +237,8 @@ ScenarioDetails runScenarioDetails(MainWindowModel& model, int index) {
   details.caption = "Report Szenario " + number(run, model.decimalSeparator()) + ": " +
                     model.report().scenarioCells[run][1];
   details.labels = reportLabels(model);
-  details.verdict = model.check().verdict;
-  details.checkSentence = model.checkSentence();
+  details.verdict = model.lastRun().check().verdict;
+  details.checkSentence = model.lastRun().checkSentence();
   details.table = compositionTable(model);
   details.feedComposition = Diagrammzeichnen(model, kFeedComposition);
   details.dietaryLoad = Diagrammzeichnen(model, kDietaryLoad);

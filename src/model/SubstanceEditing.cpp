@@ -9,10 +9,11 @@
 
 namespace pescavo {
 
+using C = ControlId;
+
 namespace {
 
 constexpr int kEditingGridHeight = 4935;
-constexpr int kEditorInset = 15;  // the grid's border
 const char* const kNewSubstance = "New substance";
 const char* const kSearchPrompt = "Search...";
 const std::string kTableFull = "The substance database holds " +
@@ -24,14 +25,6 @@ const std::string kUnstorable = "Residue values above " +
                                 "your changes.";
 
 }  // namespace
-
-void MainWindowModel::setSubstanceNameText(std::string text) {
-  m_layout.at("Schadstoffname").caption = std::move(text);
-}
-
-void MainWindowModel::setSearchText(std::string text) {
-  m_layout.at("Suche").caption = std::move(text);
-}
 
 void MainWindowModel::Schadstoffliste_DblClick() {
   Edit_Click();
@@ -46,22 +39,22 @@ void MainWindowModel::Schadstoffliste_KeyDown(int key, bool control) {
 }
 
 bool MainWindowModel::tableFull() {
-  if (m_table.substanceCount() < ComponentTable::kMaxSubstances) return false;
+  if (m_database.table().substanceCount() < ComponentTable::kMaxSubstances) return false;
   m_dialogs.information(kTableFull);
   return true;
 }
 
 int MainWindowModel::targetSubstance() const {
-  return editMode() ? m_substance + 1 : m_table.substanceCount() + 1;
+  return editMode() ? m_substance + 1 : m_database.table().substanceCount() + 1;
 }
 
 void MainWindowModel::Add_Click() {
   if (!editMode()) {
     // Refused here rather than at "Done", before anything is typed.
     if (tableFull()) return;
-    m_grid.startAdding(lade_Schadstoffwerte(m_table, std::max(m_substance, 0) + 1),
-                       targetSubstance());
-    setSubstanceNameText(kNewSubstance);
+    m_editor.grid().startAdding(
+        lade_Schadstoffwerte(m_database.table(), std::max(m_substance, 0) + 1), targetSubstance());
+    m_editor.setNameText(kNewSubstance);
   }
   showEditingLayout();
 }
@@ -69,10 +62,10 @@ void MainWindowModel::Add_Click() {
 void MainWindowModel::Edit_Click() {
   if (m_substance < 0) return;
   const int j = m_substance + 1;
-  m_grid.startEditing(lade_Schadstoffwerte(m_table, j), m_table, j);
-  setSubstanceNameText(m_table.substanceName(j));
+  m_editor.grid().startEditing(lade_Schadstoffwerte(m_database.table(), j), m_database.table(), j);
+  m_editor.setNameText(m_database.table().substanceName(j));
   m_editMode = true;
-  m_layout.show({"Abbrechen"});
+  m_layout.show({C::Abbrechen});
   showEditingLayout();
 }
 
@@ -81,8 +74,8 @@ void MainWindowModel::Edit_Click() {
 // again until the simple layout is applied on leaving.
 void MainWindowModel::showEditingLayout() {
   static const MainWindowLayout design;
-  for (std::string_view name : {"schadstoffwerte", "Label5", "Schadstoffname", "Suche", "Go",
-                                "Abbrechen", "Ende", "Image6", "Image1"}) {
+  for (ControlId name : {C::schadstoffwerte, C::Label5, C::Schadstoffname, C::Suche, C::Go,
+                         C::Abbrechen, C::Ende, C::Image6, C::Image1}) {
     const ControlState& from = design.at(name);
     ControlState& to = m_layout.at(name);
     to.left = from.left;
@@ -90,65 +83,61 @@ void MainWindowModel::showEditingLayout() {
     to.width = from.width;
     to.height = from.height;
   }
-  m_layout.at("schadstoffwerte").height = kEditingGridHeight;
+  m_layout.at(C::schadstoffwerte).height = kEditingGridHeight;
   m_layout.setWidth(MainWindowLayout::kFullWidth);
-  m_layout.hide(
-      {"Image2",       "Image3", "Image4",  "Image5",    "Image7",    "Image8",     "Line1",
-       "Line2",        "Label7", "Label8",  "Label9",    "Frame1",    "Frame2",     "Optimierung",
-       "Optimierung2", "Edit",   "Add",     "Command1",  "Loeschen",  "Kopieren",   "Fischmehl",
-       "Check1",       "Check2", "Check4",  "Check5",    "MinMax",    "Fischarten", "Fischfutter1",
-       "Fischfutter2", "Label1", "Label31", "alle_rein", "alle_raus", "Rein",       "raus"});
+  m_layout.hide({C::Image2,    C::Image3,     C::Image4,       C::Image5,       C::Image7,
+                 C::Image8,    C::Line1,      C::Line2,        C::Label7,       C::Label8,
+                 C::Label9,    C::Frame1,     C::Frame2,       C::Optimierung,  C::Optimierung2,
+                 C::Edit,      C::Add,        C::Command1,     C::Loeschen,     C::Kopieren,
+                 C::Fischmehl, C::Check1,     C::Check2,       C::Check4,       C::Check5,
+                 C::MinMax,    C::Fischarten, C::Fischfutter1, C::Fischfutter2, C::Label1,
+                 C::Label31,   C::alle_rein,  C::alle_raus,    C::Rein,         C::raus});
   Ergebnis_ausblenden();
-  if (m_simpleMode) m_layout.hide({"FischmehlCaption"});
+  if (m_simpleMode) m_layout.hide({C::FischmehlCaption});
   m_layout.show(
-      {"Image6", "Schadstoffname", "Label5", "Suche", "Go", "Abbrechen", "schadstoffwerte"});
-  setSearchText(kSearchPrompt);
-  m_grid.home();
-  m_layout.at("Ende").caption = "Done";
+      {C::Image6, C::Schadstoffname, C::Label5, C::Suche, C::Go, C::Abbrechen, C::schadstoffwerte});
+  m_editor.setSearchText(kSearchPrompt);
+  m_editor.grid().home();
+  m_layout.at(C::Ende).caption = "Done";
 }
 
 // What "Cancel" and "Done" both restore.
 void MainWindowModel::showNormalLayout() {
-  m_layout.hide({"schadstoffwerte", "Schadstoffname", "Label5"});
-  m_layout.at("Ende").caption = "Exit";
-  m_layout.show({"Edit",         "Command1",     "Add",    "Loeschen", "Kopieren",  "Optimierung",
-                 "Fischfutter1", "Fischfutter2", "Label1", "Label31",  "alle_rein", "alle_raus",
-                 "Rein",         "raus",         "Line1",  "Line2",    "Label7",    "Label8",
-                 "Label9",       "Frame2",       "Image2"});
-  setEnabled("Edit", true);
-  m_layout.hide({"MinMax", "Fischarten", "Image6", "Abbrechen", "ArtSchadstoffwertCombo",
-                 "EingabeSchadstoff", "Suche", "Go"});
-  setSubstanceNameText("");
+  m_layout.hide({C::schadstoffwerte, C::Schadstoffname, C::Label5});
+  m_layout.at(C::Ende).caption = "Exit";
+  m_layout.show({C::Edit,        C::Command1,     C::Add,          C::Loeschen, C::Kopieren,
+                 C::Optimierung, C::Fischfutter1, C::Fischfutter2, C::Label1,   C::Label31,
+                 C::alle_rein,   C::alle_raus,    C::Rein,         C::raus,     C::Line1,
+                 C::Line2,       C::Label7,       C::Label8,       C::Label9,   C::Frame2,
+                 C::Image2});
+  setEnabled(C::Edit, true);
+  m_layout.hide({C::MinMax, C::Fischarten, C::Image6, C::Abbrechen, C::ArtSchadstoffwertCombo,
+                 C::EingabeSchadstoff, C::Suche, C::Go});
+  m_editor.setNameText("");
 }
 
 void MainWindowModel::applySimpleLayoutAfterEditing() {
-  m_pseudo.pc = true;
+  PseudoComponents pseudo = m_options.pseudoComponents();
+  pseudo.pc = true;
+  m_options.setPseudoComponents(pseudo);
   m_layout.applySimpleLayout(true);
-  m_fishmealGrade = 1;
+  m_options.setFishmealGrade(1);
 }
 
 void MainWindowModel::Abbrechen_Click() {
   showNormalLayout();
   m_editMode = false;
   if (m_simpleMode) applySimpleLayoutAfterEditing();
-  setSearchText(kSearchPrompt);
-}
-
-void MainWindowModel::keepEditBoxText() {
-  if (!m_layout.at("EingabeSchadstoff").visible) return;
-  m_grid.keepEditBoxText();
-  m_grid.closeEditBox();
-  m_layout.hide({"EingabeSchadstoff"});
+  m_editor.setSearchText(kSearchPrompt);
 }
 
 void MainWindowModel::selectAddedSubstance() {
-  selectSubstance(m_table.substanceCount() - 1);
-  if (m_table.substanceCount() >= 2) setEnabled("Loeschen", true);
+  selectSubstance(m_database.table().substanceCount() - 1);
 }
 
 bool MainWindowModel::leaveEditing() {
   if (!editing()) return false;
-  keepEditBoxText();
+  m_editor.keepEditBoxText();
   const bool added = !editMode();
   if (!uebernehme_Werte()) return false;
   showNormalLayout();
@@ -164,139 +153,55 @@ bool MainWindowModel::uebernehme_Werte() {
   if (!adding && m_substance < 0) return false;
   // feedstuff.tab refuses such values, so storing them would lock the user out at the next
   // start.
-  if (m_grid.markUnstorableValues() > 0) {
+  if (m_editor.grid().markUnstorableValues() > 0) {
     m_dialogs.information(kUnstorable);
     return false;
   }
   if (adding && tableFull()) return false;
   const int t = targetSubstance();
-  const int rows = std::min(m_grid.rowCount() - 1, m_table.componentCount());
+  const int rows = std::min(m_editor.grid().rowCount() - 1, m_database.table().componentCount());
   std::vector<std::int16_t> codes(static_cast<std::size_t>(std::max(rows, 0)));
   for (int r = 1; r <= rows; ++r)
-    codes[static_cast<std::size_t>(r - 1)] = m_grid.basisCopy().code(m_table, t, r);
+    codes[static_cast<std::size_t>(r - 1)] =
+        m_editor.grid().basisCopy().code(m_database.table(), t, r);
   if (adding)
-    m_table.addSubstance(substanceNameText());
+    m_database.table().addSubstance(m_editor.nameText());
   else
-    m_table.setSubstanceName(t, substanceNameText());
+    m_database.table().setSubstanceName(t, m_editor.nameText());
   for (int r = 1; r <= rows; ++r) {
-    m_table.setResidue(t, r, m_grid.value(r));
-    m_table.setBasis(t, r, codes[static_cast<std::size_t>(r - 1)]);
+    m_database.table().setResidue(t, r, m_editor.grid().value(r));
+    m_database.table().setBasis(t, r, codes[static_cast<std::size_t>(r - 1)]);
   }
-  m_databaseModified = true;
+  m_database.markModified();
   return true;
 }
 
 void MainWindowModel::Kopieren_Click() {
   if (m_substance < 0 || tableFull()) return;
-  if (editing()) m_grid.basisCopy().freeze(m_table);
+  if (editing()) m_editor.grid().basisCopy().freeze(m_database.table());
   const int p = m_substance;
-  const int k = m_table.copySubstance(p + 1, m_table.substanceName(p + 1));
+  const int k = m_database.table().copySubstance(p + 1, m_database.table().substanceName(p + 1));
   selectSubstance(k - 1);
-  if (m_table.substanceCount() >= 2) setEnabled("Loeschen", true);
 }
 
 void MainWindowModel::Loeschen_Click() {
-  if (m_table.substanceCount() < 2) {
-    setEnabled("Loeschen", false);
-    return;
-  }
-  if (m_substance < 0) return;
-  m_databaseModified = true;
+  if (!m_database.canDelete() || m_substance < 0) return;
+  m_database.markModified();
   const int p = m_substance;
-  if (editing()) m_grid.basisCopy().freeze(m_table);
-  m_table.deleteSubstance(p + 1);
-  selectSubstance(Minimum(p, m_table.substanceCount() - 1));
-  if (m_table.substanceCount() == 1) setEnabled("Loeschen", false);
-}
-
-void MainWindowModel::setGridCursor(int row, int column, int selectionEnd) {
-  m_grid.setCursor(row, column, selectionEnd);
-}
-
-MainWindowModel::GridEditor MainWindowModel::schadstoffwerte_Click() {
-  if (!editing() || m_grid.rowCount() < 2) return GridEditor::None;
-  keepEditBoxText();
-  if (m_grid.column() == ResidueGrid::kBasisColumn) {
-    m_grid.showBasisOfCurrentCell();
-    m_layout.hide({"EingabeSchadstoff"});
-    return GridEditor::BasisChooser;
-  }
-  if (m_grid.column() == ResidueGrid::kValueColumn) {
-    m_grid.openEditBox();
-    m_layout.hide({"ArtSchadstoffwertCombo"});
-    return GridEditor::EditBox;
-  }
-  return GridEditor::None;
+  if (editing()) m_editor.grid().basisCopy().freeze(m_database.table());
+  m_database.table().deleteSubstance(p + 1);
+  selectSubstance(std::min(p, m_database.table().substanceCount() - 1));
 }
 
 std::optional<std::string> MainWindowModel::schadstoffwerte_KeyDown(int key, bool control) {
   if (!editing()) return std::nullopt;
-  std::optional<std::string> clipboard = m_grid.gridKey(key, control);
+  std::optional<std::string> clipboard = m_editor.grid().gridKey(key, control);
   if (key == ResidueGrid::kEscape) Abbrechen_Click();
   return clipboard;
 }
 
-TwipsRect MainWindowModel::Eingabefeld_platzieren(int gridLeft, int gridTop,
-                                                  const TwipsRect& cell) {
-  const TwipsRect place{gridLeft + cell.left + kEditorInset, gridTop + cell.top + kEditorInset,
-                        cell.width, cell.height};
-  ControlState& box = m_layout.at("EingabeSchadstoff");
-  box.visible = true;
-  box.left = place.left;
-  box.top = place.top;
-  box.width = place.width;
-  box.height = place.height;
-  m_grid.selectAllOfEditBox();
-  return place;
-}
-
-TwipsRect MainWindowModel::Auswahlfeld_platzieren(int gridLeft, int gridTop,
-                                                  const TwipsRect& cell) {
-  ControlState& combo = m_layout.at("ArtSchadstoffwertCombo");
-  const TwipsRect place{gridLeft + cell.left + kEditorInset, gridTop + cell.top + kEditorInset,
-                        cell.width, combo.height};
-  combo.visible = true;
-  combo.left = place.left;
-  combo.top = place.top;
-  combo.width = place.width;
-  return place;
-}
-
-bool MainWindowModel::EingabeSchadstoff_KeyPress(int key) { return m_grid.typeIntoEditBox(key); }
-
-void MainWindowModel::setEditBox(std::string text, int selectionStart, int selectionLength) {
-  m_grid.setEditBox(std::move(text), selectionStart, selectionLength);
-}
-
-std::optional<int> MainWindowModel::EingabeSchadstoff_Enter() {
-  const std::optional<int> next = m_grid.enterEditBox();
-  if (!next) m_layout.hide({"EingabeSchadstoff"});
-  return next;
-}
-
-void MainWindowModel::EingabeSchadstoff_Paste(std::string_view clipboard) {
-  m_grid.paste(clipboard);
-  m_grid.closeEditBox();
-  m_layout.hide({"EingabeSchadstoff"});
-}
-
-void MainWindowModel::EingabeSchadstoff_Click() {
-  m_grid.fillSelectionFromEditBox();
-  m_layout.hide({"ArtSchadstoffwertCombo"});
-}
-
-void MainWindowModel::EingabeSchadstoff_DblClick() {
-  EingabeSchadstoff_Click();
-  m_grid.closeEditBox();
-  m_layout.hide({"EingabeSchadstoff"});
-}
-
 void MainWindowModel::ArtSchadstoffwertCombo_Click(int position) {
-  keepEditBoxText();
-  m_grid.chooseBasis(position, m_table, targetSubstance());
-  m_layout.hide({"ArtSchadstoffwertCombo", "EingabeSchadstoff"});
+  m_editor.chooseBasis(position, m_database.table(), targetSubstance());
 }
-
-void MainWindowModel::Go_Click() { m_grid.search(searchText()); }
 
 }  // namespace pescavo

@@ -44,11 +44,11 @@ CompositionRow pseudoRow(const ReportPseudo& pseudo, const ReportValues& values,
       row[2] = f2(values.fishmealProtein), row[3] = f2(values.fishmealLipid);
       break;
     case VariableKind::CC:
-      row[2] = f2(0.1), row[3] = f2(0.1);
+      row[2] = f2(kStarchMakeUp.protein), row[3] = f2(kStarchMakeUp.lipid);
       break;
     case VariableKind::F:
     case VariableKind::Component:
-      row[2] = f2(0), row[3] = f2(100);
+      row[2] = f2(kOilMakeUp.protein), row[3] = f2(kOilMakeUp.lipid);
       break;
   }
   row[4] = f2(100);

@@ -119,7 +119,7 @@ void Report::openSingle() {
   const ReportState& report = m_model.report();
   m_bericht->setText(report.bericht);
   m_ergebnisGrid->setRows(report.ergebnisGrid);
-  m_checkWarning->show(m_model.check().verdict, m_model.checkSentence());
+  m_checkWarning->show(m_model.lastRun().check().verdict, m_model.lastRun().checkSentence());
   activate();
   keepAboveMainWindow();
   exec();

@@ -83,7 +83,7 @@ struct Sweep {
     table.setBasis(1, 1, 1);
     m.load(table, {{"Common carp", 10, 40}}, {{60, 8}, {62, 9}, {65, 10}});
     m.report().reportFolder = file();
-    m.alle_rein();
+    m.selection().alle_rein();
   }
   std::string reportFile() const { return txt_ReadAll(file("Report.txt")); }
   ~Sweep() { std::filesystem::remove_all(root, ignored); }
@@ -98,8 +98,8 @@ struct Sweep {
 
 TEST(ScenarioSweep, ReportFilesSummaryFullReportDoneAndDetails) {
   Sweep s;
-  s.m.setPseudoComponents({false, true, false});
-  s.m.setMrbdLimits(false);
+  s.m.options().setPseudoComponents({false, true, false});
+  s.m.options().setMrbdLimits(false);
   ASSERT_TRUE(Optimierung2_Click(s.m));
   EXPECT_EQ(s.reportFile(), expectedReportFile());
   EXPECT_EQ(txt_ReadAll(s.file("Report.rtf")),
@@ -108,10 +108,10 @@ TEST(ScenarioSweep, ReportFilesSummaryFullReportDoneAndDetails) {
   EXPECT_EQ(s.m.report().scenarioSummary, summary);
   EXPECT_FALSE(s.m.report().fileWriteFailed);
   // The options are as before; problem and result stay those of run 16.
-  const MainWindowModel::PseudoComponents pseudo = s.m.pseudoComponents();
-  EXPECT_EQ((std::array{pseudo.pc, s.m.mrbdLimits(), pseudo.cc, pseudo.f}),
+  const MainWindowModel::PseudoComponents pseudo = s.m.options().pseudoComponents();
+  EXPECT_EQ((std::array{pseudo.pc, s.m.options().mrbdLimits(), pseudo.cc, pseudo.f}),
             (std::array{false, false, true, false}));
-  EXPECT_EQ(s.m.problem().n, 4);
+  EXPECT_EQ(s.m.lastRun().problem().n, 4);
 
   const std::string once = kHeader + summary + expectedReportFile() + "\r\n";
   EXPECT_EQ(openFullReportFile(s.m), s.file("Report.txt"));
@@ -142,7 +142,7 @@ TEST(ScenarioSweep, RunSevenAtDmZeroMinimumSummaryAndFailures) {
   EXPECT_NE(s.dialogs.messages[0].find(s.file("missing/Report.txt")), std::string::npos);
   EXPECT_NE(s.dialogs.messages[1].find(s.file("missing/Report.rtf")), std::string::npos);
   EXPECT_TRUE(s.m.report().fileWriteFailed);
-  s.m.setCriterionOption(Criterion::Minimum);
+  s.m.options().setCriterionOption(Criterion::Minimum);
   s.m.report().reportFolder = s.file();
   ASSERT_TRUE(Optimierung2_Click(s.m));
   EXPECT_FALSE(s.m.report().fileWriteFailed);  // each sweep starts afresh
@@ -251,8 +251,8 @@ TEST(ScenarioSweep, RunsWhereTheMethodErrsCarryTheVerdict) {
 // A single run's report: title block and section, the composition table, the main window off.
 TEST(SingleReport, BerichtschreibenAfterARun) {
   Sweep s;
-  s.m.setPseudoComponents({false, false, false});
-  s.m.setMrbdLimits(false);
+  s.m.options().setPseudoComponents({false, false, false});
+  s.m.options().setMrbdLimits(false);
   s.m.Optimierung_Click();
   ASSERT_TRUE(s.m.reportButtonVisible());
   Berichtschreiben(s.m);

@@ -13,6 +13,8 @@
 namespace pescavo {
 namespace {
 
+using C = ControlId;
+
 const char* const kSaveQuestion = "You modified the substance database. Do you want to save?";
 
 // Four substances on five components. Residue (s, i) = s + i / 10, except component 3, which
@@ -45,12 +47,14 @@ class EditingTest : public ::testing::Test {
   }
   std::string column5() const {
     std::string out;
-    for (int r = 1; r < model.grid().rowCount(); ++r) out += model.grid().text(r, 5) + ";";
+    for (int r = 1; r < model.editor().grid().rowCount(); ++r)
+      out += model.editor().grid().text(r, 5) + ";";
     return out;
   }
   std::string column4() const {
     std::string out;
-    for (int r = 1; r < model.grid().rowCount(); ++r) out += model.grid().text(r, 4) + ";";
+    for (int r = 1; r < model.editor().grid().rowCount(); ++r)
+      out += model.editor().grid().text(r, 4) + ";";
     return out;
   }
   // Substance s of the model's table has the residues and codes of substance from of `table`.
@@ -62,14 +66,14 @@ class EditingTest : public ::testing::Test {
   }
   // A click into column 5 of row and the edit box placed there.
   void openEditBox(int row) {
-    model.setGridCursor(row, 5, row);
-    ASSERT_EQ(model.schadstoffwerte_Click(), MainWindowModel::GridEditor::EditBox);
-    model.Eingabefeld_platzieren(240, 600, {0, 240 * row, 1500, 240});
+    model.editor().setGridCursor(row, 5, row);
+    ASSERT_EQ(model.editor().schadstoffwerte_Click(), MainWindowModel::GridEditor::EditBox);
+    model.editor().Eingabefeld_platzieren(240, 600, {0, 240 * row, 1500, 240});
   }
   void type(const std::string& keys) {
-    for (char key : keys) model.EingabeSchadstoff_KeyPress(key);
+    for (char key : keys) model.editor().EingabeSchadstoff_KeyPress(key);
   }
-  bool visible(const char* name) const { return model.layout().at(name).visible; }
+  bool visible(ControlId id) const { return model.layout().at(id).visible; }
 
   ComponentTable table;
   RecordingDialogs dialogs;
@@ -82,7 +86,7 @@ TEST_F(EditingTest, DeletingKeepsEverySubstanceWithItsValuesAndCodes) {
   EXPECT_EQ(names(), "Alpha;Beta;Gamma;");
   EXPECT_EQ(model.substancePosition(), 2);  // the new last one
   EXPECT_TRUE(model.databaseModified());
-  EXPECT_TRUE(model.deleteSubstanceEnabled());
+  EXPECT_TRUE(model.enabled(ControlId::Loeschen));
 
   load();
   model.selectSubstance(1);
@@ -94,13 +98,14 @@ TEST_F(EditingTest, DeletingKeepsEverySubstanceWithItsValuesAndCodes) {
   expectSubstance(1, 1);
   expectSubstance(2, 3);
   expectSubstance(3, 4);
-  EXPECT_EQ(model.available().size(), 5u);  // the lists follow the new current substance
-  EXPECT_EQ(model.workingSet()[2].residue, 3.3);
+  EXPECT_EQ(model.selection().available().size(),
+            5u);  // the lists follow the new current substance
+  EXPECT_EQ(model.selection().workingSet()[2].residue, 3.3);
 
   model.Loeschen_Click();
   model.Loeschen_Click();
   EXPECT_EQ(names(), "Alpha;");
-  EXPECT_FALSE(model.deleteSubstanceEnabled());
+  EXPECT_FALSE(model.enabled(ControlId::Loeschen));
   model.Loeschen_Click();  // refused silently
   EXPECT_EQ(names(), "Alpha;");
   EXPECT_TRUE(dialogs.messages.empty());
@@ -122,30 +127,30 @@ TEST_F(EditingTest, CopyAppendsWithoutMarkingTheDatabase) {
   // Copying the only substance enables "Del".
   for (int s = 4; s >= 2; --s) table.deleteSubstance(s);
   load();
-  EXPECT_FALSE(model.deleteSubstanceEnabled());
+  EXPECT_FALSE(model.enabled(ControlId::Loeschen));
   model.Kopieren_Click();
-  EXPECT_TRUE(model.deleteSubstanceEnabled());
+  EXPECT_TRUE(model.enabled(ControlId::Loeschen));
 }
 
 TEST_F(EditingTest, AddCancelAddStartsAFreshSubstance) {
   model.Add_Click();
   EXPECT_TRUE(model.editing());
   EXPECT_FALSE(model.editMode());
-  EXPECT_EQ(model.substanceNameText(), "New substance");
+  EXPECT_EQ(model.editor().nameText(), "New substance");
   EXPECT_EQ(column5(), "0;0;0;0;0;");
   EXPECT_EQ(column4(), "STMR;STMR;STMR;STMR;STMR;");
-  model.setSubstanceNameText("Typed");
-  model.setGridCursor(2, 4, 4);
+  model.editor().setNameText("Typed");
+  model.editor().setGridCursor(2, 4, 4);
   model.ArtSchadstoffwertCombo_Click(1);
   model.schadstoffwerte_KeyDown('9', false);
   model.Abbrechen_Click();
   EXPECT_FALSE(model.editing());
-  EXPECT_EQ(model.substanceNameText(), "");
+  EXPECT_EQ(model.editor().nameText(), "");
   EXPECT_EQ(names(), "Alpha;Beta;Gamma;Delta;");
   EXPECT_FALSE(model.databaseModified());
 
   model.Add_Click();
-  EXPECT_EQ(model.substanceNameText(), "New substance");
+  EXPECT_EQ(model.editor().nameText(), "New substance");
   EXPECT_EQ(column5(), "0;0;0;0;0;");
   EXPECT_EQ(column4(), "STMR;STMR;STMR;STMR;STMR;");
   ASSERT_TRUE(model.leaveEditing());
@@ -156,32 +161,32 @@ TEST_F(EditingTest, AddCancelAddStartsAFreshSubstance) {
   load();
   EXPECT_FALSE(model.editMode());
   model.Add_Click();
-  EXPECT_EQ(model.substanceNameText(), "New substance");
+  EXPECT_EQ(model.editor().nameText(), "New substance");
 }
 
 TEST_F(EditingTest, EditTwoValuesThenDoneThenTheExitAsks) {
   model.selectSubstance(1);
   model.Schadstoffliste_DblClick();
   EXPECT_TRUE(model.editMode());
-  EXPECT_EQ(model.substanceNameText(), "Beta");
+  EXPECT_EQ(model.editor().nameText(), "Beta");
   EXPECT_EQ(column5(), "2.1;2.2;0;2.4;2.5;");
   EXPECT_EQ(column4(), "STMR-P;STMR;STMR-P;STMR;STMR-P;");
 
   openEditBox(2);
-  EXPECT_EQ(model.grid().editText(), "2.2");
+  EXPECT_EQ(model.editor().grid().editText(), "2.2");
   type("1,5");
-  EXPECT_EQ(model.grid().editText(), "1.5");
-  EXPECT_EQ(model.EingabeSchadstoff_Enter(), 3);  // on to the next row
-  EXPECT_EQ(model.grid().editText(), "0");
-  model.setGridCursor(4, 1, 4);  // typing on the grid goes to column 5
+  EXPECT_EQ(model.editor().grid().editText(), "1.5");
+  EXPECT_EQ(model.editor().EingabeSchadstoff_Enter(), 3);  // on to the next row
+  EXPECT_EQ(model.editor().grid().editText(), "0");
+  model.editor().setGridCursor(4, 1, 4);  // typing on the grid goes to column 5
   for (int key : {ResidueGrid::kDelete, 96 + 3, 190, 53}) model.schadstoffwerte_KeyDown(key, false);
-  EXPECT_EQ(model.grid().column(), 5);
-  model.setSubstanceNameText("Beta (new)");
+  EXPECT_EQ(model.editor().grid().column(), 5);
+  model.editor().setNameText("Beta (new)");
 
   EXPECT_FALSE(model.Ende_Click());  // "Done": no question
   EXPECT_TRUE(dialogs.questions.empty());
   EXPECT_FALSE(model.editing());
-  EXPECT_EQ(model.layout().at("Ende").caption, "Exit");
+  EXPECT_EQ(model.layout().at(ControlId::Ende).caption, "Exit");
   EXPECT_EQ(names(), "Alpha;Beta (new);Gamma;Delta;");
   EXPECT_EQ(model.substancePosition(), 1);
   const double expected[5] = {2.1, 1.5, 0, 3.5, 2.5};
@@ -191,8 +196,8 @@ TEST_F(EditingTest, EditTwoValuesThenDoneThenTheExitAsks) {
   }
   expectSubstance(1, 1);
   expectSubstance(3, 3);
-  EXPECT_EQ(model.available().size(), 4u);
-  EXPECT_EQ(model.workingSet()[1].residue, 1.5);
+  EXPECT_EQ(model.selection().available().size(), 4u);
+  EXPECT_EQ(model.selection().workingSet()[1].residue, 1.5);
   EXPECT_TRUE(model.databaseModified());
 
   EXPECT_TRUE(model.Ende_Click());
@@ -201,9 +206,9 @@ TEST_F(EditingTest, EditTwoValuesThenDoneThenTheExitAsks) {
 
 TEST_F(EditingTest, EscapeOnTheGridCancels) {
   model.Edit_Click();
-  model.setGridCursor(1, 5, 1);
+  model.editor().setGridCursor(1, 5, 1);
   model.schadstoffwerte_KeyDown('7', false);
-  EXPECT_EQ(model.grid().text(1, 5), "1.17");
+  EXPECT_EQ(model.editor().grid().text(1, 5), "1.17");
   EXPECT_EQ(model.schadstoffwerte_KeyDown(ResidueGrid::kEscape, false), std::nullopt);
   EXPECT_FALSE(model.editing());
   EXPECT_FALSE(model.editMode());
@@ -211,102 +216,102 @@ TEST_F(EditingTest, EscapeOnTheGridCancels) {
   EXPECT_FALSE(model.databaseModified());
   // Outside the editing mode the grid takes no keys.
   model.schadstoffwerte_KeyDown('5', false);
-  EXPECT_EQ(model.grid().text(1, 5), "1.17");
+  EXPECT_EQ(model.editor().grid().text(1, 5), "1.17");
 }
 
 TEST_F(EditingTest, DoneAfterAddSelectsTheNewLastSubstance) {
   for (int s = 4; s >= 2; --s) table.deleteSubstance(s);
   load();
-  EXPECT_FALSE(model.deleteSubstanceEnabled());
+  EXPECT_FALSE(model.enabled(ControlId::Loeschen));
   model.Add_Click();
-  model.setSubstanceNameText("Epsilon");
+  model.editor().setNameText("Epsilon");
   openEditBox(3);
-  model.EingabeSchadstoff_Paste("0.25\r\n1.5\r\n");
-  EXPECT_FALSE(visible("EingabeSchadstoff"));
+  model.editor().EingabeSchadstoff_Paste("0.25\r\n1.5\r\n");
+  EXPECT_FALSE(visible(C::EingabeSchadstoff));
   EXPECT_EQ(column5(), "0;0;0.25;1.5;0;");
-  model.setGridCursor(4, 4, 3);
+  model.editor().setGridCursor(4, 4, 3);
   model.ArtSchadstoffwertCombo_Click(1);
   ASSERT_TRUE(model.leaveEditing());
   EXPECT_EQ(names(), "Alpha;Epsilon;");
   EXPECT_EQ(model.substancePosition(), 1);
-  EXPECT_TRUE(model.deleteSubstanceEnabled());
+  EXPECT_TRUE(model.enabled(ControlId::Loeschen));
   const double residues[5] = {0, 0, 0.25, 1.5, 0};
   const std::int16_t codes[5] = {0, 0, 1, 1, 0};
   for (int i = 1; i <= 5; ++i) {
     EXPECT_EQ(model.table().residue(2, i), residues[i - 1]);
     EXPECT_EQ(model.table().basis(2, i), codes[i - 1]);
   }
-  ASSERT_EQ(model.available().size(), 2u);
-  EXPECT_EQ(model.available()[1].text, "Soybean (feed)");
-  EXPECT_EQ(model.available()[1].artSchadstoffwert, "1");
+  ASSERT_EQ(model.selection().available().size(), 2u);
+  EXPECT_EQ(model.selection().available()[1].text, "Soybean (feed)");
+  EXPECT_EQ(model.selection().available()[1].artSchadstoffwert, "1");
 }
 
 TEST_F(EditingTest, EditingLayoutAndBack) {
   model.Add_Click();
-  for (const char* name : {"Image2",
-                           "Image3",
-                           "Image7",
-                           "Line1",
-                           "Line2",
-                           "Label7",
-                           "Label9",
-                           "Frame1",
-                           "Frame2",
-                           "Optimierung",
-                           "Optimierung2",
-                           "Edit",
-                           "Add",
-                           "Command1",
-                           "Loeschen",
-                           "Kopieren",
-                           "Fischmehl",
-                           "Check1",
-                           "Check5",
-                           "MinMax",
-                           "Fischarten",
-                           "Fischfutter1",
-                           "Fischfutter2",
-                           "Label1",
-                           "Label31",
-                           "alle_rein",
-                           "alle_raus",
-                           "Rein",
-                           "raus",
-                           "ReportButton",
-                           "Ergebnis",
-                           "EingabeSchadstoff",
-                           "ArtSchadstoffwertCombo"})
-    EXPECT_FALSE(visible(name)) << name;
-  for (const char* name : {"Image6", "Schadstoffname", "Label5", "Suche", "Go", "Abbrechen",
-                           "schadstoffwerte", "Ende", "Schadstoffliste", "Label32"})
-    EXPECT_TRUE(visible(name)) << name;
-  const ControlState& grid = model.layout().at("schadstoffwerte");
+  for (ControlId name : {C::Image2,
+                         C::Image3,
+                         C::Image7,
+                         C::Line1,
+                         C::Line2,
+                         C::Label7,
+                         C::Label9,
+                         C::Frame1,
+                         C::Frame2,
+                         C::Optimierung,
+                         C::Optimierung2,
+                         C::Edit,
+                         C::Add,
+                         C::Command1,
+                         C::Loeschen,
+                         C::Kopieren,
+                         C::Fischmehl,
+                         C::Check1,
+                         C::Check5,
+                         C::MinMax,
+                         C::Fischarten,
+                         C::Fischfutter1,
+                         C::Fischfutter2,
+                         C::Label1,
+                         C::Label31,
+                         C::alle_rein,
+                         C::alle_raus,
+                         C::Rein,
+                         C::raus,
+                         C::ReportButton,
+                         C::Ergebnis,
+                         C::EingabeSchadstoff,
+                         C::ArtSchadstoffwertCombo})
+    EXPECT_FALSE(visible(name)) << controlName(name);
+  for (ControlId name : {C::Image6, C::Schadstoffname, C::Label5, C::Suche, C::Go, C::Abbrechen,
+                         C::schadstoffwerte, C::Ende, C::Schadstoffliste, C::Label32})
+    EXPECT_TRUE(visible(name)) << controlName(name);
+  const ControlState& grid = model.layout().at(ControlId::schadstoffwerte);
   EXPECT_EQ(TwipsRect({grid.left, grid.top, grid.width, grid.height}),
             TwipsRect({240, 600, 15135, 4935}));
-  EXPECT_EQ(model.layout().at("Ende").caption, "Done");
-  EXPECT_EQ(model.searchText(), "Search...");
+  EXPECT_EQ(model.layout().at(ControlId::Ende).caption, "Done");
+  EXPECT_EQ(model.editor().searchText(), "Search...");
   EXPECT_EQ(model.layout().width(), MainWindowLayout::kFullWidth);
 
-  model.setSearchText("oats");
-  model.Go_Click();
-  EXPECT_TRUE(model.grid().marked(3, 1));
+  model.editor().setSearchText("oats");
+  model.editor().Go_Click();
+  EXPECT_TRUE(model.editor().grid().marked(3, 1));
   model.Abbrechen_Click();
-  EXPECT_EQ(model.searchText(), "Search...");
-  for (const char* name :
-       {"Edit",         "Command1",     "Add",    "Loeschen", "Kopieren",  "Optimierung",
-        "Fischfutter1", "Fischfutter2", "Label1", "Label31",  "alle_rein", "alle_raus",
-        "Rein",         "raus",         "Line1",  "Line2",    "Label7",    "Label8",
-        "Label9",       "Frame2",       "Image2"})
-    EXPECT_TRUE(visible(name)) << name;
-  for (const char* name : {"schadstoffwerte", "Schadstoffname", "Label5", "Image6", "Abbrechen",
-                           "Suche", "Go", "MinMax", "Fischarten", "Fischmehl", "Check1"})
-    EXPECT_FALSE(visible(name)) << name;
-  EXPECT_TRUE(model.layout().at("Edit").enabled);
+  EXPECT_EQ(model.editor().searchText(), "Search...");
+  for (ControlId name :
+       {C::Edit,         C::Command1,     C::Add,    C::Loeschen, C::Kopieren,  C::Optimierung,
+        C::Fischfutter1, C::Fischfutter2, C::Label1, C::Label31,  C::alle_rein, C::alle_raus,
+        C::Rein,         C::raus,         C::Line1,  C::Line2,    C::Label7,    C::Label8,
+        C::Label9,       C::Frame2,       C::Image2})
+    EXPECT_TRUE(visible(name)) << controlName(name);
+  for (ControlId name : {C::schadstoffwerte, C::Schadstoffname, C::Label5, C::Image6, C::Abbrechen,
+                         C::Suche, C::Go, C::MinMax, C::Fischarten, C::Fischmehl, C::Check1})
+    EXPECT_FALSE(visible(name)) << controlName(name);
+  EXPECT_TRUE(model.layout().at(ControlId::Edit).enabled);
 
   // Editing starts with the search marks gone.
   model.Edit_Click();
-  EXPECT_FALSE(model.grid().marked(3, 1));
-  EXPECT_EQ(model.MouseWheel(-120, 1, 4935, 240), 5);
+  EXPECT_FALSE(model.editor().grid().marked(3, 1));
+  EXPECT_EQ(model.editor().MouseWheel(-120, 1, 4935, 240), 5);
 }
 
 TEST_F(EditingTest, SimpleLayoutAfterDoneAndCancel) {
@@ -315,31 +320,31 @@ TEST_F(EditingTest, SimpleLayoutAfterDoneAndCancel) {
   model.Edit_Click();
   // The editing controls need the full width; the fish-meal chooser hides with its caption.
   EXPECT_EQ(model.layout().width(), MainWindowLayout::kFullWidth);
-  EXPECT_EQ(model.layout().at("Ende").left, 15840);
-  EXPECT_EQ(model.layout().at("Image1").left, 16680);
-  EXPECT_FALSE(visible("Fischmehl") || visible("FischmehlCaption"));
-  EXPECT_TRUE(visible("Abbrechen"));
+  EXPECT_EQ(model.layout().at(ControlId::Ende).left, 15840);
+  EXPECT_EQ(model.layout().at(ControlId::Image1).left, 16680);
+  EXPECT_FALSE(visible(C::Fischmehl) || visible(C::FischmehlCaption));
+  EXPECT_TRUE(visible(C::Abbrechen));
 
   ASSERT_FALSE(model.Ende_Click());
   EXPECT_EQ(model.layout().width(), MainWindowLayout::kSimpleWidth);
-  EXPECT_EQ(model.layout().at("Ende").left, 7000);
-  EXPECT_EQ(model.layout().at("Image1").left, 7840);
-  EXPECT_EQ(model.layout().at("Ende").caption, "Exit");
-  EXPECT_TRUE(visible("Fischmehl") && visible("FischmehlCaption"));
-  EXPECT_EQ(model.layout().at("Fischmehl").top, 3600);
-  EXPECT_EQ(model.layout().at("FischmehlCaption").top, 3250);
-  EXPECT_EQ(model.fishmealGrade(), 1);
-  for (const char* name : {"Fischfutter2", "alle_rein", "Rein", "raus", "Label31", "Check1"})
-    EXPECT_FALSE(visible(name)) << name;
-  EXPECT_TRUE(model.pseudoComponents().pc);
+  EXPECT_EQ(model.layout().at(ControlId::Ende).left, 7000);
+  EXPECT_EQ(model.layout().at(ControlId::Image1).left, 7840);
+  EXPECT_EQ(model.layout().at(ControlId::Ende).caption, "Exit");
+  EXPECT_TRUE(visible(C::Fischmehl) && visible(C::FischmehlCaption));
+  EXPECT_EQ(model.layout().at(ControlId::Fischmehl).top, 3600);
+  EXPECT_EQ(model.layout().at(ControlId::FischmehlCaption).top, 3250);
+  EXPECT_EQ(model.options().fishmealGrade(), 1);
+  for (ControlId name : {C::Fischfutter2, C::alle_rein, C::Rein, C::raus, C::Label31, C::Check1})
+    EXPECT_FALSE(visible(name)) << controlName(name);
+  EXPECT_TRUE(model.options().pseudoComponents().pc);
 
   load(true);
   model.Add_Click();
   model.Abbrechen_Click();
   EXPECT_EQ(model.layout().width(), MainWindowLayout::kSimpleWidth);
-  EXPECT_EQ(model.layout().at("Fischmehl").top, 3600);
-  EXPECT_FALSE(visible("Fischfutter2"));
-  EXPECT_EQ(model.fishmealGrade(), 1);
+  EXPECT_EQ(model.layout().at(ControlId::Fischmehl).top, 3600);
+  EXPECT_FALSE(visible(C::Fischfutter2));
+  EXPECT_EQ(model.options().fishmealGrade(), 1);
 }
 
 TEST_F(EditingTest, DecimalCommaLocaleStillEditsWithAPoint) {
@@ -358,72 +363,57 @@ TEST_F(EditingTest, DecimalCommaLocaleStillEditsWithAPoint) {
   model.Edit_Click();
   openEditBox(5);
   type("2,75");
-  model.EingabeSchadstoff_Enter();
+  model.editor().EingabeSchadstoff_Enter();
   ASSERT_TRUE(model.leaveEditing());
   EXPECT_EQ(model.table().residue(3, 5), 2.75);
 }
 
+// The basis drop-down stores for the substance edited; no editor touches the flag.
 TEST_F(EditingTest, InPlaceEditorsAndTheFlag) {
   model.Edit_Click();
-  EXPECT_EQ(model.Eingabefeld_platzieren(240, 600, {1200, 480, 1500, 240}),
-            TwipsRect({1455, 1095, 1500, 240}));
-  const ControlState& box = model.layout().at("EingabeSchadstoff");
-  EXPECT_TRUE(box.visible);
-  EXPECT_EQ(TwipsRect({box.left, box.top, box.width, box.height}),
-            TwipsRect({1455, 1095, 1500, 240}));
-
-  model.setGridCursor(2, 4, 2);
-  EXPECT_EQ(model.schadstoffwerte_Click(), MainWindowModel::GridEditor::BasisChooser);
-  EXPECT_FALSE(box.visible);
-  EXPECT_EQ(model.grid().basisChoice(), 1);  // row 2 reads STMR-P
-  EXPECT_EQ(model.Auswahlfeld_platzieren(240, 600, {1000, 480, 1200, 240}),
-            TwipsRect({1255, 1095, 1200, 315}));
-  EXPECT_TRUE(visible("ArtSchadstoffwertCombo"));
-  model.setGridCursor(2, 4, 1);
+  model.editor().setGridCursor(2, 4, 1);
+  EXPECT_EQ(model.editor().schadstoffwerte_Click(), MainWindowModel::GridEditor::BasisChooser);
   model.ArtSchadstoffwertCombo_Click(1);
   EXPECT_EQ(column4(), "STMR-P;STMR-P;STMR;STMR-P;STMR;");
-  EXPECT_FALSE(visible("ArtSchadstoffwertCombo") || visible("EingabeSchadstoff"));
-  model.setGridCursor(1, 0, 1);
-  EXPECT_EQ(model.schadstoffwerte_Click(), MainWindowModel::GridEditor::None);
 
   // A click into the box fills the selection; a double-click also hides the box.
   openEditBox(3);
-  model.setEditBox("4", 1, 0);
-  model.setGridCursor(5, 5, 3);
-  model.EingabeSchadstoff_Click();
+  model.editor().setEditBox("4", 1, 0);
+  model.editor().setGridCursor(5, 5, 3);
+  model.editor().EingabeSchadstoff_Click();
   EXPECT_EQ(column5(), "1.1;1.2;4;4;4;");
-  EXPECT_TRUE(visible("EingabeSchadstoff"));
-  model.setGridCursor(1, 5, 1);
-  model.EingabeSchadstoff_DblClick();
+  EXPECT_TRUE(visible(C::EingabeSchadstoff));
+  model.editor().setGridCursor(1, 5, 1);
+  model.editor().EingabeSchadstoff_DblClick();
   EXPECT_EQ(column5(), "4;1.2;4;4;4;");
-  EXPECT_FALSE(visible("EingabeSchadstoff"));
-  EXPECT_EQ(model.EingabeSchadstoff_Copy(), "4");
-  model.setGridCursor(1, 5, 2);
+  EXPECT_FALSE(visible(C::EingabeSchadstoff));
+  EXPECT_EQ(model.editor().EingabeSchadstoff_Copy(), "4");
+  model.editor().setGridCursor(1, 5, 2);
   EXPECT_EQ(model.schadstoffwerte_KeyDown(ResidueGrid::kKeyC, true), "4\r\n1.2\r\n");
   // None of this touched the flag, in either state.
   EXPECT_FALSE(model.databaseModified());
   model.Abbrechen_Click();
   model.Loeschen_Click();
   model.Edit_Click();
-  model.setGridCursor(1, 4, 1);
+  model.editor().setGridCursor(1, 4, 1);
   model.ArtSchadstoffwertCombo_Click(0);
-  model.EingabeSchadstoff_Click();
+  model.editor().EingabeSchadstoff_Click();
   model.Abbrechen_Click();
   EXPECT_TRUE(model.databaseModified());
 }
 
 TEST_F(EditingTest, WhatTheTableCannotHoldIsRefused) {
   model.Edit_Click();
-  model.setGridCursor(2, 5, 2);
-  model.EingabeSchadstoff_Paste("2000000\r\n");
+  model.editor().setGridCursor(2, 5, 2);
+  model.editor().EingabeSchadstoff_Paste("2000000\r\n");
   EXPECT_FALSE(model.Ende_Click());
   ASSERT_EQ(dialogs.messages.size(), 1u);
   EXPECT_NE(dialogs.messages[0].find("1000000 mg/kg"), std::string::npos);
   EXPECT_TRUE(model.editing());  // nothing stored, nothing lost
-  EXPECT_TRUE(model.grid().marked(2, 5));
+  EXPECT_TRUE(model.editor().grid().marked(2, 5));
   expectSubstance(1, 1);
   EXPECT_FALSE(model.databaseModified());
-  model.EingabeSchadstoff_Paste("1000000\r\n");
+  model.editor().EingabeSchadstoff_Paste("1000000\r\n");
   ASSERT_TRUE(model.leaveEditing());
   EXPECT_EQ(model.table().residue(1, 2), 1000000);
 
@@ -460,11 +450,11 @@ TEST_F(EditingTest, TypingWithoutEnterIsKept) {
   openEditBox(2);
   type("7");
   openEditBox(4);  // a click on another cell
-  EXPECT_EQ(model.grid().text(2, 5), "7");
+  EXPECT_EQ(model.editor().grid().text(2, 5), "7");
   type("9");
-  model.setGridCursor(1, 4, 1);
-  ASSERT_EQ(model.schadstoffwerte_Click(), MainWindowModel::GridEditor::BasisChooser);
-  EXPECT_EQ(model.grid().text(4, 5), "9");
+  model.editor().setGridCursor(1, 4, 1);
+  ASSERT_EQ(model.editor().schadstoffwerte_Click(), MainWindowModel::GridEditor::BasisChooser);
+  EXPECT_EQ(model.editor().grid().text(4, 5), "9");
   openEditBox(5);
   type("3.5");
   ASSERT_TRUE(model.leaveEditing());  // "Done" with the box still open
@@ -489,15 +479,15 @@ TEST_F(EditingTest, ASaveWhileAddingStoresTheNewSubstanceOnce) {
   model.startUp(folder);
   const int substances = model.table().substanceCount();
   model.Add_Click();
-  model.setSubstanceNameText("Added");
-  model.setGridCursor(1, 5, 1);
-  model.EingabeSchadstoff_Paste("0.5\r\n");
+  model.editor().setNameText("Added");
+  model.editor().setGridCursor(1, 5, 1);
+  model.editor().EingabeSchadstoff_Paste("0.5\r\n");
   model.save();
   ASSERT_EQ(model.table().substanceCount(), substances + 1);
   EXPECT_TRUE(model.editing() && model.editMode());
   EXPECT_EQ(model.substanceName(), "Added");
-  model.setGridCursor(1, 5, 1);
-  model.EingabeSchadstoff_Paste("0.75\r\n");
+  model.editor().setGridCursor(1, 5, 1);
+  model.editor().EingabeSchadstoff_Paste("0.75\r\n");
   ASSERT_TRUE(model.leaveEditing());
   EXPECT_EQ(model.table().substanceCount(), substances + 1);
   EXPECT_EQ(model.table().residue(substances + 1, 1), 0.75);
@@ -526,8 +516,8 @@ TEST(SaveWhileEditing, TakesTheGridOverAfterWriting) {
   EXPECT_FALSE(model.databaseModified());
 
   model.Edit_Click();
-  model.setGridCursor(1, 5, 1);
-  model.EingabeSchadstoff_Paste("7.25\r\n");
+  model.editor().setGridCursor(1, 5, 1);
+  model.editor().EingabeSchadstoff_Paste("7.25\r\n");
   model.save();
   EXPECT_TRUE(model.editing());
   EXPECT_TRUE(model.databaseModified());

@@ -29,7 +29,7 @@ class ScenariosTest : public ReportWindowTest {
  protected:
   void SetUp() override {
     ReportWindowTest::SetUp();
-    model.alle_rein();
+    model.selection().alle_rein();
   }
   QTableWidget* table() { return child<QTableWidget>(report, "AllScnErgebnis"); }
   QPushButton* details(int index) {
@@ -120,6 +120,7 @@ TEST_F(ScenariosTest, DetailsOpensItsRunInAWindowOfItsOwn) {
   EXPECT_TRUE(window.isVisible());
   EXPECT_FALSE(window.isModal());
   EXPECT_EQ(window.windowTitle(), "Report Szenario 3: PC");
+  EXPECT_TRUE(model.options().pseudoComponents().pc && !model.options().pseudoComponents().cc);
   EXPECT_EQ(child<QPlainTextEdit>(window, "BerichtNeu")->toPlainText(),
             QString::fromStdString(model.report().berichtNeu).remove('\r'));
   ReportViewState expected(ReportViewState::Window::Scenario);
@@ -222,12 +223,12 @@ TEST_F(ScenariosTest, FullReportFileAndBackToTheTable) {
 }
 
 TEST_F(ScenariosTest, AStoppedSweepShowsNoWindowAndASingleReportReplacesTheOpenOne) {
-  model.alle_raus();
+  model.selection().alle_raus();
   report.openAllScenarios();
   EXPECT_EQ(dialogs.messages, std::vector<std::string>{"Please add components."});
   EXPECT_FALSE(report.isVisible());
 
-  model.alle_rein();
+  model.selection().alle_rein();
   report.openAllScenarios();
   const std::string afterSweep = reportFile();
   model.Optimierung_Click();

@@ -24,7 +24,7 @@ class SingleModeTest : public ReportWindowTest {
  protected:
   void SetUp() override {
     ReportWindowTest::SetUp();
-    model.alle_rein();
+    model.selection().alle_rein();
     model.Optimierung_Click();
     ASSERT_TRUE(model.reportButtonVisible());
   }
@@ -200,13 +200,13 @@ TEST_F(SingleModeTest, AWarningWhenTheCheckDiffers) {
   withReport([&] { EXPECT_FALSE(shown(report, "CheckWarning")); });
 
   loadErringTables(model);
-  model.setPseudoComponents({false, false, false});
+  model.options().setPseudoComponents({false, false, false});
   model.Optimierung_Click();
-  ASSERT_EQ(model.check().verdict, CheckVerdict::Differs);
+  ASSERT_EQ(model.lastRun().check().verdict, CheckVerdict::Differs);
   withReport([&] {
     EXPECT_TRUE(shown(report, "CheckWarning"));
     auto* warning = child<QLabel>(report, "CheckWarning");
-    EXPECT_EQ(warning->text().toStdString(), model.checkSentence());
+    EXPECT_EQ(warning->text().toStdString(), model.lastRun().checkSentence());
     EXPECT_EQ(warning->palette().color(QPalette::WindowText),
               qcolor(reportCheckWarningStyle().text));
     click(report, "Command1");

@@ -15,8 +15,8 @@ inline void loadErringTables(MainWindowModel& model) {
   table.setResidue(1, 1, 3);
   table.setResidue(1, 2, 5);
   model.load(table, {{"Common carp", 10, 35}}, {{60, 8}, {62, 9}, {65, 10}});
-  model.alle_rein();
-  model.setCriterionOption(Criterion::Minimum);
+  model.selection().alle_rein();
+  model.options().setCriterionOption(Criterion::Minimum);
 }
 
 }  // namespace pescavo

@@ -1,0 +1,105 @@
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "model/ComponentSelection.h"
+
+namespace pescavo {
+namespace {
+
+// Substance 1 has residues on Wheat, Maize, Soybean and Rape; substance 2 on Maize alone.
+class ComponentSelectionTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    table.addSubstance("Example A");
+    table.addSubstance("Example B");
+    const char* crops[] = {"Wheat", "Maize", "Oats", "Soybean", "Rape"};
+    for (int i = 0; i < 5; ++i)
+      table.addComponent({"By-Products", crops[i], "feed", "", 13.0 + i, 2, 88, 40, 30.5});
+    const double residues[2][5] = {{1.2, 0.5, 0, 0.8, 0.02}, {0, 0.3, -1, 0, 0}};
+    for (int s = 1; s <= 2; ++s)
+      for (int i = 1; i <= 5; ++i) table.setResidue(s, i, residues[s - 1][i - 1]);
+    selection.reset(table, 0);
+  }
+  void choose(std::initializer_list<int> positions) {
+    selection.clearSelection();
+    for (int p : positions) selection.setSelected(p, true);
+    selection.Rein();
+  }
+  std::string chosen() const {
+    std::string texts;
+    for (const ListEntry& entry : selection.chosen()) texts += entry.text + ";";
+    return texts;
+  }
+
+  ComponentTable table;
+  ComponentSelection selection;
+};
+
+TEST_F(ComponentSelectionTest, MovingInAndOut) {
+  EXPECT_FALSE(selection.removeEnabled());
+  choose({1});
+  EXPECT_TRUE(selection.removeEnabled());
+  choose({2, 0, 1});  // Maize is there already: two more, in list order
+  EXPECT_EQ(chosen(), "Maize (feed);Wheat (feed);Soybean (feed);");
+  selection.alle_rein();
+  EXPECT_EQ(chosen(), "Maize (feed);Wheat (feed);Soybean (feed);Rape (feed);");
+
+  // Removing keeps the current position in range: 1 of 4 stays 1, the last goes one up.
+  selection.setCurrentChosen(1);
+  selection.raus();
+  EXPECT_EQ(chosen(), "Maize (feed);Soybean (feed);Rape (feed);");
+  EXPECT_EQ(selection.currentChosen(), 1);
+  selection.setCurrentChosen(2);
+  selection.raus();
+  EXPECT_EQ(selection.currentChosen(), 1);
+  selection.setCurrentChosen(-1);
+  selection.raus();
+  EXPECT_EQ(selection.chosen().size(), 2u);
+
+  for (int left = 2; left > 0; --left) selection.setCurrentChosen(0), selection.raus();
+  EXPECT_TRUE(selection.chosen().empty());
+  EXPECT_EQ(selection.currentChosen(), -1);
+  EXPECT_FALSE(selection.removeEnabled());
+
+  choose({0, 1});
+  selection.alle_raus();
+  EXPECT_TRUE(selection.chosen().empty());
+  EXPECT_FALSE(selection.removeEnabled());
+}
+
+// Another substance empties the chosen list but leaves "<---" as it was; loading a table
+// switches it off.
+TEST_F(ComponentSelectionTest, ARefreshKeepsTheRemoveButtonsAndAResetDoesNot) {
+  choose({0});
+  selection.setCurrentChosen(0);
+  selection.refresh(table, 1);
+  ASSERT_EQ(selection.available().size(), 1u);
+  EXPECT_EQ(selection.available()[0].text, "Maize (feed)");
+  EXPECT_EQ(selection.workingSet()[0].residue, 0.3);
+  EXPECT_TRUE(selection.chosen().empty());
+  EXPECT_EQ(selection.currentChosen(), -1);
+  EXPECT_FALSE(selection.isSelected(0));
+  EXPECT_TRUE(selection.removeEnabled());
+  selection.reset(table, 0);
+  EXPECT_EQ(selection.available().size(), 4u);
+  EXPECT_FALSE(selection.removeEnabled());
+
+  choose({3});
+  selection.chooseAllAvailable();
+  EXPECT_EQ(chosen(), "Wheat (feed);Maize (feed);Soybean (feed);Rape (feed);");
+}
+
+TEST_F(ComponentSelectionTest, TooltipNamesTheLimitOfTheSpecies) {
+  EXPECT_EQ(selection.tooltipText(2, 0, '.'),
+            "Protein content: 16 %, Lipid content: 2 %  Testicide content: 0.8 mg/kg. "
+            "Max. content in food: 40 %");
+  EXPECT_EQ(selection.tooltipText(2, 1, ','),
+            "Protein content: 16 %, Lipid content: 2 %  Testicide content: 0,8 mg/kg. "
+            "Max. content in food: 30,5 %");
+  EXPECT_EQ(selection.tooltipText(-1, 0, '.'), "");
+  EXPECT_EQ(selection.tooltipText(4, 0, '.'), "");
+}
+
+}  // namespace
+}  // namespace pescavo

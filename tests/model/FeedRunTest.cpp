@@ -1,0 +1,157 @@
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "model/FeedRun.h"
+
+namespace pescavo {
+namespace {
+
+// Hand-made lists: what the component selection would hold for one substance.
+class FeedRunTest : public ::testing::Test {
+ protected:
+  void addAvailable(const std::string& text, const std::string& category, WorkingSetEntry entry) {
+    available.push_back({text, "feed", category, "0"});
+    working.push_back(std::move(entry));
+  }
+  void choose(std::initializer_list<int> positions) {
+    chosen.clear();
+    for (int p : positions) chosen.push_back(available.at(p));
+  }
+  RunInput input(char separator = '.') const {
+    return {species, fishmeal, available, working, chosen, 7, separator};
+  }
+  static RunOptions options(bool pc, bool cc, bool f, bool mrbd = true) {
+    RunOptions o;
+    o.pseudo = {pc, cc, f};
+    o.mrbd = mrbd;
+    return o;
+  }
+
+  std::vector<FishSpecies> species = {{"Common carp", 8, 35}, {"Rainbow trout", 15, 42}};
+  std::vector<FishMealGrade> fishmeal = {{60, 12}, {62, 11}, {65, 10}, {68, 9}, {70, 8}};
+  std::vector<ListEntry> available;
+  std::vector<WorkingSetEntry> working;
+  std::vector<ListEntry> chosen;
+  FeedRun run;
+};
+
+TEST_F(FeedRunTest, LadenBuildsTheProgrammeFromTheLists) {
+  addAvailable("Wheat (feed)", "Cereal", {2, 13, 1.2, 40, 30, 88, "IFN-Wheat"});
+  addAvailable("Soybean (feed)", "By-Products", {2, 50, 0.8, 35, 25, 89, "IFN-Soybean"});
+  addAvailable("Rape (feed)", "By-Products", {100, 0, 0.02, 10, 15, 100, "IFN-Rape"});
+  choose({0, 1, 2});
+  RunOptions o = options(true, true, true);
+  o.fishmealGrade = 4;
+  run.Laden(input(), o);
+  const OptimisationProblem& p = run.problem();
+  ASSERT_EQ(p.n, 6);
+  EXPECT_EQ(p.chosenCount, 3);
+  EXPECT_EQ(p.residue[0], 1.2 / 88 * 100);    // divide first, then multiply
+  EXPECT_EQ(p.residueSum, 1.2 + 0.8 + 0.02);  // as read, in list order
+  EXPECT_EQ(p.maxInclusion[1], 35);
+  EXPECT_EQ(p.ifnCode[2], "IFN-Rape");
+  const double pseudo[3][2] = {{8, 70}, {0.1, 0.1}, {100, 0}};  // PC of grade 4, CC, F
+  const VariableKind kinds[3] = {VariableKind::PC, VariableKind::CC, VariableKind::F};
+  for (int k = 0; k < 3; ++k) {
+    EXPECT_EQ(p.lipid[3 + k], pseudo[k][0]);
+    EXPECT_EQ(p.protein[3 + k], pseudo[k][1]);
+    EXPECT_EQ(p.residue[3 + k], 0);
+    EXPECT_EQ(p.maxInclusion[3 + k], 100);
+    EXPECT_EQ(p.kind[3 + k], kinds[k]);
+  }
+  EXPECT_EQ(p.name, (std::vector<std::string>{"Wheat (feed)", "Soybean (feed)", "Rape (feed)", "PC",
+                                              "CC", "F"}));
+  EXPECT_EQ(p.kind[0], VariableKind::Component);
+  EXPECT_EQ(p.proteinTarget, 35);
+  EXPECT_EQ(p.unitOrder, 9);
+
+  o = options(true, false, true, false);
+  o.species = 1;
+  run.Laden(input(), o);
+  ASSERT_EQ(p.n, 5);
+  EXPECT_EQ(p.lipid[4], 100);  // F follows PC directly
+  EXPECT_EQ(p.name[4], "F");
+  EXPECT_EQ(p.kind[4], VariableKind::F);
+  for (double limit : p.maxInclusion) EXPECT_EQ(limit, 100);
+  EXPECT_EQ(p.proteinTarget, 42);
+}
+
+// Each stop as the run meets it, and what the single run and the sweep show for it.
+TEST_F(FeedRunTest, StopsInTheOrderTheRunMeetsThem) {
+  // "Target" meets the carp targets alone; DM 0 keeps its residue unconverted.
+  addAvailable("Target (feed)", "By-Products", {8, 35, 0.5, 100, 100, 0, ""});
+  addAvailable("Wheat (feed)", "Cereal", {2, 13, 1.2, 100, 100, 88, ""});
+  addAvailable("Clean (feed)", "Cereal", {8, 35, 0, 100, 100, 88, ""});
+  addAvailable("Huge (feed)", "Cereal", {8, 35, 1e6, 100, 100, 1e-300, ""});
+  const std::string allZero =
+      "The residue values of substances are possiblibly all zero. Check the pollutants value "
+      "and try again.";
+  const std::string pollutantsZero =
+      "Values of pollutants are possiblibly all zero. Check the pollutants value and try again.";
+  const std::string notSolvable =
+      "The problem is not solvable. Add more or try different components.";
+  const std::string huge =
+      "The residue value of Huge (feed) is too large to compute with on the dry-matter basis "
+      "(dry matter 1E-300 %). Check its residue value and its dry matter.";
+  const struct {
+    std::vector<int> chosen;
+    bool f;  // oil joins the feed
+    RunStop stop;
+    std::string single;
+    std::string sweep;
+  } cases[] = {
+      {{}, true, RunStop::NoComponents, "Please add components.", "Please add components."},
+      {{2}, true, RunStop::AllZero, allZero, pollutantsZero},
+      {{3, 0}, false, RunStop::UnusableFigures, huge, huge},
+      {{1}, false, RunStop::NotSolvable, notSolvable, notSolvable},  // wheat alone: too little
+      {{0}, false, RunStop::None, "", ""},
+      {{1, 0}, true, RunStop::None, "", ""},
+  };
+  for (const auto& c : cases) {
+    chosen.clear();
+    for (int p : c.chosen) chosen.push_back(available[p]);
+    const RunStop stop = run.run(input(), options(false, false, c.f));
+    EXPECT_EQ(stop, c.stop) << c.single;
+    EXPECT_EQ(run.lastStop(), c.stop);
+    EXPECT_EQ(run.message(stop, false), c.single);
+    EXPECT_EQ(run.message(stop, true), c.sweep);
+    EXPECT_EQ(run.solverRan(), stop == RunStop::None || stop == RunStop::NotSolvable) << c.single;
+    EXPECT_TRUE(run.pivotFailure().empty());
+  }
+  chosen = {available[0]};
+  run.run(input(','), options(false, false, false));
+  EXPECT_EQ(run.statement("Example A"),
+            "Maximum content dietary burden based on Example A is 0,500 mg/kg.");
+}
+
+// The report shows the category and basis of the entry the run matched: the last available
+// one with the chosen text, whatever the chosen entry itself carried.
+TEST_F(FeedRunTest, ReportValuesComeFromTheMatchedEntryAndTheRunsOptions) {
+  addAvailable("Target (feed)", "First", {8, 35, 0.5, 100, 100, 0, ""});
+  addAvailable("Target (feed)", "Second", {8, 35, 0.25, 100, 90, 0, ""});
+  available[1].artSchadstoffwert = "1";
+  choose({0});
+  RunOptions o = options(true, false, false);
+  o.species = 1;
+  o.fishmealGrade = 3;
+  o.criterion = Criterion::Minimum;
+  run.run(input(), o);
+  ReportValues values;
+  run.fillReportValues(input(), "Example A", values);
+  ASSERT_EQ(values.components.size(), 1u);
+  EXPECT_EQ(values.components[0].category, "Second");
+  EXPECT_EQ(values.components[0].basisLabel, "STMR-P");
+  EXPECT_EQ(values.components[0].storedResidue, 0.25);
+  EXPECT_EQ(values.components[0].maxInclusion, 90);
+  EXPECT_EQ(values.speciesName, "Rainbow trout");
+  EXPECT_EQ(values.criterionText, "Minimum content");
+  EXPECT_EQ(values.fishmealProtein, 68);
+  ASSERT_EQ(values.pseudos.size(), 1u);
+  EXPECT_EQ(values.pseudos[0].kind, VariableKind::PC);
+  EXPECT_EQ(values.substance, "Example A");
+}
+
+}  // namespace
+}  // namespace pescavo
