@@ -41,7 +41,9 @@ ScenarioGrid::ScenarioGrid(QWidget* parent) : QTableWidget(kScenarioRuns, kColum
     const QString number = QString::number(i + 1);
     QPushButton* button = makeButton(this, qPrintable(QStringLiteral("Command4_%1").arg(i)),
                                      QStringLiteral("Details"));
-    button->setAccessibleName(QStringLiteral("Details, scenario ") + number);
+    // Named as the eye reads it; which run it opens is its description.
+    button->setAccessibleName(QStringLiteral("Details"));
+    button->setAccessibleDescription(QStringLiteral("Scenario ") + number);
     button->setStyleSheet(kDetailsStyle);
     button->hide();
     connect(button, &QPushButton::clicked, this, [this, i] {
@@ -66,6 +68,8 @@ void ScenarioGrid::fill(const ReportState& report) {
   }
   for (int run = 1; run <= kScenarioRuns; ++run) {
     for (int c = 0; c < 3; ++c) setCell(run, c, cells[run][c], report.scenarioAlignment[run][c]);
+    m_buttons[run - 1]->setAccessibleDescription(
+        QStringLiteral("Scenario %1: %2").arg(run).arg(QString::fromStdString(cells[run][1])));
     setCell(run, kVerdictColumn, report.scenarioVerdicts[run - 1], kAlignCentre);
     setCell(run, kTrueOptimumColumn, report.scenarioTrueOptima[run - 1], kAlignCentre);
     markRun(report, run);

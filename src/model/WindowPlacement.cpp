@@ -1,0 +1,36 @@
+#include "model/WindowPlacement.h"
+
+#include <algorithm>
+
+namespace pescavo {
+
+namespace {
+
+constexpr int kCascadeStep = 24;
+constexpr int kCascadeWindows = 8;  // then the steps begin again at the top
+
+}  // namespace
+
+WindowRect besideReportWindow(const WindowRect& report, int width, int height,
+                              const WindowRect& screen, int n) {
+  WindowRect placed;
+  placed.width = std::min(width, screen.width);
+  placed.height = std::min(height, screen.height);
+  const int roomRight = screen.right() - report.right();
+  const int roomLeft = report.left - screen.left;
+  if (roomRight >= placed.width) {
+    placed.left = report.right();
+  } else if (roomLeft >= placed.width) {
+    placed.left = report.left - placed.width;
+  } else if (std::max(roomRight, roomLeft) * 2 >= placed.width) {
+    placed.width = std::max(roomRight, roomLeft);
+    placed.left = roomRight >= roomLeft ? report.right() : screen.left;
+  } else {
+    placed.left = screen.right() - placed.width;
+  }
+  const int top = report.top + (n % kCascadeWindows) * kCascadeStep;
+  placed.top = std::clamp(top, screen.top, screen.bottom() - placed.height);
+  return placed;
+}
+
+}  // namespace pescavo
