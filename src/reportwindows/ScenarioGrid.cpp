@@ -37,9 +37,15 @@ ScenarioGrid::ScenarioGrid(QWidget* parent) : QTableWidget(kScenarioRuns, kColum
   horizontalHeader()->setDefaultAlignment(Qt::AlignCenter);
   horizontalHeader()->setHighlightSections(false);
   setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+  m_layer = new QWidget(parent);
+  m_layer->setObjectName("Command4");
+  m_layer->setAccessibleName(QStringLiteral("Details buttons"));
+  m_layer->hide();
+  for (QHeaderView* header : {horizontalHeader(), verticalHeader()})
+    connect(header, &QHeaderView::sectionResized, this, [this] { placeButtons(); });
   for (int i = 0; i < kScenarioRuns; ++i) {
     const QString number = QString::number(i + 1);
-    QPushButton* button = makeButton(this, qPrintable(QStringLiteral("Command4_%1").arg(i)),
+    QPushButton* button = makeButton(m_layer, qPrintable(QStringLiteral("Command4_%1").arg(i)),
                                      QStringLiteral("Details"));
     // Named as the eye reads it; which run it opens is its description.
     button->setAccessibleName(QStringLiteral("Details"));
@@ -49,7 +55,6 @@ ScenarioGrid::ScenarioGrid(QWidget* parent) : QTableWidget(kScenarioRuns, kColum
     connect(button, &QPushButton::clicked, this, [this, i] {
       if (onDetails) onDetails(i);
     });
-    setCellWidget(i, 3, button);
     m_buttons[i] = button;
   }
 }
@@ -108,7 +113,53 @@ void ScenarioGrid::markRun(const ReportState& report, int run) {
 }
 
 void ScenarioGrid::setButtonsShown(bool shown) {
+  m_buttonsShown = shown;
   for (QPushButton* button : m_buttons) button->setVisible(shown);
+  placeButtons();
+}
+
+void ScenarioGrid::placeButtons() {
+  if (!m_buttonsShown || !isVisible()) {
+    m_layer->hide();
+    return;
+  }
+  const QWidget* view = viewport();
+  m_layer->setGeometry(QRect(view->mapTo(parentWidget(), QPoint(0, 0)), view->size()));
+  QRegion reach;
+  for (int i = 0; i < kScenarioRuns; ++i) {
+    const QRect cell = visualRect(model()->index(i, 3));
+    m_buttons[i]->setGeometry(cell);
+    reach += cell;
+  }
+  reach &= m_layer->rect();
+  // An empty mask would be no mask at all, and the layer would hide the table.
+  if (reach.isEmpty()) {
+    m_layer->hide();
+    return;
+  }
+  m_layer->setMask(reach);
+  m_layer->show();
+  m_layer->raise();
+}
+
+void ScenarioGrid::scrollContentsBy(int dx, int dy) {
+  QTableWidget::scrollContentsBy(dx, dy);
+  placeButtons();
+}
+
+void ScenarioGrid::showEvent(QShowEvent* event) {
+  QTableWidget::showEvent(event);
+  placeButtons();
+}
+
+void ScenarioGrid::hideEvent(QHideEvent* event) {
+  QTableWidget::hideEvent(event);
+  m_layer->hide();
+}
+
+void ScenarioGrid::moveEvent(QMoveEvent* event) {
+  QTableWidget::moveEvent(event);
+  placeButtons();
 }
 
 // As narrow as their cells and the longest word of their headings, which wrap.
@@ -141,7 +192,10 @@ void ScenarioGrid::fitHeaderHeight() {
 // The viewport narrows when the vertical scroll bar comes in; the columns follow it.
 bool ScenarioGrid::viewportEvent(QEvent* event) {
   const bool handled = QTableWidget::viewportEvent(event);
-  if (event->type() == QEvent::Resize) applyWidths();
+  if (event->type() == QEvent::Resize) {
+    applyWidths();
+    placeButtons();
+  }
   return handled;
 }
 
