@@ -25,19 +25,19 @@ void place(MainWindowLayout& layout, ControlId id, int left, int top, int width,
 }  // namespace
 
 // Below the species group, in the order a run reads them: criterion, limits, then the
-// pseudo-components with the fish-meal grade under PC. The sweep's button keeps its design
-// place between "Report" and "Exit".
+// pseudo-components with the fish-meal grade under PC. The boxes start next to the separator
+// and the sweep's button reaches further left than designed, so that no caption is cut.
 void showAllOptions(MainWindowLayout& layout) {
   place(layout, C::Frame1, 12000, 2040, 3252, 1035);
   place(layout, C::Option2, 120, 240, 2295, 300);
   place(layout, C::Option1, 120, 600, 2295, 300);
-  place(layout, C::Check2, 11640, 3180, 3735, 495);
-  place(layout, C::Check1, 11640, 3720, 3735, 495);
-  place(layout, C::FischmehlCaption, 11880, 4260, 780, 360);
-  place(layout, C::Fischmehl, 12720, 4260, 2655, 360);
-  place(layout, C::Check4, 11640, 4740, 3735, 495);
-  place(layout, C::Check5, 11640, 5280, 3735, 495);
-  layout.show({C::Optimierung2});
+  place(layout, C::Check2, 11280, 3180, 4500, 495);
+  place(layout, C::Check1, 11280, 3720, 3735, 495);
+  place(layout, C::FischmehlCaption, 11520, 4260, 900, 360);
+  place(layout, C::Fischmehl, 12480, 4260, 2655, 360);
+  place(layout, C::Check4, 11280, 4740, 3735, 495);
+  place(layout, C::Check5, 11280, 5280, 3735, 495);
+  place(layout, C::Optimierung2, 15540, 4920, 1995, 615);
 }
 
 void hideAllOptions(MainWindowLayout& layout) {

@@ -12,7 +12,7 @@ constexpr int kCascadeWindows = 8;  // then the steps begin again at the top
 }  // namespace
 
 WindowRect besideReportWindow(const WindowRect& report, int width, int height,
-                              const WindowRect& screen, int n) {
+                              const WindowRect& screen, int n, int minimumWidth) {
   WindowRect placed;
   placed.width = std::min(width, screen.width);
   placed.height = std::min(height, screen.height);
@@ -22,11 +22,13 @@ WindowRect besideReportWindow(const WindowRect& report, int width, int height,
     placed.left = report.right();
   } else if (roomLeft >= placed.width) {
     placed.left = report.left - placed.width;
-  } else if (std::max(roomRight, roomLeft) * 2 >= placed.width) {
-    placed.width = std::max(roomRight, roomLeft);
-    placed.left = roomRight >= roomLeft ? report.right() : screen.left;
   } else {
-    placed.left = screen.right() - placed.width;
+    // Narrowed to the wider side's room, but not below the window's minimum: then it covers
+    // as little of the report window as it can.
+    const int room = std::max(roomRight, roomLeft);
+    placed.width = std::min(placed.width, std::max(room, minimumWidth));
+    placed.left = roomRight >= roomLeft ? std::min(report.right(), screen.right() - placed.width)
+                                        : std::max(screen.left, report.left - placed.width);
   }
   const int top = report.top + (n % kCascadeWindows) * kCascadeStep;
   placed.top = std::clamp(top, screen.top, screen.bottom() - placed.height);

@@ -14,10 +14,10 @@ struct WindowRect {
 
 // Where the n-th scenario window (from 0) goes beside the report window, so that the scenario
 // table stays in sight: to its right when the screen has room for the window there, else to its
-// left, else on the wider side narrowed to that room when that leaves half the width wanted;
-// only when neither side has that much, at the screen's right edge over the report window.
-// Each next window cascades down one step; every window stays within the screen.
+// left, else on the wider side narrowed to that room, but never below the window's minimum
+// width, so that it then covers as little of the report window as it can. Each next window
+// cascades down one step; every window stays within the screen.
 WindowRect besideReportWindow(const WindowRect& report, int width, int height,
-                              const WindowRect& screen, int n);
+                              const WindowRect& screen, int n, int minimumWidth = 0);
 
 }  // namespace pescavo

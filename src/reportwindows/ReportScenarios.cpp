@@ -71,10 +71,11 @@ void Report::placeScenarioWindow(QWidget& window) {
     if (other && other->isVisible()) ++open;
   // The new window's frame is not known before it is shown: it takes the report window's.
   const QSize decoration = frame.size() - geometry().size();
-  const WindowRect placed = besideReportWindow(
-      {frame.x(), frame.y(), frame.width(), frame.height()}, window.width() + decoration.width(),
-      window.height() + decoration.height(),
-      {available.x(), available.y(), available.width(), available.height()}, open);
+  const WindowRect placed =
+      besideReportWindow({frame.x(), frame.y(), frame.width(), frame.height()},
+                         window.width() + decoration.width(), window.height() + decoration.height(),
+                         {available.x(), available.y(), available.width(), available.height()},
+                         open, window.minimumSizeHint().width() + decoration.width());
   window.resize(placed.width - decoration.width(), placed.height - decoration.height());
   window.move(placed.left, placed.top);
 }

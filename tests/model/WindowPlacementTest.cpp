@@ -33,6 +33,11 @@ TEST(WindowPlacement, ScenarioWindowsGoBesideTheReportWindowWithinTheScreen) {
       besideReportWindow({0, 0, 1000, 660}, 940, 600, {0, 0, 1600, 1000}, 0);
   EXPECT_EQ(narrowed.left, 1000);
   EXPECT_EQ(narrowed.width, 600);
+  // Not below the window's minimum: then at the screen's edge, over the report window's edge.
+  const WindowRect overlapping =
+      besideReportWindow({0, 0, 1000, 660}, 940, 600, {0, 0, 1600, 1000}, 0, 650);
+  EXPECT_EQ(overlapping.right(), 1600);
+  EXPECT_EQ(overlapping.width, 650);
   // Too little room anywhere: at the screen's right edge, within it, also low down.
   const WindowRect small{0, 0, 800, 500};
   const WindowRect edge = besideReportWindow({0, 300, 700, 200}, 940, 600, small, 7);
