@@ -9,7 +9,6 @@
 #include <QMenu>
 #include <QProcess>
 #include <QPushButton>
-#include <QRadioButton>
 #include <QSettings>
 #include <QTableWidget>
 #include <QTextEdit>
@@ -30,8 +29,6 @@ class AllOptionsGuiTest : public HauptformTest {
   }
   void TearDown() override {
     QSettings().remove(kAllOptionsSetting);
-    for (QWidget* top : QApplication::topLevelWidgets())
-      if (top->objectName() == "Report") top->close();
     HauptformTest::TearDown();
   }
   // On the box or the round button itself: a press beside a short caption misses it.
