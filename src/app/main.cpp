@@ -44,6 +44,9 @@ int main(int argc, char** argv) {
     return 0;
   }
   QApplication application(argc, argv);
+  // Where QSettings keeps what the program remembers between starts.
+  QApplication::setOrganizationName("Pescavo");
+  QApplication::setApplicationName("pescavo");
   const char decimal = pescavo::userDecimalSeparator();
 
   const std::string startFolder = QDir::currentPath().toStdString();

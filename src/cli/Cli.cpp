@@ -58,7 +58,8 @@ const char* const kHelp =
     "  --no-pc, --no-cc, --no-f\n"
     "                         leave out fish meal, starch or oil\n"
     "  --no-mrbd              without the maximum inclusions (MRBD)\n"
-    "  --fishmeal N           0-based fish-meal grade (a single run uses the third, 2)\n"
+    "  --fishmeal N           0-based fish-meal grade for PC, used as given; without it the\n"
+    "                         third, 2\n"
     "  --simple               the simple layout: every available component takes part\n"
     "\n"
     "Exit status:\n"
@@ -273,6 +274,7 @@ void applyRunOptions(const CliOptions& options, MainWindowModel& model) {
       throw UsageError("--fishmeal " + std::to_string(options.fishmeal) + ": there are only " +
                        std::to_string(grades) + " fish-meal grades");
     model.options().setFishmealGrade(options.fishmeal);
+    model.setKeepFishmealGrade(true);
   }
 }
 

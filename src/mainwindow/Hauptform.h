@@ -11,6 +11,7 @@
 #include "model/MainWindowModel.h"
 
 class QAction;
+class QMenu;
 class QListWidget;
 class QTextEdit;
 
@@ -92,6 +93,11 @@ class Hauptform : public QMainWindow {
   Report& reportWindow();
   void Optimierung2_Click();
   void ReportButton_Click();
+
+  // HauptformAllOptions.cpp: the remembered switch that shows every option control.
+  void buildAllOptionsEntry(QMenu* program);
+  void allOptions_Toggled(bool on);
+  QAction* m_allOptions = nullptr;
 
   // HauptformMenus.cpp
   void save_Click();

@@ -188,6 +188,7 @@ void Hauptform::buildMenus() {
           &Hauptform::save_Click);
   connect(item(program, "exit", "e&xit", QKeySequence("Ctrl+E")), &QAction::triggered, this,
           &Hauptform::exit_Click);
+  buildAllOptionsEntry(program);
   QMenu* edit = menuBar()->addMenu("&Edit");
   edit->setObjectName(controlName(C::MenuEdit));
   item(edit, "MenuFischfutter", "&Feed components");

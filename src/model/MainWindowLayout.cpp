@@ -43,7 +43,7 @@ constexpr int kLogoSize = 840;
 }  // namespace
 
 MainWindowLayout::MainWindowLayout() {
-  add(C::Label6, placed("1.", 0, 0, 375, 375));
+  add(C::Label6, placed("1.", 0, 0, 360, 375));  // ends where the heading beside it starts
   add(C::Label7, placed("2.", 3960, 0, 375, 375));
   add(C::Label8, placed("3.", 11640, 0, 375, 375));
   add(C::Label32, placed("Substances database", 360, 240, 2895, 375));

@@ -1,5 +1,6 @@
 #include "model/MainWindowModel.h"
 
+#include "model/AllOptionsLayout.h"
 #include "tables/TableError.h"
 
 namespace pescavo {
@@ -45,6 +46,15 @@ void MainWindowModel::showLoaded(std::vector<FishSpecies> species,
     m_layout.hide({C::restore, C::Image6});
   }
   m_layout.hide({C::MenuEdit});
+  if (m_allOptions && !m_simpleMode) showAllOptions(m_layout);
+}
+
+void MainWindowModel::setAllOptions(bool on) {
+  m_allOptions = on;
+  if (m_simpleMode) return;
+  if (!on) resetHiddenOptions(m_options);
+  if (!on) return hideAllOptions(m_layout);
+  if (!editing()) showAllOptions(m_layout);  // else leaving the editing mode shows them
 }
 
 std::string MainWindowModel::substanceName() const {
@@ -103,7 +113,11 @@ void MainWindowModel::Optimierung_Click() {
 
 void MainWindowModel::prepareSingleRun() {
   if (m_simpleMode) m_selection.chooseAllAvailable();
+  const int grade = m_options.fishmealGrade();
   m_options.followOptionButtons();
+  // The "Details" buttons repeat the sweep's runs, which never take the chooser's grade.
+  const bool chosen = m_keepFishmealGrade || (m_allOptions && !m_simpleMode);
+  if (chosen && !m_allScenariosMode) m_options.setFishmealGrade(grade);
 }
 
 bool MainWindowModel::pleaseAddComponents() {

@@ -110,6 +110,13 @@ class MainWindowModel {
 
   // Flags and the result box.
   bool simpleMode() const { return m_simpleMode; }
+  // "All options": the full layout shows every option control, and a single run takes the
+  // fish-meal grade the chooser shows. Off, the hidden options go back to their start-up
+  // values. The simple layout stays as it is.
+  bool allOptions() const { return m_allOptions; }
+  void setAllOptions(bool on);
+  // A single run takes the fish-meal grade set instead of the third.
+  void setKeepFishmealGrade(bool keep) { m_keepFishmealGrade = keep; }
   bool allScenariosMode() const { return m_allScenariosMode; }
   void setAllScenariosMode(bool on) { m_allScenariosMode = on; }
   bool databaseModified() const { return m_database.modified(); }
@@ -190,6 +197,8 @@ class MainWindowModel {
 
   bool m_simpleMode = false;
   bool m_allScenariosMode = false;
+  bool m_allOptions = false;
+  bool m_keepFishmealGrade = false;
   std::string m_resultText;
   bool m_resultRed = false;
   FeedRun m_run;

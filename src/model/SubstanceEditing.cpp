@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <vector>
 
+#include "model/AllOptionsLayout.h"
 #include "model/MainWindowModel.h"
 
 namespace pescavo {
@@ -93,7 +94,7 @@ void MainWindowModel::showEditingLayout() {
                  C::MinMax,    C::Fischarten, C::Fischfutter1, C::Fischfutter2, C::Label1,
                  C::Label31,   C::alle_rein,  C::alle_raus,    C::Rein,         C::raus});
   Ergebnis_ausblenden();
-  if (m_simpleMode) m_layout.hide({C::FischmehlCaption});
+  if (m_simpleMode || m_allOptions) m_layout.hide({C::FischmehlCaption});
   m_layout.show(
       {C::Image6, C::Schadstoffname, C::Label5, C::Suche, C::Go, C::Abbrechen, C::schadstoffwerte});
   m_editor.setSearchText(kSearchPrompt);
@@ -114,6 +115,7 @@ void MainWindowModel::showNormalLayout() {
   m_layout.hide({C::MinMax, C::Fischarten, C::Image6, C::Abbrechen, C::ArtSchadstoffwertCombo,
                  C::EingabeSchadstoff, C::Suche, C::Go});
   m_editor.setNameText("");
+  if (m_allOptions && !m_simpleMode) showAllOptions(m_layout);
 }
 
 void MainWindowModel::applySimpleLayoutAfterEditing() {

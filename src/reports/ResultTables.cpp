@@ -1,6 +1,8 @@
 #include "reports/ResultTables.h"
 
+#include <algorithm>
 #include <cmath>
+#include <numeric>
 #include <utility>
 
 #include "reports/PseudoLabels.h"
@@ -85,6 +87,22 @@ std::array<int, 9> compositionColumnWidths(int gridWidth) {
   return {roundedWidth(w / 4),  roundedWidth(w / 4),  roundedWidth(w / 11),
           roundedWidth(w / 11), roundedWidth(w / 11), roundedWidth(w / 6),
           roundedWidth(w / 5),  roundedWidth(w / 5),  roundedWidth(w / 7)};
+}
+
+std::array<int, 9> compositionScreenWidths(int visibleWidth) {
+  const std::array<int, 9> design = compositionColumnWidths(100000);
+  const double total = std::accumulate(design.begin(), design.end(), 0.0);
+  std::array<int, 9> widths{};
+  // Each column ends where its share of the whole ends, so the rounding never adds up.
+  double end = 0;
+  int left = 0;
+  for (int c = 0; c < 9; ++c) {
+    end += design[c];
+    const int right = static_cast<int>(std::floor(end / total * std::max(0, visibleWidth)));
+    widths[c] = right - left;
+    left = right;
+  }
+  return widths;
 }
 
 bool compositionCellCentred(int row, int column) { return row == 0 || column >= 2; }

@@ -16,6 +16,9 @@ std::vector<CompositionRow> compositionTable(const ReportValues& values, double 
                                              char decimalSeparator);
 // Column widths for a grid of the given width; they add up to more than it on purpose.
 std::array<int, 9> compositionColumnWidths(int gridWidth);
+// The same proportions on screen, scaled so that every column fits the grid's visible width
+// and together they fill it exactly.
+std::array<int, 9> compositionScreenWidths(int visibleWidth);
 // Header cells and columns 2 to 8 are centred; the other body cells keep the default.
 bool compositionCellCentred(int row, int column);
 

@@ -74,6 +74,7 @@ class Report : public QDialog {
   // ReportScenarios.cpp
   void Command3_Click();
   void Command4_Click(int index);
+  void placeScenarioWindow(QWidget& window);
   void closeScenarioWindows();
 
   MainWindowModel& m_model;

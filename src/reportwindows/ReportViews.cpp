@@ -258,12 +258,24 @@ void CompositionGrid::resizeEvent(QResizeEvent* event) {
   applyWidths();
 }
 
+// On screen every column is in sight; the printout takes the design's wider columns.
 void CompositionGrid::applyWidths() {
-  const int width = this->width() - 2 * frameWidth();
+  const int width = viewport()->width();
   if (width == m_appliedWidth) return;
   m_appliedWidth = width;
-  const std::array<int, 9> widths = compositionColumnWidths(width);
+  const std::array<int, 9> widths = compositionScreenWidths(width);
   for (int c = 0; c < 9; ++c) setColumnWidth(c, widths[c]);
+}
+
+std::vector<int> CompositionGrid::printWidths() const {
+  const std::array<int, 9> widths = compositionColumnWidths(width() - 2 * frameWidth());
+  return std::vector<int>(widths.begin(), widths.end());
+}
+
+bool CompositionGrid::viewportEvent(QEvent* event) {
+  const bool handled = QTableWidget::viewportEvent(event);
+  if (event->type() == QEvent::Resize) applyWidths();
+  return handled;
 }
 
 PieChartView::PieChartView(QWidget* parent) : QWidget(parent) {
@@ -359,6 +371,9 @@ void printGrid(DesktopDialogs& dialogs, const QTableWidget& grid, const std::str
   if (!dialogs.choosePrinter(printer)) return;
   PrintTable table = printTable(grid);
   table.fixedColumns = repeatedColumns;
+  if (const auto* composition = dynamic_cast<const CompositionGrid*>(&grid)) {
+    table.widths = composition->printWidths();
+  }
   PrintGrid(printer, table, kGridLeft, kGridTop, kGridRight, kGridBottom, qtext(title), QString(),
             0);
 }

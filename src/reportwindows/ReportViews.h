@@ -85,9 +85,12 @@ class CompositionGrid : public QTableWidget {
   static constexpr int kRepeatedColumns = 2;
   explicit CompositionGrid(QWidget* parent);
   void setRows(const std::vector<CompositionRow>& rows);
+  // The design's column widths, which add up to more than the grid, for the printout.
+  std::vector<int> printWidths() const;
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
+  bool viewportEvent(QEvent* event) override;
 
  private:
   void applyWidths();

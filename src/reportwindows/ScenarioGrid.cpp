@@ -37,17 +37,24 @@ ScenarioGrid::ScenarioGrid(QWidget* parent) : QTableWidget(kScenarioRuns, kColum
   horizontalHeader()->setDefaultAlignment(Qt::AlignCenter);
   horizontalHeader()->setHighlightSections(false);
   setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+  m_layer = new QWidget(parent);
+  m_layer->setObjectName("Command4");
+  m_layer->setAccessibleName(QStringLiteral("Details buttons"));
+  m_layer->hide();
+  for (QHeaderView* header : {horizontalHeader(), verticalHeader()})
+    connect(header, &QHeaderView::sectionResized, this, [this] { placeButtons(); });
   for (int i = 0; i < kScenarioRuns; ++i) {
     const QString number = QString::number(i + 1);
-    QPushButton* button = makeButton(this, qPrintable(QStringLiteral("Command4_%1").arg(i)),
+    QPushButton* button = makeButton(m_layer, qPrintable(QStringLiteral("Command4_%1").arg(i)),
                                      QStringLiteral("Details"));
-    button->setAccessibleName(QStringLiteral("Details, scenario ") + number);
+    // Named as the eye reads it; which run it opens is its description.
+    button->setAccessibleName(QStringLiteral("Details"));
+    button->setAccessibleDescription(QStringLiteral("Scenario ") + number);
     button->setStyleSheet(kDetailsStyle);
     button->hide();
     connect(button, &QPushButton::clicked, this, [this, i] {
       if (onDetails) onDetails(i);
     });
-    setCellWidget(i, 3, button);
     m_buttons[i] = button;
   }
 }
@@ -66,6 +73,8 @@ void ScenarioGrid::fill(const ReportState& report) {
   }
   for (int run = 1; run <= kScenarioRuns; ++run) {
     for (int c = 0; c < 3; ++c) setCell(run, c, cells[run][c], report.scenarioAlignment[run][c]);
+    m_buttons[run - 1]->setAccessibleDescription(
+        QStringLiteral("Scenario %1: %2").arg(run).arg(QString::fromStdString(cells[run][1])));
     setCell(run, kVerdictColumn, report.scenarioVerdicts[run - 1], kAlignCentre);
     setCell(run, kTrueOptimumColumn, report.scenarioTrueOptima[run - 1], kAlignCentre);
     markRun(report, run);
@@ -104,7 +113,53 @@ void ScenarioGrid::markRun(const ReportState& report, int run) {
 }
 
 void ScenarioGrid::setButtonsShown(bool shown) {
+  m_buttonsShown = shown;
   for (QPushButton* button : m_buttons) button->setVisible(shown);
+  placeButtons();
+}
+
+void ScenarioGrid::placeButtons() {
+  if (!m_buttonsShown || !isVisible()) {
+    m_layer->hide();
+    return;
+  }
+  const QWidget* view = viewport();
+  m_layer->setGeometry(QRect(view->mapTo(parentWidget(), QPoint(0, 0)), view->size()));
+  QRegion reach;
+  for (int i = 0; i < kScenarioRuns; ++i) {
+    const QRect cell = visualRect(model()->index(i, 3));
+    m_buttons[i]->setGeometry(cell);
+    reach += cell;
+  }
+  reach &= m_layer->rect();
+  // An empty mask would be no mask at all, and the layer would hide the table.
+  if (reach.isEmpty()) {
+    m_layer->hide();
+    return;
+  }
+  m_layer->setMask(reach);
+  m_layer->show();
+  m_layer->raise();
+}
+
+void ScenarioGrid::scrollContentsBy(int dx, int dy) {
+  QTableWidget::scrollContentsBy(dx, dy);
+  placeButtons();
+}
+
+void ScenarioGrid::showEvent(QShowEvent* event) {
+  QTableWidget::showEvent(event);
+  placeButtons();
+}
+
+void ScenarioGrid::hideEvent(QHideEvent* event) {
+  QTableWidget::hideEvent(event);
+  m_layer->hide();
+}
+
+void ScenarioGrid::moveEvent(QMoveEvent* event) {
+  QTableWidget::moveEvent(event);
+  placeButtons();
 }
 
 // As narrow as their cells and the longest word of their headings, which wrap.
@@ -137,7 +192,10 @@ void ScenarioGrid::fitHeaderHeight() {
 // The viewport narrows when the vertical scroll bar comes in; the columns follow it.
 bool ScenarioGrid::viewportEvent(QEvent* event) {
   const bool handled = QTableWidget::viewportEvent(event);
-  if (event->type() == QEvent::Resize) applyWidths();
+  if (event->type() == QEvent::Resize) {
+    applyWidths();
+    placeButtons();
+  }
   return handled;
 }
 

@@ -186,6 +186,24 @@ TEST_F(CliTest, OptimizeReportAndRefusals) {
 
 // A component row given twice is read, and check says which lines hold it; the run takes the
 // later row's figures.
+// A grade given is the grade a run takes, in the simple layout too; without one, the third.
+TEST_F(CliTest, FishmealGradeIsUsedAsGiven) {
+  for (const char* command : {"optimize", "report", "lp", "verify"}) {
+    for (bool simple : {false, true}) {
+      std::vector<std::string> args = {command, "--substance", m_substance, "--all"};
+      if (simple) args.push_back("--simple");
+      const Outcome third = cli(args);
+      ASSERT_EQ(third.status, 0) << command << third.err;
+      args.insert(args.end(), {"--fishmeal", "2"});
+      EXPECT_EQ(cli(args).out, third.out) << command;
+      args.back() = "0";
+      const Outcome first = cli(args);
+      EXPECT_EQ(first.status, 0) << command << first.err;
+      EXPECT_NE(first.out, third.out) << command << " simple " << simple;
+    }
+  }
+}
+
 TEST_F(CliTest, CheckWarnsOfAComponentGivenTwice) {
   std::vector<std::string> all = lines(readFile("Input/feedstuff.tab"));
   ASSERT_GE(all.size(), 4u);

@@ -7,7 +7,9 @@
 #include <QPieSeries>
 #include <QPieSlice>
 #include <QPlainTextEdit>
+#include <QScreen>
 #include <QScrollBar>
+#include <numeric>
 
 #include "ReportTestSupport.h"
 #include "desktop/Styles.h"
@@ -85,7 +87,10 @@ TEST_F(ScenariosTest, TheSweepShowsItsTableWithADetailsButtonOverEveryRow) {
     QPushButton* button = details(i);
     ASSERT_NE(button, nullptr);
     EXPECT_EQ(button->text(), "Details");
-    EXPECT_EQ(button->accessibleName(), QStringLiteral("Details, scenario %1").arg(i + 1));
+    // A screen reader hears what the eye reads, and which run the button opens.
+    EXPECT_EQ(button->accessibleName(), "Details");
+    EXPECT_EQ(button->accessibleDescription().toStdString(),
+              "Scenario " + std::to_string(i + 1) + ": " + cells[i + 1][1]);
   }
   EXPECT_TRUE(details(0)->isVisible());
   EXPECT_EQ(details(0)->grab().toImage().pixelColor(details(0)->width() / 2, 3), QColor(0, 255, 0));
@@ -132,6 +137,20 @@ TEST_F(ScenariosTest, DetailsOpensItsRunInAWindowOfItsOwn) {
   expectView(window, expected.controls());
   auto* grid = child<QTableWidget>(window, "ErgebnisGrid");
   EXPECT_EQ(grid->item(grid->rowCount() - 1, 0)->text(), "Fish meal ");
+  // Every column in sight without scrolling; the printout keeps the design's wider columns.
+  int columns = 0;
+  for (int c = 0; c < 9; ++c) {
+    EXPECT_GT(grid->columnWidth(c), 0) << c;
+    columns += grid->columnWidth(c);
+  }
+  EXPECT_EQ(columns, grid->viewport()->width());
+  const std::vector<int> printed = static_cast<CompositionGrid*>(grid)->printWidths();
+  EXPECT_GT(std::accumulate(printed.begin(), printed.end(), 0), columns * 14 / 10);
+  // Beside the report window, within the screen.
+  EXPECT_TRUE(report.screen()->availableGeometry().contains(window.frameGeometry()))
+      << window.frameGeometry().x() << "," << window.frameGeometry().y() << " "
+      << window.frameGeometry().width() << "x" << window.frameGeometry().height() << " min "
+      << window.minimumSizeHint().width() << "x" << window.minimumSizeHint().height();
   click(window, "Kopieren");
   EXPECT_TRUE(QString::fromStdString(dialogs.clipboard).startsWith("Category\tCrop (Commodity)\t"));
   click(window, "Command1");

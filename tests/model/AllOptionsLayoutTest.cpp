@@ -1,0 +1,211 @@
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "model/AllOptionsLayout.h"
+#include "model/MainWindowModel.h"
+#include "support/RecordingDialogs.h"
+
+namespace pescavo {
+namespace {
+
+using C = ControlId;
+
+// Three components of which Target alone meets the carp targets, all with residues.
+class AllOptionsTest : public ::testing::Test {
+ protected:
+  AllOptionsTest() : model(dialogs, '.') {}
+  void SetUp() override {
+    table.addSubstance("Example A");
+    const FeedComponent components[] = {
+        {"By-Products", "Wheat", "feed", "IFN-1", 13, 2, 88, 40, 30},
+        {"By-Products", "Soybean", "feed", "IFN-2", 50, 2, 89, 35, 25},
+        {"By-Products", "Target", "feed", "IFN-3", 35, 8, 0, 100, 100}};
+    for (const FeedComponent& c : components) table.addComponent(c);
+    for (int i = 1; i <= 3; ++i) table.setResidue(1, i, 0.1 * i);
+  }
+  void load(bool simple = false) {
+    model.load(table, {{"Common carp", 8, 35}, {"Rainbow trout", 15, 42}},
+               {{60, 12}, {62, 11}, {65, 10}, {68, 9}}, simple);
+  }
+  // Shown on screen: a control in a hidden frame is not.
+  bool shown(ControlId id) const {
+    const std::optional<ControlId> frame = model.layout().at(id).parent;
+    return model.visible(id) && (!frame || model.visible(*frame));
+  }
+  void runAll() {
+    model.selection().alle_rein();
+    model.Optimierung_Click();
+    ASSERT_TRUE(model.resultVisible()) << (dialogs.messages.empty() ? "" : dialogs.messages.back());
+  }
+
+  ComponentTable table;
+  RecordingDialogs dialogs;
+  MainWindowModel model;
+};
+
+// Every field of every control, and the width: what the window copies onto its widgets.
+::testing::AssertionResult sameLayout(const MainWindowLayout& a, const MainWindowLayout& b) {
+  if (a.width() != b.width()) return ::testing::AssertionFailure() << "width";
+  for (ControlId id : allControls()) {
+    const ControlState& x = a.at(id);
+    const ControlState& y = b.at(id);
+    if (x.caption != y.caption || x.tooltip != y.tooltip || x.left != y.left || x.top != y.top ||
+        x.width != y.width || x.height != y.height || x.visible != y.visible ||
+        x.enabled != y.enabled || x.parent != y.parent)
+      return ::testing::AssertionFailure() << controlName(id) << " differs";
+  }
+  return ::testing::AssertionSuccess();
+}
+
+constexpr ControlId kRevealed[] = {C::Frame1,    C::Option1,     C::Option2, C::Check2,
+                                   C::Check1,    C::Check4,      C::Check5,  C::FischmehlCaption,
+                                   C::Fischmehl, C::Optimierung2};
+
+TEST_F(AllOptionsTest, OffLeavesEveryLayoutAsItWas) {
+  RecordingDialogs otherDialogs;
+  MainWindowModel plain(otherDialogs, '.');
+  for (bool simple : {false, true}) {
+    load(simple);
+    plain.load(table, model.speciesTable(), model.fishmealTable(), simple);
+    model.setAllOptions(true);
+    model.setAllOptions(false);
+    EXPECT_TRUE(sameLayout(model.layout(), plain.layout())) << "simple " << simple;
+    // Switched on in the simple layout, nothing changes there either.
+    model.setAllOptions(true);
+    if (simple) {
+      EXPECT_TRUE(sameLayout(model.layout(), plain.layout()));
+    }
+    model.setAllOptions(false);
+    // The editing layout, switched off while editing and after it.
+    model.Add_Click();
+    plain.Add_Click();
+    EXPECT_TRUE(sameLayout(model.layout(), plain.layout())) << "editing, simple " << simple;
+    model.Abbrechen_Click();
+    plain.Abbrechen_Click();
+    EXPECT_TRUE(sameLayout(model.layout(), plain.layout())) << "after editing, simple " << simple;
+  }
+  // Start-up with the switch remembered off or switched off before loading.
+  model.setAllOptions(true);
+  model.setAllOptions(false);
+  load();
+  plain.load(table, model.speciesTable(), model.fishmealTable(), false);
+  EXPECT_TRUE(sameLayout(model.layout(), plain.layout()));
+}
+
+TEST_F(AllOptionsTest, OnShowsAndEnablesTheHiddenOptionsInTheFullLayoutOnly) {
+  model.setAllOptions(true);  // remembered from the last start
+  load();
+  for (ControlId id : kRevealed) {
+    EXPECT_TRUE(model.visible(id)) << controlName(id);
+    EXPECT_TRUE(model.enabled(id)) << controlName(id);
+  }
+  // The hidden choosers follow the option buttons, and the component editor is not there yet.
+  for (ControlId id : {C::MinMax, C::Fischarten, C::MenuEdit})
+    EXPECT_FALSE(model.visible(id)) << controlName(id);
+
+  // While a substance is edited they give way to the grid, and come back after it.
+  model.Add_Click();
+  for (ControlId id : kRevealed) EXPECT_FALSE(shown(id)) << controlName(id);
+  model.Abbrechen_Click();
+  for (ControlId id : kRevealed) EXPECT_TRUE(model.visible(id)) << controlName(id);
+
+  load(true);
+  for (ControlId id : {C::Frame1, C::Check2, C::Check1, C::Optimierung2})
+    EXPECT_FALSE(model.visible(id)) << controlName(id);
+}
+
+// Top-level rectangles may not meet; a control in a frame stays inside the frame; everything
+// stays inside the window. Checked with a result on screen, and again after editing.
+TEST_F(AllOptionsTest, NoTwoShownControlsOverlap) {
+  model.setAllOptions(true);
+  load();
+  runAll();
+  for (int pass = 0; pass < 2; ++pass) {
+    const MainWindowLayout& layout = model.layout();
+    std::vector<ControlId> placed;
+    for (ControlId id : allControls()) {
+      const ControlState& s = layout.at(id);
+      if (!shown(id) || s.width == 0) continue;
+      if (s.parent) {
+        const ControlState& frame = layout.at(*s.parent);
+        EXPECT_LE(s.left + s.width, frame.width) << controlName(id);
+        EXPECT_LE(s.top + s.height, frame.height) << controlName(id);
+        continue;
+      }
+      EXPECT_LE(s.left + s.width, layout.width()) << controlName(id);
+      EXPECT_LE(s.top + s.height, MainWindowLayout::kHeight) << controlName(id);
+      placed.push_back(id);
+    }
+    EXPECT_GT(placed.size(), 30u);
+    for (size_t i = 0; i < placed.size(); ++i) {
+      for (size_t j = i + 1; j < placed.size(); ++j) {
+        const ControlState& a = layout.at(placed[i]);
+        const ControlState& b = layout.at(placed[j]);
+        const bool apart = a.left + a.width <= b.left || b.left + b.width <= a.left ||
+                           a.top + a.height <= b.top || b.top + b.height <= a.top;
+        EXPECT_TRUE(apart) << controlName(placed[i]) << " over " << controlName(placed[j]);
+      }
+    }
+    model.Add_Click();
+    model.Abbrechen_Click();
+    runAll();
+  }
+}
+
+TEST_F(AllOptionsTest, SingleRunTakesTheChosenGradeOnlyWithTheSwitch) {
+  load();
+  model.options().setFishmealGrade(0);
+  runAll();
+  EXPECT_EQ(model.lastRun().options().fishmealGrade, 2);
+
+  model.setAllOptions(true);
+  model.options().setFishmealGrade(0);
+  runAll();
+  EXPECT_EQ(model.lastRun().options().fishmealGrade, 0);
+  EXPECT_EQ(model.options().fishmealGrade(), 0);  // the chooser keeps showing it
+  // The sweep's "Details" runs are the sweep's: the third grade as ever.
+  model.setAllScenariosMode(true);
+  model.EinfacheOptimierung();
+  EXPECT_EQ(model.lastRun().options().fishmealGrade, 2);
+
+  // The simple layout resets it with or without the switch, unless a grade is asked for.
+  load(true);
+  model.options().setFishmealGrade(3);
+  model.Optimierung_Click();
+  EXPECT_EQ(model.lastRun().options().fishmealGrade, 2);
+  model.setKeepFishmealGrade(true);
+  model.options().setFishmealGrade(3);
+  model.Optimierung_Click();
+  EXPECT_EQ(model.lastRun().options().fishmealGrade, 3);
+}
+
+// The revealed controls withdraw a result like every option; switching off puts back what the
+// user can no longer see, and withdraws the result only when that changes something.
+TEST_F(AllOptionsTest, SwitchingOffRestoresTheHiddenOptions) {
+  load();
+  model.setAllOptions(true);
+  runAll();
+  model.setAllOptions(false);
+  EXPECT_TRUE(model.resultVisible());
+  model.setAllOptions(true);
+  EXPECT_TRUE(model.resultVisible());
+
+  model.options().setCriterionOption(Criterion::Minimum);
+  model.options().setMrbdLimits(false);
+  model.options().setPseudoComponents({false, true, false});
+  model.options().setFishmealGrade(1);
+  runAll();
+  EXPECT_EQ(model.resultText().rfind("Minimum content", 0), 0u) << model.resultText();
+  model.setAllOptions(false);
+  EXPECT_FALSE(model.resultVisible());
+  EXPECT_EQ(model.options().criterionOption(), Criterion::Maximum);
+  EXPECT_TRUE(model.options().mrbdLimits());
+  const PseudoComponents pseudo = model.options().pseudoComponents();
+  EXPECT_TRUE(pseudo.pc && pseudo.cc && pseudo.f);
+  EXPECT_EQ(model.options().fishmealGrade(), 2);
+}
+
+}  // namespace
+}  // namespace pescavo
