@@ -51,7 +51,8 @@ int main(int argc, char** argv) {
 
   const std::string startFolder = QDir::currentPath().toStdString();
   pescavo::QtDialogs dialogs;
-  pescavo::Infoscreen infoscreen;
+  pescavo::Infoscreen infoscreen(
+      [startFolder] { return QString::fromStdString(startFolder + "/Input/harrow.cur"); });
   pescavo::Hauptform* mainWindow = nullptr;
   int exitCode = 0;
   QObject::connect(&infoscreen, &pescavo::Infoscreen::exitRequested, &application,

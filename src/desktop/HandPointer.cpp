@@ -20,19 +20,36 @@ int word(const QByteArray& bytes, int at) {
 
 class HandPointer : public QObject {
  public:
-  HandPointer(QWidget* control, std::function<QString()> file)
-      : QObject(control), m_file(std::move(file)) {}
+  HandPointer(QWidget* control, std::function<QString()> file,
+              std::function<bool(bool)> when = nullptr)
+      : QObject(control), m_file(std::move(file)), m_when(std::move(when)) {}
 
   bool eventFilter(QObject* watched, QEvent* event) override {
-    if (event->type() == QEvent::Enter) {
-      if (const std::optional<QCursor> cursor = loadCursorFile(m_file()))
-        static_cast<QWidget*>(watched)->setCursor(*cursor);
+    auto* control = static_cast<QWidget*>(watched);
+    const QEvent::Type type = event->type();
+    if (!m_when) {
+      if (type == QEvent::Enter) setHand(control);
+      return false;
     }
+    if (type == QEvent::MouseButtonPress) m_clicked = true;
+    if (type != QEvent::Enter && type != QEvent::MouseMove && type != QEvent::MouseButtonPress)
+      return false;
+    if (m_when(m_clicked))
+      setHand(control);
+    else
+      control->unsetCursor();
     return false;
   }
 
  private:
+  // The file is read each time, so a cursor file put in place later is taken up.
+  void setHand(QWidget* control) {
+    if (const std::optional<QCursor> cursor = loadCursorFile(m_file())) control->setCursor(*cursor);
+  }
+
   std::function<QString()> m_file;
+  std::function<bool(bool)> m_when;
+  bool m_clicked = false;
 };
 
 }  // namespace
@@ -52,6 +69,12 @@ std::optional<QCursor> loadCursorFile(const QString& path) {
 
 void useHandPointer(QWidget* control, std::function<QString()> cursorFile) {
   control->installEventFilter(new HandPointer(control, std::move(cursorFile)));
+}
+
+void useHandPointerWhile(QWidget* control, std::function<QString()> cursorFile,
+                         std::function<bool(bool clicked)> when) {
+  control->setMouseTracking(true);
+  control->installEventFilter(new HandPointer(control, std::move(cursorFile), std::move(when)));
 }
 
 }  // namespace pescavo

@@ -16,4 +16,9 @@ std::optional<QCursor> loadCursorFile(const QString& path);
 // file is read each time the mouse comes in; one that cannot be read leaves the pointer as it is.
 void useHandPointer(QWidget* control, std::function<QString()> cursorFile);
 
+// The same while when(clicked) holds, asked at every move over the control (clicked: the control
+// has been pressed since it was set up); the default pointer otherwise.
+void useHandPointerWhile(QWidget* control, std::function<QString()> cursorFile,
+                         std::function<bool(bool clicked)> when);
+
 }  // namespace pescavo

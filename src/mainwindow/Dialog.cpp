@@ -5,9 +5,11 @@
 #include <QTextEdit>
 #include <QVBoxLayout>
 
+#include "desktop/HandPointer.h"
+
 namespace pescavo {
 
-Dialog::Dialog(QWidget* parent) : QDialog(parent) {
+Dialog::Dialog(QWidget* parent, std::function<QString()> cursorFile) : QDialog(parent) {
   setObjectName("Dialog");
   setWindowTitle("Fish Species");
   m_info = new QTextEdit(this);
@@ -24,6 +26,7 @@ Dialog::Dialog(QWidget* parent) : QDialog(parent) {
   page->addWidget(m_info, 1);
   page->addLayout(buttons);
   resize(420, 240);
+  if (cursorFile) useHandPointer(ok, std::move(cursorFile));
   connect(ok, &QPushButton::clicked, this, &QDialog::close);
 }
 

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QDialog>
+#include <QString>
+#include <functional>
 
 class QTextEdit;
 
@@ -11,7 +13,8 @@ class Dialog : public QDialog {
   Q_OBJECT
 
  public:
-  explicit Dialog(QWidget* parent = nullptr);
+  // cursorFile names the hand pointer's file for "OK"; none: the usual pointer.
+  explicit Dialog(QWidget* parent = nullptr, std::function<QString()> cursorFile = {});
   // Caption and text, read-only; shown without blocking, one window for every image.
   void showText(const QString& caption, const QString& text);
 

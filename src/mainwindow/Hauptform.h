@@ -3,6 +3,7 @@
 #include <QMainWindow>
 #include <QPointer>
 #include <array>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -62,6 +63,9 @@ class Hauptform : public QMainWindow {
   QWidget* makeControl(ControlId id, const ControlState& state, QWidget* parent);
   void buildMenus();
   void connectControls();
+  void useHandPointers();
+  // The hand pointer's file, harrow.cur in the input folder, for this window and those it opens.
+  std::function<QString()> cursorFile() const;
   // Copies captions, places, shown and enabled states and the list label's colour.
   void applyLayout();
   template <typename T>

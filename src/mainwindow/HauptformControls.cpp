@@ -1,4 +1,5 @@
 #include <QAbstractButton>
+#include <QAbstractScrollArea>
 #include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
@@ -14,9 +15,11 @@
 #include <QTextEdit>
 #include <QToolButton>
 
+#include "desktop/HandPointer.h"
 #include "desktop/Pictures.h"
 #include "desktop/Twips.h"
 #include "mainwindow/Hauptform.h"
+#include "model/PointerRules.h"
 
 namespace pescavo {
 
@@ -231,6 +234,7 @@ void Hauptform::connectControls() {
   m_availableView->setMouseTracking(true);
   m_availableView->installEventFilter(this);
   connectOptions();
+  useHandPointers();
   connectSubstanceEditing();
 }
 
@@ -272,6 +276,33 @@ void Hauptform::applyLayout() {
                                 twipsToPixels(MainWindowLayout::kHeight));
   setFixedSize(centralWidget()->width(),
                centralWidget()->height() + menuBar()->sizeHint().height());
+}
+
+// The hand from harrow.cur in the input folder, over the controls and at the times the rules
+// say; lists and the grid take it on their viewport, where the mouse is.
+std::function<QString()> Hauptform::cursorFile() const {
+  return [this] { return QString::fromStdString(m_model->inputFolder() + "/harrow.cur"); };
+}
+
+void Hauptform::useHandPointers() {
+  const std::function<QString()> file = cursorFile();
+  for (ControlId id : allControls()) {
+    const HandPointerRule rule = handPointerRule(id);
+    if (rule == HandPointerRule::Never) continue;
+    QWidget* target = m_controls[index(id)];
+    if (auto* area = qobject_cast<QAbstractScrollArea*>(target)) target = area->viewport();
+    if (rule == HandPointerRule::Always) {
+      useHandPointer(target, file);
+      continue;
+    }
+    useHandPointerWhile(target, file, [this, id, rule](bool clicked) {
+      const ComponentSelection& lists = m_model->selection();
+      const std::size_t items =
+          id == ControlId::Fischfutter1 ? lists.available().size() : lists.chosen().size();
+      return showsHandPointer(rule, static_cast<int>(items), m_model->editor().grid().column(),
+                              clicked);
+    });
+  }
 }
 
 }  // namespace pescavo

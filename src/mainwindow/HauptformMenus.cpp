@@ -58,19 +58,19 @@ void Hauptform::help_Click() {
 void Hauptform::showInformation(InformationImage image) {
   const InformationText info = informationText(
       image, m_model->speciesTable(), m_model->fishmealTable(), m_model->decimalSeparator());
-  if (!m_information) m_information = new Dialog(this);
+  if (!m_information) m_information = new Dialog(this, cursorFile());
   m_information->showText(QString::fromStdString(info.caption), QString::fromStdString(info.text));
 }
 
 // From the menu the About window waits for "OK"; from the logo the main window stays usable.
 void Hauptform::showAbout(bool modal) {
   if (modal) {
-    Ueber about(this);
+    Ueber about(this, cursorFile());
     about.exec();
     return;
   }
   if (!m_about) {
-    m_about = new Ueber(this);
+    m_about = new Ueber(this, cursorFile());
     m_about->setAttribute(Qt::WA_DeleteOnClose);
   }
   m_about->show();

@@ -6,6 +6,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "desktop/HandPointer.h"
 #include "desktop/Pictures.h"
 #include "reports/Credits.h"
 
@@ -61,7 +62,8 @@ void paintBackground(QWidget& window) {
   painter.drawRect(window.rect().adjusted(0, 0, -1, -1));
 }
 
-Infoscreen::Infoscreen(QWidget* parent) : QWidget(parent, Qt::FramelessWindowHint) {
+Infoscreen::Infoscreen(std::function<QString()> cursorFile, QWidget* parent)
+    : QWidget(parent, Qt::FramelessWindowHint) {
   setObjectName("Infoscreen");
   setAccessibleName("Pescavo start screen");
   auto* start = button(this, "Command1", "START");
@@ -76,6 +78,10 @@ Infoscreen::Infoscreen(QWidget* parent) : QWidget(parent, Qt::FramelessWindowHin
   page->addLayout(buttons);
   setFixedSize(560, 300);
   start->setDefault(true);
+  if (cursorFile) {
+    useHandPointer(start, cursorFile);
+    useHandPointer(exit, cursorFile);
+  }
   connect(start, &QPushButton::clicked, this, [this] { emit started(false); });
   connect(simple, &QPushButton::clicked, this, [this] { emit started(true); });
   connect(exit, &QPushButton::clicked, this, [this] { emit exitRequested(); });

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <QString>
 #include <QWidget>
+#include <functional>
 
 class QLabel;
 class QPushButton;
@@ -12,7 +14,8 @@ class Infoscreen : public QWidget {
   Q_OBJECT
 
  public:
-  explicit Infoscreen(QWidget* parent = nullptr);
+  // cursorFile names the hand pointer's file for "START" and "EXIT"; none: the usual pointer.
+  explicit Infoscreen(std::function<QString()> cursorFile = {}, QWidget* parent = nullptr);
 
  signals:
   void started(bool simpleMode);  // "START" (false) or "SIMPLE" (true)

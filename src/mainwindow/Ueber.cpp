@@ -4,11 +4,13 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "desktop/HandPointer.h"
 #include "mainwindow/Infoscreen.h"
 
 namespace pescavo {
 
-Ueber::Ueber(QWidget* parent) : QDialog(parent, Qt::Dialog | Qt::FramelessWindowHint) {
+Ueber::Ueber(QWidget* parent, std::function<QString()> cursorFile)
+    : QDialog(parent, Qt::Dialog | Qt::FramelessWindowHint) {
   setObjectName("Ueber");
   setWindowTitle("About Pescavo");
   setAccessibleName("About Pescavo");
@@ -25,6 +27,7 @@ Ueber::Ueber(QWidget* parent) : QDialog(parent, Qt::Dialog | Qt::FramelessWindow
   page->addWidget(makeCreditsPanel(this), 1);
   page->addLayout(buttons);
   setFixedSize(560, 300);
+  if (cursorFile) useHandPointer(ok, std::move(cursorFile));
   connect(ok, &QPushButton::clicked, this, &QDialog::accept);
 }
 

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QDialog>
+#include <QString>
+#include <functional>
 
 namespace pescavo {
 
@@ -9,7 +11,8 @@ class Ueber : public QDialog {
   Q_OBJECT
 
  public:
-  explicit Ueber(QWidget* parent = nullptr);
+  // cursorFile names the hand pointer's file for "OK"; none: the usual pointer.
+  explicit Ueber(QWidget* parent = nullptr, std::function<QString()> cursorFile = {});
 
  protected:
   void paintEvent(QPaintEvent* event) override;
