@@ -11,7 +11,7 @@ namespace pescavo {
 
 int runOptimize(MainWindowModel& model, const CliOptions&, std::ostream& out, std::ostream&) {
   model.Optimierung_Click();
-  if (!model.resultVisible()) return kExitRefused;
+  if (!model.visible(ControlId::Ergebnis)) return kExitRefused;
   out << model.resultText() << '\n';
   return kExitOk;
 }

@@ -54,7 +54,7 @@ void MainWindowModel::setAllOptions(bool on) {
   if (m_simpleMode) return;
   if (!on) resetHiddenOptions(m_options);
   if (!on) return hideAllOptions(m_layout);
-  if (!editing()) showAllOptions(m_layout);  // else leaving the editing mode shows them
+  if (!m_editor.editing()) showAllOptions(m_layout);  // else leaving the editing mode shows them
 }
 
 std::string MainWindowModel::substanceName() const {
@@ -153,7 +153,7 @@ void MainWindowModel::save() {
   // After writing, so the file holds the table as it was; only while editing, since outside it
   // there is no grid to take over. A new substance is stored once: editing then goes on with
   // it, so that "Done" does not add it a second time.
-  if (m_database.write(m_decimalSeparator) && editing()) {
+  if (m_database.write(m_decimalSeparator) && m_editor.editing()) {
     m_editor.keepEditBoxText();
     const bool adding = !editMode();
     if (uebernehme_Werte() && adding) {
@@ -165,7 +165,7 @@ void MainWindowModel::save() {
 }
 
 bool MainWindowModel::Ende_Click() {
-  if (editing()) {  // "Done"
+  if (m_editor.editing()) {  // "Done"
     leaveEditing();
     return false;
   }

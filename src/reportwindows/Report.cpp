@@ -66,7 +66,7 @@ void Report::buildControls() {
   page->addLayout(buttons);
 
   const auto cursorFile = [this] {
-    return QString::fromStdString(m_model.inputFolder() + "/harrow.cur");
+    return QString::fromStdString(m_model.database().folder() + "/harrow.cur");
   };
   for (QPushButton* button : {m_command1, m_command2, m_command3, m_drucken, m_kopieren, m_fertig})
     useHandPointer(button, cursorFile);

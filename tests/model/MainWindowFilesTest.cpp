@@ -114,7 +114,7 @@ TEST_F(MainWindowFilesTest, RestoreAsksFirstAndKeepsTheDatabaseWhenThePristineCo
 TEST_F(MainWindowFilesTest, AFailedSaveAtExitKeepsTheProgramOpen) {
   start();
   model.Loeschen_Click();
-  ASSERT_TRUE(model.databaseModified());
+  ASSERT_TRUE(model.database().modified());
   std::filesystem::rename(folder / "Input" / "feedstuff.tab", folder / "Input" / "kept.tab");
   std::filesystem::create_directory(folder / "Input" / "feedstuff.tab");
   dialogs.answers = {true};
