@@ -20,7 +20,7 @@ int runLp(MainWindowModel& model, const CliOptions&, std::ostream& out, std::ost
   // The single run's own first steps, then the programme it would solve.
   model.prepareSingleRun();
   if (model.pleaseAddComponents()) return kExitRefused;
-  model.Laden();
+  model.lastRun().Laden(model.runInput(), model.options().run());
   if (const std::string why = model.lastRun().unusableFigures(); !why.empty()) {
     model.dialogs().information(why);
     return kExitRefused;

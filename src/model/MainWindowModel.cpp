@@ -87,7 +87,8 @@ bool MainWindowModel::enabled(ControlId control) const {
 
 void MainWindowModel::Fischfutter1_MouseDown(int position, int x, int y) {
   if (position < 0) return;
-  m_availableTooltip = tooltipText(position);
+  // With the limit of the species chosen.
+  m_availableTooltip = m_selection.tooltipText(position, m_options.species(), m_decimalSeparator);
   m_pressX = x;
   m_pressY = y;
 }

@@ -87,10 +87,6 @@ class MainWindowModel {
   const ComponentSelection& selection() const { return m_selection; }
   ComponentSelection& selection() { return m_selection; }
   bool chosenCaptionRed() const { return m_chosenCaptionRed; }
-  // For the available entry at position, with the limit of the species chosen.
-  std::string tooltipText(int position) const {
-    return m_selection.tooltipText(position, m_options.species(), m_decimalSeparator);
-  }
   // Fischfutter1's information tooltip: set by a press on the list (position is the current
   // item then), dropped once the pointer has left the press point in both directions.
   void Fischfutter1_MouseDown(int position, int x, int y);
@@ -141,8 +137,6 @@ class MainWindowModel {
   void prepareSingleRun();
   // With nothing chosen: "Please add components." while Label1 is red; true then.
   bool pleaseAddComponents();
-  // The problem a run would solve now, without solving it.
-  void Laden() { m_run.Laden(runInput(), m_options.run()); }
 
   // The last run and what the report text, the composition table and the charts are written
   // from.

@@ -86,7 +86,8 @@ TEST_F(MainWindowFilesTest, TheInformationTooltipStaysWhileThePointerKeepsOneCoo
   EXPECT_EQ(model.availableTooltip(), "");
   model.Fischfutter1_MouseDown(0, 10, 20);
   const std::string figures = model.availableTooltip();
-  EXPECT_EQ(figures, model.tooltipText(0));
+  EXPECT_EQ(figures,
+            model.selection().tooltipText(0, model.options().species(), model.decimalSeparator()));
   model.Fischfutter1_MouseMove(10, 40);
   model.Fischfutter1_MouseMove(30, 20);
   EXPECT_EQ(model.availableTooltip(), figures);

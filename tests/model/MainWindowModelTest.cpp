@@ -78,7 +78,8 @@ TEST_F(ModelTest, GridAndTooltipTexts) {
   // The tooltip names the limit of the species the hidden chooser holds.
   model.options().setSpecies(1);
   model.setDecimalSeparator(',');
-  EXPECT_EQ(model.tooltipText(0),
+  model.Fischfutter1_MouseDown(0, 0, 0);
+  EXPECT_EQ(model.availableTooltip(),
             "Protein content: 13 %, Lipid content: 2 %  Testicide content: 1,2 mg/kg. "
             "Max. content in food: 30 %");
 }
@@ -142,7 +143,7 @@ TEST_F(ModelTest, LadenTakesTheLastAvailableEntryOfEachText) {
   model.load(many, species, {{60, 12}, {62, 11}, {65, 10}});
   pseudos(false, false, false);
   const auto expectLastEntries = [&](const std::string& run) {
-    model.Laden();
+    model.lastRun().Laden(model.runInput(), model.options().run());
     const int chosen = static_cast<int>(model.selection().chosen().size());
     ASSERT_EQ(model.lastRun().problem().n, chosen) << run;
     for (int p = 0; p < chosen; ++p) {
