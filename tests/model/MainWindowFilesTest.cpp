@@ -95,20 +95,34 @@ TEST_F(MainWindowFilesTest, TheInformationTooltipStaysWhileThePointerKeepsOneCoo
   EXPECT_EQ(model.availableTooltip(), "");
 }
 
+// A restore that reads the pristine copy starts over from the first substance, with the lists
+// emptied and the result withdrawn; one that does not leaves the window as it was.
 TEST_F(MainWindowFilesTest, RestoreAsksFirstAndKeepsTheDatabaseWhenThePristineCopyIsBad) {
   start();
+  model.selectSubstance(1);
   model.selection().alle_rein();
+  model.Optimierung_Click();
+  ASSERT_TRUE(model.visible(ControlId::Ergebnis));
   dialogs.answers = {false};
   model.restore();
   EXPECT_EQ(dialogs.questions,
             std::vector<std::string>{"You want to reset the data base settings?"});
   EXPECT_FALSE(model.selection().chosen().empty());
 
+  const std::string pristine = read("feedstuff1.tab");
   std::ofstream(folder / "Input" / "feedstuff1.tab", std::ios::binary) << "Category\tCrop\r\nx";
   dialogs.answers = {true};
   model.restore();
   EXPECT_EQ(model.table().substanceCount(), 5);
   EXPECT_FALSE(model.selection().chosen().empty());
+  EXPECT_TRUE(model.visible(ControlId::Ergebnis));
+
+  std::ofstream(folder / "Input" / "feedstuff1.tab", std::ios::binary) << pristine;
+  dialogs.answers = {true};
+  model.restore();
+  EXPECT_EQ(model.substancePosition(), 0);
+  EXPECT_TRUE(model.selection().chosen().empty());
+  EXPECT_FALSE(model.visible(ControlId::Ergebnis));
 }
 
 // A failed write at exit keeps the window open.
