@@ -53,7 +53,7 @@ struct Seeded {
         {pc, p.has(pescavo::VariableKind::CC), p.has(pescavo::VariableKind::F)});
     model.options().setCriterion(made.criterion);
     model.selection().alle_rein();
-    model.Laden();
+    model.lastRun().Laden(model.runInput(), model.options().run());
   }
   NoDialogs dialogs;
   MainWindowModel model;
@@ -82,7 +82,7 @@ void BM_Engine(benchmark::State& state) {
   for (auto _ : state) {
     Seeded& seeded = *problems[k++ % problems.size()];
     MainWindowModel& model = seeded.model;
-    model.Laden();
+    model.lastRun().Laden(model.runInput(), model.options().run());
     seeded.result.pivots = 0;
     pescavo::Rechnen(model.lastRun().problem(), model.options().criterion(), seeded.tableau,
                      seeded.result);

@@ -138,7 +138,7 @@ void BM_SweepRuns(benchmark::State& state) {
       for (int m = 0; m <= 1; ++m) {
         model->options().setPseudoComponents({kScenarios[k].pc, kScenarios[k].cc, kScenarios[k].f});
         model->options().setMrbdLimits(m == 1);
-        model->Laden();
+        model->lastRun().Laden(model->runInput(), model->options().run());
         model->lastRun().Rechnen();
         benchmark::DoNotOptimize(model->lastRun().result().burden);
       }

@@ -279,7 +279,7 @@ void applyRunOptions(const CliOptions& options, MainWindowModel& model) {
 }
 
 int runCheck(const MainWindowModel& model, std::ostream& out, std::ostream& err) {
-  for (const std::string& warning : model.duplicateWarnings()) err << warning << '\n';
+  for (const std::string& warning : model.database().duplicateWarnings()) err << warning << '\n';
   out << model.table().componentCount() << " components, " << model.table().substanceCount()
       << " substances, " << model.speciesTable().size() << " species, "
       << model.fishmealTable().size() << " fish-meal grades\n";

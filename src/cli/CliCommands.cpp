@@ -11,7 +11,7 @@ namespace pescavo {
 
 int runOptimize(MainWindowModel& model, const CliOptions&, std::ostream& out, std::ostream&) {
   model.Optimierung_Click();
-  if (!model.resultVisible()) return kExitRefused;
+  if (!model.visible(ControlId::Ergebnis)) return kExitRefused;
   out << model.resultText() << '\n';
   return kExitOk;
 }
@@ -20,7 +20,7 @@ int runLp(MainWindowModel& model, const CliOptions&, std::ostream& out, std::ost
   // The single run's own first steps, then the programme it would solve.
   model.prepareSingleRun();
   if (model.pleaseAddComponents()) return kExitRefused;
-  model.Laden();
+  model.lastRun().Laden(model.runInput(), model.options().run());
   if (const std::string why = model.lastRun().unusableFigures(); !why.empty()) {
     model.dialogs().information(why);
     return kExitRefused;

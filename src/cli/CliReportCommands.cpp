@@ -11,7 +11,7 @@ namespace pescavo {
 
 int runReport(MainWindowModel& model, const CliOptions&, std::ostream& out, std::ostream&) {
   model.Optimierung_Click();
-  if (!model.reportButtonVisible()) return kExitRefused;
+  if (!model.visible(ControlId::ReportButton)) return kExitRefused;
   Berichtschreiben(model);
   out << model.report().bericht;
   return kExitOk;

@@ -60,7 +60,7 @@ bool Hauptform::startUp(const std::string& inputFolder, bool simpleMode) {
     return false;
   }
   showAll();
-  const std::string warning = startUpWarningText(m_model->duplicateWarnings());
+  const std::string warning = startUpWarningText(m_model->database().duplicateWarnings());
   if (!warning.empty()) m_dialogs.information(warning);
   return true;
 }

@@ -87,7 +87,7 @@ void Hauptform::showOptions() {
 // The statement in bold, red above 0.1 mg/kg. The independent check's sentence stands apart
 // under it: quiet when it agrees, unmistakable when it does not.
 void Hauptform::showResult() {
-  if (!m_model->resultVisible()) return;
+  if (!m_model->visible(ControlId::Ergebnis)) return;
   auto* box = control<QTextEdit>(C::Ergebnis);
   box->clear();
   QTextCharFormat format;

@@ -107,10 +107,10 @@ void Hauptform::connectSubstanceEditing() {
 }
 
 void Hauptform::substanceCommand(void (MainWindowModel::*operation)()) {
-  const bool wasEditing = m_model->editing();
+  const bool wasEditing = m_model->editor().editing();
   (m_model.get()->*operation)();
   showAll();
-  if (!wasEditing && m_model->editing()) m_gridView->table()->setFocus();
+  if (!wasEditing && m_model->editor().editing()) m_gridView->table()->setFocus();
 }
 
 bool Hauptform::Schadstoffliste_KeyDown(QEvent* event) {
@@ -126,7 +126,7 @@ bool Hauptform::Schadstoffliste_KeyDown(QEvent* event) {
 }
 
 void Hauptform::showGrid() {
-  if (!m_model->editing()) return;
+  if (!m_model->editor().editing()) return;
   const ControlState& place = m_model->layout().at(C::schadstoffwerte);
   m_gridView->setColumnWidths(
       ResidueGrid::columnWidths(place.width, place.width - m_gridView->chromeWidth()));
@@ -165,7 +165,7 @@ void Hauptform::followGridScroll() {
   const MainWindowLayout& layout = m_model->layout();
   const bool box = layout.at(C::EingabeSchadstoff).visible;
   const bool chooser = layout.at(C::ArtSchadstoffwertCombo).visible;
-  if (!m_model->editing() || !(box || chooser)) return;
+  if (!m_model->editor().editing() || !(box || chooser)) return;
   const ControlState& grid = layout.at(C::schadstoffwerte);
   if (box) {
     // Placing selects the box's text; scrolling leaves it as the user had it.
@@ -203,7 +203,7 @@ void Hauptform::clipEditors() {
 void Hauptform::schadstoffwerte_KeyDown(int key, bool control) {
   if (const std::optional<std::string> copied = m_model->schadstoffwerte_KeyDown(key, control))
     m_dialogs.setClipboardText(*copied);
-  if (m_model->editing())
+  if (m_model->editor().editing())
     showGrid();
   else
     showAll();  // Escape cancelled

@@ -54,7 +54,7 @@ void MainWindowModel::setAllOptions(bool on) {
   if (m_simpleMode) return;
   if (!on) resetHiddenOptions(m_options);
   if (!on) return hideAllOptions(m_layout);
-  if (!editing()) showAllOptions(m_layout);  // else leaving the editing mode shows them
+  if (!m_editor.editing()) showAllOptions(m_layout);  // else leaving the editing mode shows them
 }
 
 std::string MainWindowModel::substanceName() const {
@@ -87,7 +87,8 @@ bool MainWindowModel::enabled(ControlId control) const {
 
 void MainWindowModel::Fischfutter1_MouseDown(int position, int x, int y) {
   if (position < 0) return;
-  m_availableTooltip = tooltipText(position);
+  // With the limit of the species chosen.
+  m_availableTooltip = m_selection.tooltipText(position, m_options.species(), m_decimalSeparator);
   m_pressX = x;
   m_pressY = y;
 }
@@ -153,7 +154,7 @@ void MainWindowModel::save() {
   // After writing, so the file holds the table as it was; only while editing, since outside it
   // there is no grid to take over. A new substance is stored once: editing then goes on with
   // it, so that "Done" does not add it a second time.
-  if (m_database.write(m_decimalSeparator) && editing()) {
+  if (m_database.write(m_decimalSeparator) && m_editor.editing()) {
     m_editor.keepEditBoxText();
     const bool adding = !editMode();
     if (uebernehme_Werte() && adding) {
@@ -165,7 +166,7 @@ void MainWindowModel::save() {
 }
 
 bool MainWindowModel::Ende_Click() {
-  if (editing()) {  // "Done"
+  if (m_editor.editing()) {  // "Done"
     leaveEditing();
     return false;
   }

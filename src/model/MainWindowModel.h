@@ -30,8 +30,8 @@ namespace pescavo {
 //   Schadstoffliste      substancePosition()        Fischfutter1, Fischfutter2  selection()
 //   Label1 red           chosenCaptionRed()         Option1 to 4, Check1 to 5   options()
 //   MinMax, Fischarten, Fischmehl   options()       the residue grid and its boxes  editor()
-//   Ergebnis             resultVisible(), resultText()
-//   ReportButton         reportButtonVisible()
+//   Ergebnis             visible(ControlId::Ergebnis), resultText()
+//   ReportButton         visible(ControlId::ReportButton)
 //   every control        layout(), visible(), enabled()
 class MainWindowModel {
  public:
@@ -44,15 +44,12 @@ class MainWindowModel {
   void startUp(const std::string& inputFolder, bool simpleMode = false);
   // Equal components or substance names in feedstuff.tab as start-up found them: a face shows
   // each once, since only the last of equal components takes part in a run.
-  const std::vector<std::string>& duplicateWarnings() const {
-    return m_database.duplicateWarnings();
-  }
   // The same with tables already read.
   void load(ComponentTable table, std::vector<FishSpecies> species,
             std::vector<FishMealGrade> fishmeal, bool simpleMode = false);
 
-  // Tables.
-  const std::string& inputFolder() const { return m_database.folder(); }
+  // Tables. The database's folder, warnings and whether it changed are database()'s.
+  const SubstanceDatabase& database() const { return m_database; }
   const ComponentTable& table() const { return m_database.table(); }
   const std::vector<FishSpecies>& speciesTable() const { return m_speciesTable; }
   const std::vector<FishMealGrade>& fishmealTable() const { return m_fishmealTable; }
@@ -70,8 +67,7 @@ class MainWindowModel {
   ResidueEditor& editor() { return m_editor; }
   const ResidueEditor& editor() const { return m_editor; }
   // EditMode: an existing substance is edited (false while adding and outside editing).
-  bool editMode() const { return m_editMode && editing(); }
-  bool editing() const { return m_editor.editing(); }
+  bool editMode() const { return m_editMode && m_editor.editing(); }
   void Schadstoffliste_DblClick();
   void Schadstoffliste_KeyDown(int key, bool control);  // Delete: "Del"; Ctrl+C: "Copy "
   void Add_Click();
@@ -91,10 +87,6 @@ class MainWindowModel {
   const ComponentSelection& selection() const { return m_selection; }
   ComponentSelection& selection() { return m_selection; }
   bool chosenCaptionRed() const { return m_chosenCaptionRed; }
-  // For the available entry at position, with the limit of the species chosen.
-  std::string tooltipText(int position) const {
-    return m_selection.tooltipText(position, m_options.species(), m_decimalSeparator);
-  }
   // Fischfutter1's information tooltip: set by a press on the list (position is the current
   // item then), dropped once the pointer has left the press point in both directions.
   void Fischfutter1_MouseDown(int position, int x, int y);
@@ -105,7 +97,6 @@ class MainWindowModel {
   const WindowOptions& options() const { return m_options; }
   WindowOptions& options() { return m_options; }
   // What a run made now from the window's state would take.
-  const RunOptions& runOptions() const { return m_options.run(); }
   RunInput runInput() const;
 
   // Flags and the result box.
@@ -119,9 +110,6 @@ class MainWindowModel {
   void setKeepFishmealGrade(bool keep) { m_keepFishmealGrade = keep; }
   bool allScenariosMode() const { return m_allScenariosMode; }
   void setAllScenariosMode(bool on) { m_allScenariosMode = on; }
-  bool databaseModified() const { return m_database.modified(); }
-  bool resultVisible() const { return visible(ControlId::Ergebnis); }
-  bool reportButtonVisible() const { return visible(ControlId::ReportButton); }
   const std::string& resultText() const { return m_resultText; }
   bool resultRed() const { return m_resultRed; }
   void Ergebnis_ausblenden();
@@ -149,8 +137,6 @@ class MainWindowModel {
   void prepareSingleRun();
   // With nothing chosen: "Please add components." while Label1 is red; true then.
   bool pleaseAddComponents();
-  // The problem a run would solve now, without solving it.
-  void Laden() { m_run.Laden(runInput(), m_options.run()); }
 
   // The last run and what the report text, the composition table and the charts are written
   // from.

@@ -127,7 +127,7 @@ namespace {
 // they are.
 bool runScenarios(MainWindowModel& model) {
   ReportState& report = model.report();
-  RunOptions options = model.runOptions();
+  RunOptions options = model.options().run();
   FeedRun& feedRun = model.lastRun();
   const RunInput input = model.runInput();
   for (int k = 1; k <= 8; ++k) {

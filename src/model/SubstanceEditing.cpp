@@ -138,7 +138,7 @@ void MainWindowModel::selectAddedSubstance() {
 }
 
 bool MainWindowModel::leaveEditing() {
-  if (!editing()) return false;
+  if (!m_editor.editing()) return false;
   m_editor.keepEditBoxText();
   const bool added = !editMode();
   if (!uebernehme_Werte()) return false;
@@ -180,7 +180,7 @@ bool MainWindowModel::uebernehme_Werte() {
 
 void MainWindowModel::Kopieren_Click() {
   if (m_substance < 0 || tableFull()) return;
-  if (editing()) m_editor.grid().basisCopy().freeze(m_database.table());
+  if (m_editor.editing()) m_editor.grid().basisCopy().freeze(m_database.table());
   const int p = m_substance;
   const int k = m_database.table().copySubstance(p + 1, m_database.table().substanceName(p + 1));
   selectSubstance(k - 1);
@@ -190,13 +190,13 @@ void MainWindowModel::Loeschen_Click() {
   if (!m_database.canDelete() || m_substance < 0) return;
   m_database.markModified();
   const int p = m_substance;
-  if (editing()) m_editor.grid().basisCopy().freeze(m_database.table());
+  if (m_editor.editing()) m_editor.grid().basisCopy().freeze(m_database.table());
   m_database.table().deleteSubstance(p + 1);
   selectSubstance(std::min(p, m_database.table().substanceCount() - 1));
 }
 
 std::optional<std::string> MainWindowModel::schadstoffwerte_KeyDown(int key, bool control) {
-  if (!editing()) return std::nullopt;
+  if (!m_editor.editing()) return std::nullopt;
   std::optional<std::string> clipboard = m_editor.grid().gridKey(key, control);
   if (key == ResidueGrid::kEscape) Abbrechen_Click();
   return clipboard;

@@ -66,7 +66,7 @@ void Report::buildControls() {
   page->addLayout(buttons);
 
   const auto cursorFile = [this] {
-    return QString::fromStdString(m_model.inputFolder() + "/harrow.cur");
+    return QString::fromStdString(m_model.database().folder() + "/harrow.cur");
   };
   for (QPushButton* button : {m_command1, m_command2, m_command3, m_drucken, m_kopieren, m_fertig})
     useHandPointer(button, cursorFile);
@@ -145,37 +145,13 @@ void Report::Diagrammzeichnen() {
 }
 
 void Report::Drucken_Click() {
-  switch (m_view.view()) {
-    case ReportViewState::View::ScenarioTable:
-      printGrid(m_dialogs, *m_allScnErgebnis, m_labels.printTitle, 1);  // the scenario number
-      break;
-    case ReportViewState::View::Chart:
-      printChart(m_dialogs, *m_chart);
-      break;
-    case ReportViewState::View::Table:
-      printGrid(m_dialogs, *m_ergebnisGrid, m_labels.printTitle, CompositionGrid::kRepeatedColumns);
-      break;
-    case ReportViewState::View::Text:
-      m_bericht->print(m_dialogs);
-      break;
-  }
+  printReportView(m_dialogs, m_view.view(),
+                  {*m_bericht, *m_ergebnisGrid, *m_chart, m_allScnErgebnis, m_labels.printTitle});
 }
 
 void Report::Kopieren_Click() {
-  switch (m_view.view()) {
-    case ReportViewState::View::ScenarioTable:
-      copyGrid(m_dialogs, *m_allScnErgebnis);
-      break;
-    case ReportViewState::View::Chart:
-      copyChart(m_dialogs, *m_chart);
-      break;
-    case ReportViewState::View::Table:
-      copyGrid(m_dialogs, *m_ergebnisGrid);
-      break;
-    case ReportViewState::View::Text:
-      m_dialogs.setClipboardText(m_bericht->text());
-      break;
-  }
+  copyReportView(m_dialogs, m_view.view(),
+                 {*m_bericht, *m_ergebnisGrid, *m_chart, m_allScnErgebnis, m_labels.printTitle});
 }
 
 void Report::Fertig_Click() {

@@ -102,30 +102,13 @@ void ReportSingle::Diagrammzeichnen() {
 }
 
 void ReportSingle::Drucken_Click() {
-  const std::string& title = m_details.labels.printTitle;
-  switch (m_view.view()) {
-    case ReportViewState::View::Chart:
-      printChart(m_dialogs, *m_chart);
-      break;
-    case ReportViewState::View::Table:
-      printGrid(m_dialogs, *m_ergebnisGrid, title, CompositionGrid::kRepeatedColumns);
-      break;
-    default:
-      m_berichtNeu->print(m_dialogs);
-  }
+  printReportView(m_dialogs, m_view.view(),
+                  {*m_berichtNeu, *m_ergebnisGrid, *m_chart, nullptr, m_details.labels.printTitle});
 }
 
 void ReportSingle::Kopieren_Click() {
-  switch (m_view.view()) {
-    case ReportViewState::View::Chart:
-      copyChart(m_dialogs, *m_chart);
-      break;
-    case ReportViewState::View::Table:
-      copyGrid(m_dialogs, *m_ergebnisGrid);
-      break;
-    default:
-      m_dialogs.setClipboardText(m_berichtNeu->text());
-  }
+  copyReportView(m_dialogs, m_view.view(),
+                 {*m_berichtNeu, *m_ergebnisGrid, *m_chart, nullptr, m_details.labels.printTitle});
 }
 
 // Escape and the frame close the window as "Done" does.

@@ -395,4 +395,46 @@ void copyChart(DesktopDialogs& dialogs, const PieChartView& chart) {
   dialogs.setClipboardImage(chart.picture(chart.devicePixelRatioF()));
 }
 
+void printReportView(DesktopDialogs& dialogs, ReportViewState::View view,
+                     const ReportViewPages& pages) {
+  switch (view) {
+    case ReportViewState::View::Chart:
+      printChart(dialogs, pages.chart);
+      break;
+    case ReportViewState::View::Table:
+      printGrid(dialogs, pages.table, pages.printTitle, CompositionGrid::kRepeatedColumns);
+      break;
+    case ReportViewState::View::ScenarioTable:
+      if (pages.scenarioTable) {
+        printGrid(dialogs, *pages.scenarioTable, pages.printTitle, 1);  // the scenario number
+        break;
+      }
+      [[fallthrough]];
+    case ReportViewState::View::Text:
+      pages.text.print(dialogs);
+      break;
+  }
+}
+
+void copyReportView(DesktopDialogs& dialogs, ReportViewState::View view,
+                    const ReportViewPages& pages) {
+  switch (view) {
+    case ReportViewState::View::Chart:
+      copyChart(dialogs, pages.chart);
+      break;
+    case ReportViewState::View::Table:
+      copyGrid(dialogs, pages.table);
+      break;
+    case ReportViewState::View::ScenarioTable:
+      if (pages.scenarioTable) {
+        copyGrid(dialogs, *pages.scenarioTable);
+        break;
+      }
+      [[fallthrough]];
+    case ReportViewState::View::Text:
+      dialogs.setClipboardText(pages.text.text());
+      break;
+  }
+}
+
 }  // namespace pescavo

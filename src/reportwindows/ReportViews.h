@@ -126,6 +126,20 @@ void printChart(DesktopDialogs& dialogs, const PieChartView& chart);
 void copyGrid(DesktopDialogs& dialogs, const QTableWidget& grid);
 void copyChart(DesktopDialogs& dialogs, const PieChartView& chart);
 
+// What "Print" and "Copy into Clipboard" take: the view on screen. A scenario window has no
+// scenario table (null) and takes its text instead.
+struct ReportViewPages {
+  const ReportTextBox& text;
+  const CompositionGrid& table;
+  const PieChartView& chart;
+  const ScenarioGrid* scenarioTable;
+  const std::string& printTitle;
+};
+void printReportView(DesktopDialogs& dialogs, ReportViewState::View view,
+                     const ReportViewPages& pages);
+void copyReportView(DesktopDialogs& dialogs, ReportViewState::View view,
+                    const ReportViewPages& pages);
+
 // A button named name, with its caption as accessible name; setCaption keeps the two together.
 QPushButton* makeButton(QWidget* parent, const char* name, const QString& caption);
 void setCaption(QPushButton* button, const QString& caption);

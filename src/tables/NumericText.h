@@ -14,6 +14,9 @@ double zahl(std::string_view text);
 // &H and &O integers; anything that is not a number reads as 0.
 double leadingNumber(std::string_view text);
 
+// "nan", "inf" or "-inf": how every numeric text writes a value that is not finite.
+std::string nonFiniteText(double value);
+
 // Up to 15 significant digits, exponent form for very small and large magnitudes;
 // reads back through zahl to the same value.
 std::string generalForm(double value, char decimalSeparator);

@@ -1,5 +1,5 @@
 // The "All options" switch on the real main window: remembered between starts, and the
-// options it reveals drive the same runs as the command line.
+// sweep started from it gives the command line's table.
 
 #include <QAccessible>
 #include <QAction>
@@ -31,11 +31,6 @@ class AllOptionsGuiTest : public HauptformTest {
     QSettings().remove(kAllOptionsSetting);
     HauptformTest::TearDown();
   }
-  // On the box or the round button itself: a press beside a short caption misses it.
-  void tick(const char* name) {
-    QWidget* box = find(name);
-    QTest::mouseClick(box, Qt::LeftButton, {}, QPoint(8, box->height() / 2));
-  }
   QAction* allOptions() const { return window->findChild<QAction*>("allOptions"); }
   // What pescavo-cli prints for the first substance with every component moved in.
   std::string cli(QStringList args) const {
@@ -46,9 +41,6 @@ class AllOptionsGuiTest : public HauptformTest {
     process.start(PESCAVO_CLI, args);
     EXPECT_TRUE(process.waitForFinished(60000));
     return process.readAllStandardOutput().toStdString();
-  }
-  std::string statement() const {
-    return find<QTextEdit>("Ergebnis")->toPlainText().toStdString() + "\n";
   }
   static constexpr const char* kRevealed[] = {"Frame1",    "Option1",          "Check2",
                                               "Check1",    "Check4",           "Check5",
@@ -94,37 +86,6 @@ TEST_F(AllOptionsGuiTest, TheSwitchShowsTheOptionsAndSurvivesARestart) {
   ASSERT_TRUE(start());
   EXPECT_FALSE(allOptions()->isChecked());
   EXPECT_FALSE(shown("Frame1"));
-}
-
-// Minimum, MRBD off, CC off and the first fish-meal grade, clicked and chosen as a user would;
-// then Maximum with every box on and the first grade, where the grade changes the burden.
-TEST_F(AllOptionsGuiTest, RevealedOptionsRunAsTheCommandLineDoes) {
-  ASSERT_TRUE(start());
-  allOptions()->trigger();
-  click("alle_rein");
-  tick("Option1");
-  tick("Check2");
-  tick("Check4");
-  auto* fishmeal = find<QComboBox>("Fischmehl");
-  fishmeal->setFocus();
-  QTest::keyClick(fishmeal, Qt::Key_Home);
-  ASSERT_EQ(fishmeal->currentIndex(), 0);
-  click("Optimierung");
-  ASSERT_TRUE(shown("Ergebnis"));
-  EXPECT_EQ(statement(),
-            cli({"optimize", "--criterion", "min", "--no-mrbd", "--no-cc", "--fishmeal", "0"}));
-  EXPECT_EQ(fishmeal->currentIndex(), 0);  // the run kept the grade chosen
-
-  tick("Option2");
-  EXPECT_FALSE(shown("Ergebnis"));  // a revealed control withdraws the result
-  tick("Check2");
-  tick("Check4");
-  click("Optimierung");
-  const std::string first = statement();
-  EXPECT_EQ(first, cli({"optimize", "--fishmeal", "0"}));
-  EXPECT_NE(first, cli({"optimize"}));
-  QTest::keyClick(fishmeal, Qt::Key_End);
-  EXPECT_FALSE(shown("Ergebnis"));
 }
 
 // "Optimize all Scenarios" from the window: the table equals the command line's sweep, and a

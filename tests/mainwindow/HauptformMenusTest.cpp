@@ -29,43 +29,6 @@ TEST_F(HauptformTest, ExitAndTheCloseButtonEndWithoutQuestionsWhenNothingChanged
   EXPECT_TRUE(dialogs.questions.empty());
 }
 
-TEST_F(HauptformTest, RestoreAnsweredNoChangesNothingAndYesReadsThePristineCopy) {
-  // A pristine copy with the first substance only.
-  std::string pristine;
-  {
-    std::istringstream lines(read(input() / "feedstuff1.tab"));
-    std::string line;
-    while (std::getline(lines, line)) {
-      std::vector<std::string> cells;
-      std::istringstream split(line);
-      for (std::string cell; std::getline(split, cell, '\t');) cells.push_back(cell);
-      for (int c = 0; c < 11; ++c) pristine += cells[c] + (c < 10 ? "\t" : "");
-      pristine += line.back() == '\r' ? "\n" : "\r\n";
-    }
-  }
-  write(input() / "feedstuff1.tab", pristine);
-  const std::string database = read(input() / "feedstuff.tab");
-  ASSERT_TRUE(start());
-  click("alle_rein");
-  click("Optimierung");
-
-  dialogs.answers = {false};
-  trigger(*window, "restore");
-  EXPECT_EQ(dialogs.questions.back(), "You want to reset the data base settings?");
-  EXPECT_EQ(items("Schadstoffliste").size(), 5);
-  EXPECT_EQ(read(input() / "feedstuff.tab"), database);
-  EXPECT_TRUE(shown("Ergebnis"));
-
-  dialogs.answers = {true};
-  trigger(*window, "restore");
-  EXPECT_EQ(items("Schadstoffliste"), QStringList{"Example substance A (fungicide)"});
-  EXPECT_EQ(read(input() / "feedstuff.tab"), pristine);
-  EXPECT_FALSE(enabled("Loeschen"));
-  EXPECT_TRUE(items("Fischfutter2").isEmpty());
-  EXPECT_FALSE(shown("Ergebnis"));
-  EXPECT_TRUE(dialogs.messages.empty());
-}
-
 TEST_F(HauptformTest, AnUnreadableTableAtStartUpIsNamedAndNothingIsShown) {
   std::string table = read(input() / "feedstuff.tab");
   const size_t cell = table.find("\t12.4\t");

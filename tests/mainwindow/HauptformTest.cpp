@@ -156,16 +156,6 @@ TEST_F(HauptformTest, AnEmptyListIsRefusedWithItsCaptionRedWhileTheMessageIsUp) 
   EXPECT_FALSE(shown("ReportButton"));
 }
 
-TEST_F(HauptformTest, SimpleModeRunsOnEveryAvailableComponent) {
-  ASSERT_TRUE(start(true));
-  click("Optimierung");
-  EXPECT_TRUE(dialogs.messages.empty());
-  EXPECT_EQ(find<QTextEdit>("Ergebnis")->toPlainText(),
-            "Maximum content dietary burden based on Example substance A (fungicide) is 0.204 "
-            "mg/kg.");
-  EXPECT_EQ(find<QComboBox>("Fischmehl")->currentIndex(), 2);
-}
-
 TEST_F(HauptformTest, EveryControlCanBeFoundByAScreenReader) {
   ASSERT_TRUE(start());
   for (QWidget* widget : window->centralWidget()->findChildren<QWidget*>()) {

@@ -37,7 +37,8 @@ class AllOptionsTest : public ::testing::Test {
   void runAll() {
     model.selection().alle_rein();
     model.Optimierung_Click();
-    ASSERT_TRUE(model.resultVisible()) << (dialogs.messages.empty() ? "" : dialogs.messages.back());
+    ASSERT_TRUE(model.visible(ControlId::Ergebnis))
+        << (dialogs.messages.empty() ? "" : dialogs.messages.back());
   }
 
   ComponentTable table;
@@ -188,9 +189,9 @@ TEST_F(AllOptionsTest, SwitchingOffRestoresTheHiddenOptions) {
   model.setAllOptions(true);
   runAll();
   model.setAllOptions(false);
-  EXPECT_TRUE(model.resultVisible());
+  EXPECT_TRUE(model.visible(ControlId::Ergebnis));
   model.setAllOptions(true);
-  EXPECT_TRUE(model.resultVisible());
+  EXPECT_TRUE(model.visible(ControlId::Ergebnis));
 
   model.options().setCriterionOption(Criterion::Minimum);
   model.options().setMrbdLimits(false);
@@ -199,7 +200,7 @@ TEST_F(AllOptionsTest, SwitchingOffRestoresTheHiddenOptions) {
   runAll();
   EXPECT_EQ(model.resultText().rfind("Minimum content", 0), 0u) << model.resultText();
   model.setAllOptions(false);
-  EXPECT_FALSE(model.resultVisible());
+  EXPECT_FALSE(model.visible(ControlId::Ergebnis));
   EXPECT_EQ(model.options().criterionOption(), Criterion::Maximum);
   EXPECT_TRUE(model.options().mrbdLimits());
   const PseudoComponents pseudo = model.options().pseudoComponents();

@@ -78,7 +78,8 @@ TEST_F(ModelTest, GridAndTooltipTexts) {
   // The tooltip names the limit of the species the hidden chooser holds.
   model.options().setSpecies(1);
   model.setDecimalSeparator(',');
-  EXPECT_EQ(model.tooltipText(0),
+  model.Fischfutter1_MouseDown(0, 0, 0);
+  EXPECT_EQ(model.availableTooltip(),
             "Protein content: 13 %, Lipid content: 2 %  Testicide content: 1,2 mg/kg. "
             "Max. content in food: 30 %");
 }
@@ -108,20 +109,22 @@ TEST_F(ModelTest, EveryChangeWithdrawsTheResult) {
     model.options().setMrbdLimits(true);
     choose({4});
     model.Optimierung_Click();
-    ASSERT_TRUE(model.resultVisible() && model.reportButtonVisible()) << dialogs.messages.back();
+    ASSERT_TRUE(model.visible(ControlId::Ergebnis) && model.visible(ControlId::ReportButton))
+        << dialogs.messages.back();
     model.selection().setCurrentChosen(0);
     changes[i]();
-    EXPECT_FALSE(model.resultVisible() || model.reportButtonVisible()) << "change " << i;
+    EXPECT_FALSE(model.visible(ControlId::Ergebnis) || model.visible(ControlId::ReportButton))
+        << "change " << i;
   }
   // Selecting, and "<---" with no current entry, change nothing that ran.
   choose({4});
   model.Optimierung_Click();
-  ASSERT_TRUE(model.resultVisible());
+  ASSERT_TRUE(model.visible(ControlId::Ergebnis));
   model.selection().setSelected(0, true);
   model.selection().clearSelection();
   model.selection().setCurrentChosen(-1);
   model.selection().raus();
-  EXPECT_TRUE(model.resultVisible() && model.reportButtonVisible());
+  EXPECT_TRUE(model.visible(ControlId::Ergebnis) && model.visible(ControlId::ReportButton));
 }
 
 // Components whose texts repeat, at other positions for each substance: each chosen entry takes
@@ -140,7 +143,7 @@ TEST_F(ModelTest, LadenTakesTheLastAvailableEntryOfEachText) {
   model.load(many, species, {{60, 12}, {62, 11}, {65, 10}});
   pseudos(false, false, false);
   const auto expectLastEntries = [&](const std::string& run) {
-    model.Laden();
+    model.lastRun().Laden(model.runInput(), model.options().run());
     const int chosen = static_cast<int>(model.selection().chosen().size());
     ASSERT_EQ(model.lastRun().problem().n, chosen) << run;
     for (int p = 0; p < chosen; ++p) {
@@ -216,7 +219,8 @@ TEST_F(SingleRunTest, StatementRoundingAndColour) {
     model.options().setCriterionOption(c.minimum ? Criterion::Minimum : Criterion::Maximum);
     model.setDecimalSeparator(c.separator);
     runWithResidue(c.residue);
-    ASSERT_TRUE(model.resultVisible() && model.reportButtonVisible()) << c.residue;
+    ASSERT_TRUE(model.visible(ControlId::Ergebnis) && model.visible(ControlId::ReportButton))
+        << c.residue;
     EXPECT_EQ(model.resultText(), c.statement);
     EXPECT_EQ(model.resultRed(), c.red) << c.residue;
   }
@@ -226,18 +230,19 @@ TEST_F(SingleRunTest, RefusalsShowTheirMessageAndHideTheResult) {
   bool redWhileShown = false;
   dialogs.onMessage = [&] { redWhileShown = model.chosenCaptionRed(); };
   runWithResidue(0.2);
-  ASSERT_TRUE(model.resultVisible());
+  ASSERT_TRUE(model.visible(ControlId::Ergebnis));
   model.selection().alle_raus();
   pseudos(true, false, false);  // pseudo-components alone are no components
   model.Optimierung_Click();
   EXPECT_TRUE(redWhileShown);
-  EXPECT_FALSE(model.chosenCaptionRed() || model.resultVisible());
+  EXPECT_FALSE(model.chosenCaptionRed() || model.visible(ControlId::Ergebnis));
 
   const auto runAndExpect = [&](const std::string& message) {
     dialogs.messages.clear();
     model.Optimierung_Click();
     EXPECT_EQ(dialogs.messages, std::vector<std::string>{message});
-    EXPECT_FALSE(model.resultVisible() || model.reportButtonVisible()) << message;
+    EXPECT_FALSE(model.visible(ControlId::Ergebnis) || model.visible(ControlId::ReportButton))
+        << message;
   };
   load();
   pseudos(false, false, false);
@@ -260,7 +265,7 @@ TEST_F(SingleRunTest, RunSetsTheHiddenChoosersFromTheOptions) {
   model.setAllScenariosMode(true);  // repeated from the report window: no statement
   model.EinfacheOptimierung();
   EXPECT_TRUE(model.lastRun().result().solvable);
-  EXPECT_FALSE(model.resultVisible());
+  EXPECT_FALSE(model.visible(ControlId::Ergebnis));
 
   model.load(table, species, {{60, 12}, {62, 11}, {65, 10}}, true);  // simple layout
   EXPECT_TRUE(model.options().pseudoComponents().pc);

@@ -254,7 +254,7 @@ TEST(SingleReport, BerichtschreibenAfterARun) {
   s.m.options().setPseudoComponents({false, false, false});
   s.m.options().setMrbdLimits(false);
   s.m.Optimierung_Click();
-  ASSERT_TRUE(s.m.reportButtonVisible());
+  ASSERT_TRUE(s.m.visible(ControlId::ReportButton));
   Berichtschreiben(s.m);
   EXPECT_EQ(s.m.report().bericht, kHeader + "\r\n" + xSection(0));
   EXPECT_FALSE(s.m.report().mainWindowEnabled);

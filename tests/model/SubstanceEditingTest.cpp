@@ -85,7 +85,7 @@ TEST_F(EditingTest, DeletingKeepsEverySubstanceWithItsValuesAndCodes) {
   model.Loeschen_Click();
   EXPECT_EQ(names(), "Alpha;Beta;Gamma;");
   EXPECT_EQ(model.substancePosition(), 2);  // the new last one
-  EXPECT_TRUE(model.databaseModified());
+  EXPECT_TRUE(model.database().modified());
   EXPECT_TRUE(model.enabled(ControlId::Loeschen));
 
   load();
@@ -120,7 +120,7 @@ TEST_F(EditingTest, CopyAppendsWithoutMarkingTheDatabase) {
   model.Schadstoffliste_KeyDown(ResidueGrid::kKeyC, true);
   model.Schadstoffliste_KeyDown(ResidueGrid::kKeyC, false);  // C alone does nothing
   EXPECT_EQ(model.table().substanceCount(), 6);
-  EXPECT_FALSE(model.databaseModified());
+  EXPECT_FALSE(model.database().modified());
   EXPECT_TRUE(model.Ende_Click());
   EXPECT_TRUE(dialogs.questions.empty());
 
@@ -134,7 +134,7 @@ TEST_F(EditingTest, CopyAppendsWithoutMarkingTheDatabase) {
 
 TEST_F(EditingTest, AddCancelAddStartsAFreshSubstance) {
   model.Add_Click();
-  EXPECT_TRUE(model.editing());
+  EXPECT_TRUE(model.editor().editing());
   EXPECT_FALSE(model.editMode());
   EXPECT_EQ(model.editor().nameText(), "New substance");
   EXPECT_EQ(column5(), "0;0;0;0;0;");
@@ -144,10 +144,10 @@ TEST_F(EditingTest, AddCancelAddStartsAFreshSubstance) {
   model.ArtSchadstoffwertCombo_Click(1);
   model.schadstoffwerte_KeyDown('9', false);
   model.Abbrechen_Click();
-  EXPECT_FALSE(model.editing());
+  EXPECT_FALSE(model.editor().editing());
   EXPECT_EQ(model.editor().nameText(), "");
   EXPECT_EQ(names(), "Alpha;Beta;Gamma;Delta;");
-  EXPECT_FALSE(model.databaseModified());
+  EXPECT_FALSE(model.database().modified());
 
   model.Add_Click();
   EXPECT_EQ(model.editor().nameText(), "New substance");
@@ -185,7 +185,7 @@ TEST_F(EditingTest, EditTwoValuesThenDoneThenTheExitAsks) {
 
   EXPECT_FALSE(model.Ende_Click());  // "Done": no question
   EXPECT_TRUE(dialogs.questions.empty());
-  EXPECT_FALSE(model.editing());
+  EXPECT_FALSE(model.editor().editing());
   EXPECT_EQ(model.layout().at(ControlId::Ende).caption, "Exit");
   EXPECT_EQ(names(), "Alpha;Beta (new);Gamma;Delta;");
   EXPECT_EQ(model.substancePosition(), 1);
@@ -198,7 +198,7 @@ TEST_F(EditingTest, EditTwoValuesThenDoneThenTheExitAsks) {
   expectSubstance(3, 3);
   EXPECT_EQ(model.selection().available().size(), 4u);
   EXPECT_EQ(model.selection().workingSet()[1].residue, 1.5);
-  EXPECT_TRUE(model.databaseModified());
+  EXPECT_TRUE(model.database().modified());
 
   EXPECT_TRUE(model.Ende_Click());
   EXPECT_EQ(dialogs.questions, std::vector<std::string>{kSaveQuestion});
@@ -210,10 +210,10 @@ TEST_F(EditingTest, EscapeOnTheGridCancels) {
   model.schadstoffwerte_KeyDown('7', false);
   EXPECT_EQ(model.editor().grid().text(1, 5), "1.17");
   EXPECT_EQ(model.schadstoffwerte_KeyDown(ResidueGrid::kEscape, false), std::nullopt);
-  EXPECT_FALSE(model.editing());
+  EXPECT_FALSE(model.editor().editing());
   EXPECT_FALSE(model.editMode());
   expectSubstance(1, 1);
-  EXPECT_FALSE(model.databaseModified());
+  EXPECT_FALSE(model.database().modified());
   // Outside the editing mode the grid takes no keys.
   model.schadstoffwerte_KeyDown('5', false);
   EXPECT_EQ(model.editor().grid().text(1, 5), "1.17");
@@ -391,7 +391,7 @@ TEST_F(EditingTest, InPlaceEditorsAndTheFlag) {
   model.editor().setGridCursor(1, 5, 2);
   EXPECT_EQ(model.schadstoffwerte_KeyDown(ResidueGrid::kKeyC, true), "4\r\n1.2\r\n");
   // None of this touched the flag, in either state.
-  EXPECT_FALSE(model.databaseModified());
+  EXPECT_FALSE(model.database().modified());
   model.Abbrechen_Click();
   model.Loeschen_Click();
   model.Edit_Click();
@@ -399,7 +399,7 @@ TEST_F(EditingTest, InPlaceEditorsAndTheFlag) {
   model.ArtSchadstoffwertCombo_Click(0);
   model.editor().EingabeSchadstoff_Click();
   model.Abbrechen_Click();
-  EXPECT_TRUE(model.databaseModified());
+  EXPECT_TRUE(model.database().modified());
 }
 
 TEST_F(EditingTest, WhatTheTableCannotHoldIsRefused) {
@@ -409,10 +409,10 @@ TEST_F(EditingTest, WhatTheTableCannotHoldIsRefused) {
   EXPECT_FALSE(model.Ende_Click());
   ASSERT_EQ(dialogs.messages.size(), 1u);
   EXPECT_NE(dialogs.messages[0].find("1000000 mg/kg"), std::string::npos);
-  EXPECT_TRUE(model.editing());  // nothing stored, nothing lost
+  EXPECT_TRUE(model.editor().editing());  // nothing stored, nothing lost
   EXPECT_TRUE(model.editor().grid().marked(2, 5));
   expectSubstance(1, 1);
-  EXPECT_FALSE(model.databaseModified());
+  EXPECT_FALSE(model.database().modified());
   model.editor().EingabeSchadstoff_Paste("1000000\r\n");
   ASSERT_TRUE(model.leaveEditing());
   EXPECT_EQ(model.table().residue(1, 2), 1000000);
@@ -425,7 +425,7 @@ TEST_F(EditingTest, WhatTheTableCannotHoldIsRefused) {
   dialogs.messages.clear();
   model.Add_Click();
   model.Kopieren_Click();
-  EXPECT_FALSE(model.editing());
+  EXPECT_FALSE(model.editor().editing());
   EXPECT_EQ(model.table().substanceCount(), ComponentTable::kMaxSubstances);
   EXPECT_EQ(dialogs.messages.size(), 2u);
   model.Edit_Click();
@@ -484,7 +484,7 @@ TEST_F(EditingTest, ASaveWhileAddingStoresTheNewSubstanceOnce) {
   model.editor().EingabeSchadstoff_Paste("0.5\r\n");
   model.save();
   ASSERT_EQ(model.table().substanceCount(), substances + 1);
-  EXPECT_TRUE(model.editing() && model.editMode());
+  EXPECT_TRUE(model.editor().editing() && model.editMode());
   EXPECT_EQ(model.substanceName(), "Added");
   model.editor().setGridCursor(1, 5, 1);
   model.editor().EingabeSchadstoff_Paste("0.75\r\n");
@@ -513,14 +513,14 @@ TEST(SaveWhileEditing, TakesTheGridOverAfterWriting) {
 
   model.save();  // outside editing: the file, nothing appended
   EXPECT_EQ(model.table().substanceCount(), substances);
-  EXPECT_FALSE(model.databaseModified());
+  EXPECT_FALSE(model.database().modified());
 
   model.Edit_Click();
   model.editor().setGridCursor(1, 5, 1);
   model.editor().EingabeSchadstoff_Paste("7.25\r\n");
   model.save();
-  EXPECT_TRUE(model.editing());
-  EXPECT_TRUE(model.databaseModified());
+  EXPECT_TRUE(model.editor().editing());
+  EXPECT_TRUE(model.database().modified());
   EXPECT_EQ(model.table().residue(1, 1), 7.25);
   EXPECT_EQ(readComponentTable(file).residue(1, 1), before);
   EXPECT_TRUE(dialogs.messages.empty());

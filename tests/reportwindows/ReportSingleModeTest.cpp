@@ -26,7 +26,7 @@ class SingleModeTest : public ReportWindowTest {
     ReportWindowTest::SetUp();
     model.selection().alle_rein();
     model.Optimierung_Click();
-    ASSERT_TRUE(model.reportButtonVisible());
+    ASSERT_TRUE(model.visible(ControlId::ReportButton));
   }
   // Opens the report as the "Report" button does and runs body while it is on screen.
   void withReport(const std::function<void()>& body) {
