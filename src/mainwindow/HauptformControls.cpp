@@ -281,7 +281,7 @@ void Hauptform::applyLayout() {
 // The hand from harrow.cur in the input folder, over the controls and at the times the rules
 // say; lists and the grid take it on their viewport, where the mouse is.
 std::function<QString()> Hauptform::cursorFile() const {
-  return [this] { return QString::fromStdString(m_model->inputFolder() + "/harrow.cur"); };
+  return [this] { return QString::fromStdString(m_model->database().folder() + "/harrow.cur"); };
 }
 
 void Hauptform::useHandPointers() {
