@@ -48,10 +48,11 @@ QTableWidget* makeGrid(QWidget* parent, int columns) {
 }
 
 // The grid's width shared among its columns, the text columns wider.
-void shareWidth(QTableWidget* grid, const std::vector<int>& weights) {
+// The grid spans the window: its width follows the window's before the layout has placed it.
+void shareWidth(QTableWidget* grid, const std::vector<int>& weights, int windowWidth) {
   int total = 0;
   for (int w : weights) total += w;
-  const int width = grid->viewport()->width();
+  const int width = windowWidth - 60;
   for (int c = 0; c < grid->columnCount(); ++c)
     grid->setColumnWidth(c, std::max(40, width * weights[c] / total));
 }
@@ -175,7 +176,7 @@ void Komponentenliste::showMarks() {
 
 void Komponentenliste::resizeEvent(QResizeEvent* event) {
   QDialog::resizeEvent(event);
-  shareWidth(m_grid, {14, 14, 16, 8, 8, 8, 7, 11, 11});
+  shareWidth(m_grid, {16, 14, 16, 8, 8, 8, 7, 11, 11}, width());
 }
 
 // The grid's current cell and the other corner of its selection, in the editor's rows.
@@ -386,7 +387,7 @@ Futterkomponenten::Futterkomponenten(const ComponentTable& table, int substance,
   page->addLayout(top);
   page->addWidget(m_grid, 1);
   page->addLayout(buttons);
-  resize(1200, 560);
+  resize(1080, 560);
 
   QStringList headers;
   for (const std::string& header : m_rows[0]) headers << qtext(header);
@@ -405,7 +406,7 @@ Futterkomponenten::Futterkomponenten(const ComponentTable& table, int substance,
 
 void Futterkomponenten::resizeEvent(QResizeEvent* event) {
   QDialog::resizeEvent(event);
-  shareWidth(m_grid, {12, 20, 8, 8, 8, 7, 10, 10, 10, 10});
+  shareWidth(m_grid, {14, 24, 8, 8, 8, 7, 10, 10, 10, 10}, width());
 }
 
 void Futterkomponenten::Go3_Click() {
