@@ -134,6 +134,22 @@ TEST_F(ComponentEditorTest, DeletionKeepsResiduesWithTheirComponents) {
   }
 }
 
+TEST_F(ComponentEditorTest, TwoDeletionsBeforeTheReadBack) {
+  ComponentEditor editor(table);
+  editor.setCursor(4, 1);
+  editor.Loeschen();
+  editor.setCursor(2, 1);
+  editor.Loeschen();
+  ASSERT_EQ(editor.readBack(), 0);
+  ASSERT_EQ(table.componentCount(), 3);
+  const double residues[] = {1, 3, 5};
+  for (int i = 1; i <= 3; ++i) {
+    EXPECT_EQ(table.residue(1, i), residues[i - 1]);
+    EXPECT_EQ(table.component(i).ifnCode, "4-0" + std::to_string(2 * i - 1));
+  }
+  EXPECT_EQ(table.residue(2, 2), 0.75);
+}
+
 TEST_F(ComponentEditorTest, DeletingTheLastRowAndNewRecordsMix) {
   ComponentEditor editor(table);
   editor.Neuer_Datensatz();
@@ -261,6 +277,8 @@ TEST_F(ComponentEditorTest, SearchMarksTextColumnsOnly) {
   EXPECT_TRUE(editor.marked(3, 3));
   EXPECT_FALSE(editor.marked(4, 3));
   EXPECT_FALSE(editor.marked(3, 2));
+  editor.search("2.5");  // every CL cell holds it, but numbers are not searched
+  for (int r = 1; r <= 5; ++r) EXPECT_FALSE(editor.marked(r, 5));
   // Search hits do not keep "Done" from closing.
   EXPECT_TRUE(editor.Fertig());
 }
