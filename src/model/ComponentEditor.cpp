@@ -83,7 +83,6 @@ void ComponentEditor::setCursor(int row, int column, int rowEnd, int columnEnd) 
 ComponentEditor::GridEditor ComponentEditor::cellClicked() {
   if (m_column == 0) return GridEditor::CategoryChooser;
   m_edit = cell(m_row, m_column);
-  m_modified = false;
   return GridEditor::EditBox;
 }
 
@@ -99,7 +98,6 @@ void ComponentEditor::chooseCategory(int item) {
   const int from = std::min(m_row, m_rowEnd);
   const int to = std::max(m_row, m_rowEnd);
   for (int r = std::max(from, 1); r <= to; ++r) m_rows[r][0] = kComponentCategories[item];
-  m_modified = false;
 }
 
 bool ComponentEditor::editKeyPress(int key) {
@@ -132,7 +130,6 @@ void ComponentEditor::editClick() {
   for (int r = rowFrom; r <= rowTo; ++r) {
     for (int c = columnFrom; c <= columnTo; ++c) m_rows[r][c] = m_edit;
   }
-  m_modified = false;
 }
 
 bool ComponentEditor::gridKeyDown(int key) {

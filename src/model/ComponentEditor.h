@@ -82,7 +82,8 @@ class ComponentEditor {
   // The read-back of "Save": deletions, new rows and every cell's value go into the table; the
   // number of cells marked as failing a check.
   int readBack();
-  // "Done": true when the window closes; false when "Please check your changes." is due.
+  // "Done": true when the window closes; false when "Please check your changes." is due. Only
+  // "Done" marks the database modified; editing cells and "Save" leave the flag as it is.
   bool Fertig();
   bool databaseModified() const { return m_modified; }
 
