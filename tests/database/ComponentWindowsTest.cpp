@@ -114,21 +114,6 @@ TEST_F(ComponentWindowsTest, NewRecordDeleteAndCancel) {
   }
   EXPECT_EQ(table.componentCount(), 5);
   EXPECT_EQ(table.component(3).crop, "C");
-
-  Komponentenliste window(table, dialogs);
-  window.show();
-  auto* grid = child<QTableWidget>(window, "Kompomenteneigenschaften");
-  grid->setCurrentCell(2, 1);
-  dialogs.answers = {true};
-  click(window, "Loeschen");
-  click(window, "Neuer_Datensatz");
-  click(window, "Fertig");
-  ASSERT_EQ(table.componentCount(), 5);
-  EXPECT_EQ(table.component(3).crop, "D");
-  EXPECT_EQ(table.residue(1, 3), 0);
-  EXPECT_EQ(table.residue(1, 4), 5);
-  EXPECT_EQ(table.component(5).crop, "new crop");
-  EXPECT_EQ(table.component(5).dm, 100);
 }
 
 TEST_F(ComponentWindowsTest, GridKeysCategoryCopyAndSearch) {
