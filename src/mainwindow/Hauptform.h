@@ -108,6 +108,8 @@ class Hauptform : public QMainWindow {
   void exit_Click();
   void restore_Click();
   void help_Click();
+  void MenuFischfutter_Click();  // the component editor
+  void Command1_Click();         // the component overview
   void showAbout(bool modal);
   void showInformation(InformationImage image);
   // Everything the model may have changed: lists, options, result and layout.

@@ -194,7 +194,8 @@ void Hauptform::buildMenus() {
   buildAllOptionsEntry(program);
   QMenu* edit = menuBar()->addMenu("&Edit");
   edit->setObjectName(controlName(C::MenuEdit));
-  item(edit, "MenuFischfutter", "&Feed components");
+  connect(item(edit, "MenuFischfutter", "&Feed components"), &QAction::triggered, this,
+          &Hauptform::MenuFischfutter_Click);
   edit->menuAction()->setObjectName(controlName(C::MenuEdit));
   m_menuItems[index(C::MenuEdit)] = edit->menuAction();
   QMenu* info = menuBar()->addMenu("?");
@@ -218,6 +219,7 @@ void Hauptform::connectControls() {
   onClick(C::Optimierung2, &Hauptform::Optimierung2_Click);
   onClick(C::ReportButton, &Hauptform::ReportButton_Click);
   onClick(C::Ende, &Hauptform::exit_Click);
+  onClick(C::Command1, &Hauptform::Command1_Click);
   connect(control<QAbstractButton>(C::Image1), &QAbstractButton::clicked, this,
           [this] { showAbout(false); });
   const std::pair<ControlId, InformationImage> images[] = {

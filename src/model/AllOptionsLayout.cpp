@@ -38,6 +38,8 @@ void showAllOptions(MainWindowLayout& layout) {
   place(layout, C::Check4, 11280, 4740, 3735, 495);
   place(layout, C::Check5, 11280, 5280, 3735, 495);
   place(layout, C::Optimierung2, 15540, 4920, 1995, 615);
+  // The component editor belongs to the full set of tools as well.
+  layout.show({C::MenuEdit});
 }
 
 void hideAllOptions(MainWindowLayout& layout) {
@@ -53,7 +55,7 @@ void hideAllOptions(MainWindowLayout& layout) {
     state.enabled = from.enabled;
   }
   // Start-up hides the caption that the design shows.
-  layout.hide({C::FischmehlCaption});
+  layout.hide({C::FischmehlCaption, C::MenuEdit});
 }
 
 void resetHiddenOptions(WindowOptions& options) {

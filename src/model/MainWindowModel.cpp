@@ -173,6 +173,17 @@ bool MainWindowModel::Ende_Click() {
   return m_database.saveBeforeExit(m_decimalSeparator);
 }
 
+ComponentTable& MainWindowModel::beginComponentEditing() {
+  Ergebnis_ausblenden();
+  return m_database.table();
+}
+
+void MainWindowModel::endComponentEditing(bool done) {
+  if (done) m_database.markModified();
+  Futterliste_aktualisieren();
+  Ergebnis_ausblenden();
+}
+
 void MainWindowModel::restore() {
   if (!m_database.restore()) return;
   m_substance = 0;

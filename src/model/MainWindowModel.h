@@ -54,6 +54,11 @@ class MainWindowModel {
   const std::vector<FishSpecies>& speciesTable() const { return m_speciesTable; }
   const std::vector<FishMealGrade>& fishmealTable() const { return m_fishmealTable; }
 
+  // The component editor works on the table itself: the result is withdrawn before it opens;
+  // after it closed (done: by "Done") the lists are rebuilt from the table.
+  ComponentTable& beginComponentEditing();
+  void endComponentEditing(bool done);
+
   // Substance list.
   int substancePosition() const { return m_substance; }
   std::string substanceName() const;

@@ -18,9 +18,19 @@ constexpr int kKeypadDecimal = 110;
 constexpr int kCommaKey = 188;
 constexpr int kPeriodKey = 190;
 
+// Where the character before pos starts, so that Backspace never splits a UTF-8 sequence.
+std::size_t previousCharacter(std::string_view text, std::size_t pos) {
+  if (pos == 0) return 0;
+  --pos;
+  while (pos > 0 && (static_cast<unsigned char>(text[pos]) & 0xC0) == 0x80) --pos;
+  return pos;
+}
+
+}  // namespace
+
 // Lower case for ASCII and the Latin-1 capitals (UTF-8 C3 80 to C3 9E, without the
 // multiplication sign), which keeps every byte count as it is.
-std::string folded(std::string_view text) {
+std::string searchFold(std::string_view text) {
   std::string out(text);
   for (std::size_t k = 0; k < out.size(); ++k) {
     const auto c = static_cast<unsigned char>(out[k]);
@@ -34,16 +44,6 @@ std::string folded(std::string_view text) {
   }
   return out;
 }
-
-// Where the character before pos starts, so that Backspace never splits a UTF-8 sequence.
-std::size_t previousCharacter(std::string_view text, std::size_t pos) {
-  if (pos == 0) return 0;
-  --pos;
-  while (pos > 0 && (static_cast<unsigned char>(text[pos]) & 0xC0) == 0x80) --pos;
-  return pos;
-}
-
-}  // namespace
 
 void BasisCopy::copyAll() {
   m_set.clear();
@@ -110,7 +110,7 @@ void ResidueGrid::reset(std::vector<std::array<std::string, kColumns>> rows) {
   m_folded.resize(m_cells.size() * kSearchColumns);
   for (std::size_t r = 1; r < m_cells.size(); ++r) {
     for (int c = 0; c < kSearchColumns; ++c)
-      m_folded[r * kSearchColumns + static_cast<std::size_t>(c)] = folded(m_cells[r][c]);
+      m_folded[r * kSearchColumns + static_cast<std::size_t>(c)] = searchFold(m_cells[r][c]);
   }
   m_editText.clear();
   m_editStart = m_editLength = 0;
@@ -159,7 +159,7 @@ bool ResidueGrid::marked(int row, int column) const {
 void ResidueGrid::setText(int row, int column, std::string text) {
   if (column < kSearchColumns) {
     m_folded[static_cast<std::size_t>(row) * kSearchColumns + static_cast<std::size_t>(column)] =
-        folded(text);
+        searchFold(text);
   }
   m_cells[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)] = std::move(text);
 }
@@ -312,7 +312,7 @@ std::string ResidueGrid::copyText() const {
 }
 
 void ResidueGrid::search(std::string_view text) {
-  const std::string needle = folded(text);
+  const std::string needle = searchFold(text);
   for (std::size_t r = 1; r < m_cells.size(); ++r) {
     for (std::size_t c = 0; c < kSearchColumns; ++c) {
       const std::string& cell = m_folded[r * kSearchColumns + c];

@@ -12,6 +12,9 @@
 
 namespace pescavo {
 
+// Lower case for the searches: ASCII and the Latin-1 capitals, every byte count kept.
+std::string searchFold(std::string_view text);
+
 // A rectangle in twips.
 struct TwipsRect {
   int left = 0;

@@ -92,7 +92,8 @@ void MainWindowModel::showEditingLayout() {
                  C::Edit,      C::Add,        C::Command1,     C::Loeschen,     C::Kopieren,
                  C::Fischmehl, C::Check1,     C::Check2,       C::Check4,       C::Check5,
                  C::MinMax,    C::Fischarten, C::Fischfutter1, C::Fischfutter2, C::Label1,
-                 C::Label31,   C::alle_rein,  C::alle_raus,    C::Rein,         C::raus});
+                 C::Label31,   C::alle_rein,  C::alle_raus,    C::Rein,         C::raus,
+                 C::MenuEdit});
   Ergebnis_ausblenden();
   if (m_simpleMode || m_allOptions) m_layout.hide({C::FischmehlCaption});
   m_layout.show(

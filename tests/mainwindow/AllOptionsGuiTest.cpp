@@ -12,6 +12,7 @@
 #include <QSettings>
 #include <QTableWidget>
 #include <QTextEdit>
+#include <QTimer>
 #include <functional>
 
 #include "HauptformFixture.h"
@@ -136,6 +137,42 @@ TEST_F(AllOptionsGuiTest, TheSweepOpensTheScenarioTable) {
   EXPECT_TRUE(find<QCheckBox>("Check2")->isChecked());
   EXPECT_TRUE(find<QCheckBox>("Check5")->isChecked());
   EXPECT_FALSE(find<QCheckBox>("Check1")->isChecked() || find<QCheckBox>("Check4")->isChecked());
+}
+
+// The switch shows "&Edit"; the editor it opens changes the table, and the main window's lists
+// follow it once "Done" closed the editor.
+TEST_F(AllOptionsGuiTest, TheEditMenuOpensTheComponentEditor) {
+  ASSERT_TRUE(start());
+  QAction* edit = window->findChild<QAction*>("MenuEdit");
+  EXPECT_FALSE(edit->isVisible());
+  allOptions()->trigger();
+  EXPECT_TRUE(edit->isVisible());
+  const int available = find<QListWidget>("Fischfutter1")->count();
+  const int components = window->model().table().componentCount();
+  QTimer::singleShot(0, [&] {
+    QWidget* editor = QApplication::activeModalWidget();
+    ASSERT_NE(editor, nullptr);
+    EXPECT_EQ(editor->objectName(), "Komponentenliste");
+    auto* grid = editor->findChild<QTableWidget*>("Kompomenteneigenschaften");
+    grid->setCurrentCell(0, 1);
+    dialogs.answers = {true};
+    editor->findChild<QPushButton*>("Loeschen")->click();
+    editor->findChild<QPushButton*>("Fertig")->click();
+  });
+  window->findChild<QAction*>("MenuFischfutter")->trigger();
+  EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+  EXPECT_EQ(window->model().table().componentCount(), components - 1);
+  // The first component carried residues of the first substance, so the list lost it.
+  EXPECT_EQ(find<QListWidget>("Fischfutter1")->count(), available - 1);
+
+  QTimer::singleShot(0, [&] {
+    QWidget* overview = QApplication::activeModalWidget();
+    ASSERT_NE(overview, nullptr);
+    EXPECT_EQ(overview->findChild<QTableWidget*>()->rowCount(), available - 1);
+    overview->findChild<QPushButton*>("Fertig")->click();
+  });
+  find<QPushButton>("Command1")->click();
+  EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
 }
 
 }  // namespace

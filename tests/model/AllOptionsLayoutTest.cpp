@@ -102,15 +102,18 @@ TEST_F(AllOptionsTest, OnShowsAndEnablesTheHiddenOptionsInTheFullLayoutOnly) {
     EXPECT_TRUE(model.visible(id)) << controlName(id);
     EXPECT_TRUE(model.enabled(id)) << controlName(id);
   }
-  // The hidden choosers follow the option buttons, and the component editor is not there yet.
-  for (ControlId id : {C::MinMax, C::Fischarten, C::MenuEdit})
+  // The hidden choosers follow the option buttons; the component editor's menu comes too.
+  for (ControlId id : {C::MinMax, C::Fischarten})
     EXPECT_FALSE(model.visible(id)) << controlName(id);
+  EXPECT_TRUE(model.visible(C::MenuEdit));
 
   // While a substance is edited they give way to the grid, and come back after it.
   model.Add_Click();
   for (ControlId id : kRevealed) EXPECT_FALSE(shown(id)) << controlName(id);
+  EXPECT_FALSE(model.visible(C::MenuEdit));
   model.Abbrechen_Click();
   for (ControlId id : kRevealed) EXPECT_TRUE(model.visible(id)) << controlName(id);
+  EXPECT_TRUE(model.visible(C::MenuEdit));
 
   load(true);
   for (ControlId id : {C::Frame1, C::Check2, C::Check1, C::Optimierung2})

@@ -1,0 +1,199 @@
+#include <gtest/gtest.h>
+
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTableWidget>
+#include <QTest>
+
+#include "ScriptedDialogs.h"
+#include "database/ComponentWindows.h"
+
+namespace pescavo {
+namespace {
+
+// Five components A..E with residues of substance Alpha on all but D.
+class ComponentWindowsTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    table.addSubstance("Alpha");
+    table.addSubstance("Beta");
+    const char* crops[] = {"A", "B", "C", "D", "E"};
+    for (int i = 1; i <= 5; ++i) {
+      table.addComponent(
+          {"Fat", crops[i - 1], i == 3 ? "Olive oil" : "meal", "4-0", 10.0 + i, 2, 90, 30, 20});
+      table.setResidue(1, i, i == 4 ? 0 : i);
+    }
+  }
+  template <typename T>
+  static T* child(QWidget& window, const char* name) {
+    T* widget = window.findChild<T*>(name);
+    EXPECT_NE(widget, nullptr) << name;
+    return widget;
+  }
+  static void click(QWidget& window, const char* name) {
+    QTest::mouseClick(child<QPushButton>(window, name), Qt::LeftButton);
+  }
+  // A click on the grid cell, as the user does it.
+  static void clickCell(QTableWidget* grid, int row, int column) {
+    grid->setCurrentCell(row, column);
+    const QRect cell = grid->visualItemRect(grid->item(row, column));
+    QTest::mouseClick(grid->viewport(), Qt::LeftButton, {}, cell.center());
+  }
+  static bool green(QTableWidget* grid, int row, int column) {
+    return grid->item(row, column)->background().color() == QColor(0, 255, 0);
+  }
+
+  ComponentTable table;
+  ScriptedDialogs dialogs;
+};
+
+TEST_F(ComponentWindowsTest, EditBoxEnterTabAndChecksKeepTheWindowOpen) {
+  Komponentenliste window(table, dialogs);
+  window.show();
+  auto* grid = child<QTableWidget>(window, "Kompomenteneigenschaften");
+  auto* edit = child<QLineEdit>(window, "EingabeText");
+  ASSERT_EQ(grid->rowCount(), 5);
+  EXPECT_EQ(grid->item(0, 4)->text(), " 11");
+
+  clickCell(grid, 0, 4);
+  ASSERT_TRUE(edit->isVisible());
+  EXPECT_EQ(edit->text(), " 11");
+  edit->clear();
+  QTest::keyClicks(edit, "6x0");  // the letter is dropped in a number column
+  EXPECT_EQ(edit->text(), "60");
+  QTest::keyClick(edit, Qt::Key_Tab);
+  EXPECT_EQ(grid->item(0, 4)->text(), "60");
+  EXPECT_EQ(grid->currentColumn(), 5);
+  EXPECT_TRUE(edit->isVisible());
+  edit->setText("41");
+  QTest::keyClick(edit, Qt::Key_Return);
+  EXPECT_EQ(grid->item(0, 5)->text(), "41");
+  EXPECT_EQ(grid->currentRow(), 1);
+  EXPECT_EQ(edit->text(), " 2");
+
+  click(window, "Fertig");
+  EXPECT_EQ(dialogs.messages, std::vector<std::string>{"Please check your changes."});
+  EXPECT_TRUE(window.isVisible());
+  EXPECT_TRUE(green(grid, 0, 4));
+  EXPECT_TRUE(green(grid, 0, 5));
+  EXPECT_FALSE(green(grid, 0, 6));
+
+  clickCell(grid, 0, 5);
+  edit->setText("40");
+  QTest::keyClick(edit, Qt::Key_Return);
+  click(window, "Fertig");
+  EXPECT_EQ(dialogs.messages.size(), 1u);
+  EXPECT_FALSE(window.isVisible());
+  EXPECT_EQ(window.result(), QDialog::Accepted);
+  EXPECT_EQ(table.component(1).cp, 60);
+  EXPECT_EQ(table.component(1).cl, 40);
+}
+
+TEST_F(ComponentWindowsTest, NewRecordDeleteAndCancel) {
+  {
+    Komponentenliste window(table, dialogs);
+    window.show();
+    auto* grid = child<QTableWidget>(window, "Kompomenteneigenschaften");
+    grid->setCurrentCell(2, 1);
+    dialogs.answers = {false, true};
+    click(window, "Loeschen");
+    EXPECT_EQ(grid->rowCount(), 5);
+    click(window, "Loeschen");
+    EXPECT_EQ(dialogs.questions.back(), "Do you really want to delete the selected record?");
+    ASSERT_EQ(grid->rowCount(), 4);
+    EXPECT_EQ(grid->item(2, 1)->text(), "D");
+    EXPECT_EQ(grid->currentRow(), 2);
+    click(window, "Neuer_Datensatz");
+    ASSERT_EQ(grid->rowCount(), 5);
+    EXPECT_EQ(grid->item(4, 1)->text(), "new crop");
+    EXPECT_EQ(grid->currentRow(), 4);
+    EXPECT_EQ(grid->currentColumn(), 8);
+    click(window, "Abbrechen");
+    EXPECT_EQ(window.result(), QDialog::Rejected);
+  }
+  EXPECT_EQ(table.componentCount(), 5);
+  EXPECT_EQ(table.component(3).crop, "C");
+}
+
+TEST_F(ComponentWindowsTest, GridKeysCategoryCopyAndSearch) {
+  Komponentenliste window(table, dialogs);
+  window.show();
+  auto* grid = child<QTableWidget>(window, "Kompomenteneigenschaften");
+  auto* category = child<QComboBox>(window, "KategorieCombo");
+  ASSERT_EQ(category->count(), 5);
+
+  grid->setFocus();
+  grid->setCurrentCell(1, 6);
+  QTest::keyClick(grid, Qt::Key_Delete);
+  QTest::keyClick(grid, Qt::Key_8);
+  QTest::keyClick(grid, Qt::Key_Comma);
+  QTest::keyClick(grid, Qt::Key_5, Qt::KeypadModifier);
+  EXPECT_EQ(grid->item(1, 6)->text(), "8.5");
+  grid->setCurrentCell(1, 1);
+  QTest::keyClicks(grid, "x");
+  EXPECT_EQ(grid->item(1, 1)->text(), "Bx");
+
+  clickCell(grid, 3, 0);
+  ASSERT_TRUE(category->isVisible());
+  EXPECT_EQ(category->currentText(), "Fat");
+  category->setCurrentIndex(3);
+  emit category->activated(3);
+  EXPECT_EQ(grid->item(3, 0)->text(), "Forages/Fodders");
+  EXPECT_FALSE(category->isVisible());
+
+  click(window, "Command1");
+  EXPECT_EQ(std::count(dialogs.clipboard.begin(), dialogs.clipboard.end(), '\n'), 6);
+  EXPECT_EQ(std::count(dialogs.clipboard.begin(), dialogs.clipboard.end(), '\t'), 6 * 8);
+
+  auto* search = child<QLineEdit>(window, "Suche2");
+  search->setText("OLIVE");
+  QTest::keyClick(search, Qt::Key_Return);
+  for (int r = 0; r < 5; ++r)
+    for (int c = 0; c < 9; ++c) EXPECT_EQ(green(grid, r, c), r == 2 && c == 2) << r << "," << c;
+
+  QTest::keyClick(grid, Qt::Key_Escape);
+  EXPECT_EQ(window.result(), QDialog::Rejected);
+  EXPECT_EQ(table.component(2).crop, "B");
+}
+
+TEST_F(ComponentWindowsTest, OverviewShowsTheAvailableComponents) {
+  Futterkomponenten window(table, 1, '.', dialogs);
+  window.show();
+  auto* grid = child<QTableWidget>(window, "Kompomenteneigenschaften");
+  auto* substances = child<QComboBox>(window, "SchadstoffCombo");
+  EXPECT_FALSE(substances->isEnabled());
+  EXPECT_EQ(substances->currentText(), "Alpha");
+  ASSERT_EQ(grid->rowCount(), 4);
+  EXPECT_EQ(grid->item(2, 1)->text(), "C (Olive oil)");
+  EXPECT_EQ(grid->item(2, 8)->text(), " STMR");
+
+  auto* search = child<QLineEdit>(window, "Suche3");
+  search->setText("meal");
+  QTest::keyClick(search, Qt::Key_Return);
+  for (int r = 0; r < 4; ++r)
+    for (int c = 0; c < 10; ++c) EXPECT_EQ(green(grid, r, c), c == 1 && r != 2) << r << "," << c;
+
+  click(window, "Command2");
+  EXPECT_EQ(std::count(dialogs.clipboard.begin(), dialogs.clipboard.end(), '\n'), 5);
+  click(window, "Fertig");
+  EXPECT_FALSE(window.isVisible());
+
+  Futterkomponenten empty(table, 2, '.', dialogs);
+  EXPECT_EQ(child<QTableWidget>(empty, "Kompomenteneigenschaften")->rowCount(), 0);
+  EXPECT_EQ(child<QComboBox>(empty, "SchadstoffCombo")->currentText(), "Beta");
+}
+
+TEST_F(ComponentWindowsTest, EveryControlHasAnAccessibleName) {
+  Komponentenliste editor(table, dialogs);
+  Futterkomponenten overview(table, 1, '.', dialogs);
+  for (QWidget* window : {static_cast<QWidget*>(&editor), static_cast<QWidget*>(&overview)}) {
+    for (QWidget* w : window->findChildren<QWidget*>()) {
+      if (w->objectName().isEmpty() || w->objectName().startsWith("qt_")) continue;
+      EXPECT_FALSE(w->accessibleName().isEmpty()) << w->objectName().toStdString();
+    }
+  }
+}
+
+}  // namespace
+}  // namespace pescavo

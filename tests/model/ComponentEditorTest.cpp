@@ -1,0 +1,325 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <string>
+
+#include "model/ComponentEditor.h"
+
+namespace pescavo {
+namespace {
+
+// Five components A..E; substance 1 holds residues 1..5 with STMR-P on the even ones,
+// substance 2 holds a residue on C only.
+class ComponentEditorTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    table.addSubstance("Alpha");
+    table.addSubstance("Beta");
+    const char* crops[] = {"A", "B", "C", "D", "E"};
+    for (int i = 1; i <= 5; ++i) {
+      table.addComponent(
+          {"Fat", crops[i - 1], "oil", "4-0" + std::to_string(i), 10.0 + i, 2.5, 90, 30, 20});
+      table.setResidue(1, i, i);
+      table.setBasis(1, i, static_cast<std::int16_t>(i % 2 == 0));
+    }
+    table.setResidue(2, 3, 0.75);
+  }
+  // Types text into a cell through the edit box and Enter, as the window does.
+  void type(ComponentEditor& editor, int row, int column, const std::string& text) {
+    editor.setCursor(row, column);
+    ASSERT_EQ(editor.cellClicked(), ComponentEditor::GridEditor::EditBox);
+    editor.setEditText(text);
+    editor.editEnter();
+  }
+
+  ComponentTable table;
+};
+
+TEST_F(ComponentEditorTest, ShowsNineColumnsWithLeadingBlanks) {
+  table.component(2).cp = 12.25;
+  ComponentEditor editor(table);
+  ASSERT_EQ(editor.rowCount(), 6);
+  EXPECT_EQ(editor.cell(0, 4), "CP(%) of DM");
+  EXPECT_EQ(editor.cell(0, 8), "Trout (max % of diet)");
+  EXPECT_EQ(editor.cell(2, 0), "Fat");
+  EXPECT_EQ(editor.cell(2, 1), "B");
+  EXPECT_EQ(editor.cell(2, 3), " 4-02");
+  EXPECT_EQ(editor.cell(2, 4), " 12.25");
+  EXPECT_EQ(editor.cell(2, 5), " 2.5");
+  EXPECT_EQ(editor.cell(2, 8), " 20");
+}
+
+TEST_F(ComponentEditorTest, ReadBackChecksAgainstOneHundred) {
+  ComponentEditor editor(table);
+  type(editor, 1, 4, "60");
+  type(editor, 1, 5, "40");
+  type(editor, 2, 6, "100");
+  EXPECT_TRUE(editor.Fertig());
+  EXPECT_TRUE(editor.databaseModified());
+  EXPECT_EQ(table.component(1).cp, 60);
+  EXPECT_EQ(table.component(1).cl, 40);
+
+  ComponentEditor second(table);
+  type(second, 1, 5, "41");
+  type(second, 3, 6, "100.5");
+  type(second, 4, 7, "101");
+  type(second, 5, 8, "abc");  // reads as 0, which passes
+  EXPECT_FALSE(second.Fertig());
+  EXPECT_FALSE(second.databaseModified());
+  EXPECT_TRUE(second.marked(1, 4));
+  EXPECT_TRUE(second.marked(1, 5));
+  EXPECT_TRUE(second.marked(3, 6));
+  EXPECT_TRUE(second.marked(4, 7));
+  EXPECT_FALSE(second.marked(5, 8));
+  EXPECT_FALSE(second.marked(2, 4));
+  EXPECT_EQ(second.markCount(), 4);
+  // Stored as read, also where a check failed.
+  EXPECT_EQ(table.component(1).cl, 41);
+  EXPECT_EQ(table.component(3).dm, 100.5);
+  EXPECT_EQ(table.component(5).maxTrout, 0);
+
+  // A value the file could not hold (negative) is marked too; fixing all clears the marks.
+  type(second, 1, 5, "40");
+  type(second, 3, 6, "100");
+  type(second, 4, 7, "-1");
+  EXPECT_EQ(second.readBack(), 1);
+  EXPECT_TRUE(second.marked(4, 7));
+  type(second, 4, 7, "1E2");
+  EXPECT_TRUE(second.Fertig());
+  EXPECT_EQ(second.markCount(), 0);
+}
+
+TEST_F(ComponentEditorTest, NewRecordThenDone) {
+  ComponentEditor editor(table);
+  ASSERT_TRUE(editor.Neuer_Datensatz());
+  EXPECT_EQ(editor.currentRow(), 6);
+  EXPECT_EQ(editor.currentColumn(), 8);
+  EXPECT_EQ(table.componentCount(), 5);  // only the read-back adds it
+  ASSERT_TRUE(editor.Fertig());
+  ASSERT_EQ(table.componentCount(), 6);
+  const FeedComponent& c = table.component(6);
+  EXPECT_EQ(c.category, "By-Products");
+  EXPECT_EQ(c.crop, "new crop");
+  EXPECT_EQ(c.commodity, "new commodity");
+  EXPECT_EQ(c.ifnCode, "IFN Code");
+  EXPECT_EQ(c.cp, 0);
+  EXPECT_EQ(c.cl, 0);
+  EXPECT_EQ(c.dm, 100);
+  EXPECT_EQ(c.maxCarp, 100);
+  EXPECT_EQ(c.maxTrout, 100);
+  EXPECT_EQ(table.residue(1, 6), 0);
+  EXPECT_EQ(table.basis(1, 6), 0);
+}
+
+TEST_F(ComponentEditorTest, DeletionKeepsResiduesWithTheirComponents) {
+  ComponentEditor editor(table);
+  editor.setCursor(3, 2);
+  ASSERT_TRUE(editor.Loeschen());
+  EXPECT_EQ(editor.currentRow(), 3);  // D moved into the place
+  EXPECT_EQ(editor.cell(3, 1), "D");
+  EXPECT_EQ(table.componentCount(), 5);  // not before the read-back
+  ASSERT_TRUE(editor.Fertig());
+  ASSERT_EQ(table.componentCount(), 4);
+  const char* crops[] = {"A", "B", "D", "E"};
+  const double residues[] = {1, 2, 4, 5};
+  for (int i = 1; i <= 4; ++i) {
+    SCOPED_TRACE(i);
+    EXPECT_EQ(table.component(i).crop, crops[i - 1]);
+    EXPECT_EQ(table.residue(1, i), residues[i - 1]);
+    EXPECT_EQ(table.basis(1, i), static_cast<int>(residues[i - 1]) % 2 == 0 ? 1 : 0);
+    EXPECT_EQ(table.residue(2, i), 0);  // C's residue of Beta left with C
+    EXPECT_EQ(table.component(i).ifnCode,
+              "4-0" + std::to_string(static_cast<int>(residues[i - 1])));
+  }
+}
+
+TEST_F(ComponentEditorTest, TwoDeletionsBeforeTheReadBack) {
+  ComponentEditor editor(table);
+  editor.setCursor(4, 1);
+  editor.Loeschen();
+  editor.setCursor(2, 1);
+  editor.Loeschen();
+  ASSERT_EQ(editor.readBack(), 0);
+  ASSERT_EQ(table.componentCount(), 3);
+  const double residues[] = {1, 3, 5};
+  for (int i = 1; i <= 3; ++i) {
+    EXPECT_EQ(table.residue(1, i), residues[i - 1]);
+    EXPECT_EQ(table.component(i).ifnCode, "4-0" + std::to_string(2 * i - 1));
+  }
+  EXPECT_EQ(table.residue(2, 2), 0.75);
+}
+
+TEST_F(ComponentEditorTest, DeletingTheLastRowAndNewRecordsMix) {
+  ComponentEditor editor(table);
+  editor.Neuer_Datensatz();
+  editor.setCursor(6, 1);
+  editor.Loeschen();  // the new record again
+  EXPECT_EQ(editor.currentRow(), 5);
+  editor.setCursor(1, 0);
+  editor.Loeschen();
+  editor.Neuer_Datensatz();
+  ASSERT_TRUE(editor.Fertig());
+  ASSERT_EQ(table.componentCount(), 5);
+  EXPECT_EQ(table.component(1).crop, "B");
+  EXPECT_EQ(table.residue(1, 1), 2);
+  EXPECT_EQ(table.component(5).crop, "new crop");
+  EXPECT_EQ(table.residue(1, 5), 0);
+  // A second read-back in the same window changes nothing more.
+  EXPECT_EQ(editor.readBack(), 0);
+  EXPECT_EQ(table.componentCount(), 5);
+  EXPECT_EQ(table.residue(1, 4), 5);
+}
+
+TEST_F(ComponentEditorTest, CancelLeavesTheTable) {
+  {
+    ComponentEditor editor(table);
+    editor.setCursor(2, 1);
+    editor.Loeschen();
+    editor.Neuer_Datensatz();
+    type(editor, 1, 4, "99");
+  }
+  EXPECT_EQ(table.componentCount(), 5);
+  EXPECT_EQ(table.component(2).crop, "B");
+  EXPECT_EQ(table.component(1).cp, 11);
+}
+
+TEST_F(ComponentEditorTest, CopyGivesEveryRow) {
+  ComponentEditor editor(table);
+  const std::string text = editor.clipboardText();
+  int lines = 0;
+  std::size_t start = 0;
+  for (std::size_t end = text.find("\r\n"); end != std::string::npos;
+       start = end + 2, end = text.find("\r\n", start)) {
+    const std::string line = text.substr(start, end - start);
+    EXPECT_EQ(std::count(line.begin(), line.end(), '\t'), 8) << line;
+    ++lines;
+  }
+  EXPECT_EQ(start, text.size());
+  EXPECT_EQ(lines, 6);
+  EXPECT_EQ(text.substr(0, 9), "Category\t");
+}
+
+TEST_F(ComponentEditorTest, EditingKeys) {
+  ComponentEditor editor(table);
+  // Numbers take the numeric filter, texts every character.
+  editor.setCursor(1, 4);
+  editor.cellClicked();
+  EXPECT_FALSE(editor.editKeyPress('a'));
+  EXPECT_TRUE(editor.editKeyPress('5'));
+  editor.setEditText("1");
+  EXPECT_FALSE(editor.editKeyPress(','));
+  EXPECT_EQ(editor.editText(), "1.");
+  editor.setCursor(1, 3);
+  EXPECT_TRUE(editor.editKeyPress('a'));
+
+  // Enter moves down and hides on the last row; Tab moves right and stays on the last column.
+  editor.setCursor(4, 2);
+  editor.cellClicked();
+  editor.setEditText("x");
+  EXPECT_EQ(editor.editEnter(), 5);
+  EXPECT_EQ(editor.cell(4, 2), "x");
+  EXPECT_EQ(editor.editText(), "oil");
+  EXPECT_EQ(editor.editEnter(), std::nullopt);
+  editor.setCursor(1, 7);
+  editor.cellClicked();
+  editor.setEditText("7");
+  EXPECT_EQ(editor.editTab(), 8);
+  EXPECT_EQ(editor.cell(1, 7), "7");
+  EXPECT_EQ(editor.editTab(), std::nullopt);
+
+  // A click into the box fills the block; the chooser fills the rows.
+  editor.setCursor(2, 5, 3, 6);
+  editor.setEditText("9");
+  editor.editClick();
+  EXPECT_EQ(editor.cell(3, 6), "9");
+  EXPECT_EQ(editor.cell(2, 5), "9");
+  EXPECT_NE(editor.cell(4, 6), "9");
+  editor.setCursor(4, 0, 2, 0);
+  EXPECT_EQ(editor.cellClicked(), ComponentEditor::GridEditor::CategoryChooser);
+  EXPECT_EQ(editor.categoryItem(), 2);
+  editor.chooseCategory(4);
+  EXPECT_EQ(editor.cell(2, 0), "Roots and Tubers");
+  EXPECT_EQ(editor.cell(4, 0), "Roots and Tubers");
+  EXPECT_EQ(editor.cell(5, 0), "Fat");
+
+  // Keys on the grid.
+  editor.setCursor(1, 4);
+  editor.gridKeyDown(46);
+  EXPECT_EQ(editor.cell(1, 4), "");
+  editor.gridKeyDown('1');
+  editor.gridKeyDown(110);
+  editor.gridKeyDown(101);
+  editor.gridKeyDown(65);  // a letter key does nothing in a number column
+  EXPECT_EQ(editor.cell(1, 4), "1.5");
+  editor.gridKeyDown(8);
+  EXPECT_EQ(editor.cell(1, 4), "1.");
+  EXPECT_TRUE(editor.gridKeyDown(27));
+  editor.setCursor(1, 1);
+  editor.gridKeyPress('z');
+  editor.gridKeyPress('{');
+  EXPECT_EQ(editor.cell(1, 1), "Az");
+  editor.gridKeyPress(8);
+  editor.gridKeyPress(8);
+  editor.gridKeyPress(8);
+  EXPECT_EQ(editor.cell(1, 1), "");
+}
+
+TEST_F(ComponentEditorTest, SearchMarksTextColumnsOnly) {
+  table.component(4).commodity = "Olive OIL";
+  ComponentEditor editor(table);
+  editor.search("oil");
+  for (int r = 1; r <= 5; ++r) {
+    EXPECT_TRUE(editor.marked(r, 2));
+    EXPECT_FALSE(editor.marked(r, 1));
+  }
+  editor.search("4-03");
+  EXPECT_TRUE(editor.marked(3, 3));
+  EXPECT_FALSE(editor.marked(4, 3));
+  EXPECT_FALSE(editor.marked(3, 2));
+  editor.search("2.5");  // every CL cell holds it, but numbers are not searched
+  for (int r = 1; r <= 5; ++r) EXPECT_FALSE(editor.marked(r, 5));
+  // Search hits do not keep "Done" from closing.
+  EXPECT_TRUE(editor.Fertig());
+}
+
+TEST_F(ComponentEditorTest, SaveAndReloadGiveTheSameTable) {
+  ComponentEditor editor(table);
+  type(editor, 2, 4, "33.3");
+  editor.setCursor(1, 0);
+  editor.Loeschen();
+  editor.Neuer_Datensatz();
+  ASSERT_EQ(editor.readBack(), 0);
+  const std::string path = ::testing::TempDir() + "component_editor_feedstuff.tab";
+  writeComponentTable(table, path, '.');
+  const ComponentTable reloaded = readComponentTable(path);
+  std::remove(path.c_str());
+  EXPECT_EQ(formatComponentTable(reloaded, '.', path), formatComponentTable(table, '.', path));
+  ASSERT_EQ(reloaded.componentCount(), 5);
+  EXPECT_EQ(reloaded.component(1).cp, 33.3);
+  EXPECT_EQ(reloaded.residue(1, 1), 2);
+}
+
+TEST_F(ComponentEditorTest, Overview) {
+  table.component(4).commodity = "Olive";
+  auto rows = componentOverview(table, 1, '.');
+  ASSERT_EQ(rows.size(), 6u);
+  EXPECT_EQ(rows[0][1], "Crop (Commodity)");
+  EXPECT_EQ(rows[2][1], "B (oil)");
+  EXPECT_EQ(rows[2][2], "4-02");
+  EXPECT_EQ(rows[2][3], " 12");
+  EXPECT_EQ(rows[2][8], " STMR-P");
+  EXPECT_EQ(rows[3][8], " STMR");
+  EXPECT_EQ(rows[3][9], " 3");
+  const std::vector<bool> hits = overviewSearch(rows, "OLI");
+  EXPECT_EQ(hits, (std::vector<bool>{false, false, false, false, true, false}));
+
+  rows = componentOverview(table, 2, ',');
+  ASSERT_EQ(rows.size(), 2u);
+  EXPECT_EQ(rows[1][9], " 0,75");
+  table.setResidue(2, 3, 0);
+  EXPECT_EQ(componentOverview(table, 2, '.').size(), 1u);
+}
+
+}  // namespace
+}  // namespace pescavo
