@@ -15,7 +15,8 @@
 #include <memory>
 #include <string>
 
-#include "database/ComponentWindows.h"
+#include "database/Futterkomponenten.h"
+#include "database/Komponentenliste.h"
 #include "desktop/QtDialogs.h"
 
 namespace {

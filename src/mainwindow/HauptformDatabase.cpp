@@ -1,6 +1,7 @@
 #include <algorithm>
 
-#include "database/ComponentWindows.h"
+#include "database/Futterkomponenten.h"
+#include "database/Komponentenliste.h"
 #include "mainwindow/Hauptform.h"
 
 namespace pescavo {

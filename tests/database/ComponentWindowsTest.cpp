@@ -7,7 +7,8 @@
 #include <QTest>
 
 #include "ScriptedDialogs.h"
-#include "database/ComponentWindows.h"
+#include "database/Futterkomponenten.h"
+#include "database/Komponentenliste.h"
 
 namespace pescavo {
 namespace {

@@ -1,4 +1,4 @@
-#include "database/ComponentWindows.h"
+#include "database/Komponentenliste.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -12,6 +12,7 @@
 #include <QTableWidget>
 #include <QVBoxLayout>
 
+#include "database/DatabaseWidgets.h"
 #include "desktop/DesktopDialogs.h"
 #include "desktop/PrintGrid.h"
 #include "desktop/Styles.h"
@@ -19,47 +20,6 @@
 namespace pescavo {
 
 namespace {
-
-constexpr float kMarginLeft = 10, kMarginTop = 15, kMarginRight = 10, kMarginBottom = 10;
-
-QString qtext(const std::string& text) { return QString::fromStdString(text); }
-
-QPushButton* button(QWidget* parent, const char* name, const char* caption, bool lightRed) {
-  auto* b = new QPushButton(caption, parent);
-  b->setObjectName(name);
-  b->setAccessibleName(QString(caption).remove('&'));
-  b->setAutoDefault(false);
-  if (lightRed) {
-    const QColor c = qcolor(kLightRed);
-    b->setStyleSheet(QString("background-color: %1;").arg(c.name()));
-  }
-  return b;
-}
-
-QTableWidget* makeGrid(QWidget* parent, int columns) {
-  auto* grid = new QTableWidget(0, columns, parent);
-  grid->setObjectName("Kompomenteneigenschaften");
-  grid->setAccessibleName("Components grid");
-  grid->setEditTriggers(QAbstractItemView::NoEditTriggers);
-  grid->verticalHeader()->hide();
-  grid->horizontalHeader()->setDefaultAlignment(Qt::AlignCenter);
-  grid->setWordWrap(false);
-  return grid;
-}
-
-// The grid's width shared among its columns, the text columns wider.
-// The grid spans the window: its width follows the window's before the layout has placed it.
-void shareWidth(QTableWidget* grid, const std::vector<int>& weights, int windowWidth) {
-  int total = 0;
-  for (int w : weights) total += w;
-  const int width = windowWidth - 60;
-  for (int c = 0; c < grid->columnCount(); ++c)
-    grid->setColumnWidth(c, std::max(40, width * weights[c] / total));
-}
-
-void setBackground(QTableWidgetItem* item, bool marked) {
-  item->setBackground(marked ? QBrush(qcolor(kMarkGreen)) : QBrush());
-}
 
 // Key codes as the editor counts them.
 int keyCode(int key, Qt::KeyboardModifiers modifiers) {
@@ -341,91 +301,6 @@ void Komponentenliste::PrintButton_Click() {
 void Komponentenliste::go2_Click() {
   m_editor.search(m_search->text().toStdString());
   showMarks();
-}
-
-Futterkomponenten::Futterkomponenten(const ComponentTable& table, int substance,
-                                     char decimalSeparator, DesktopDialogs& dialogs,
-                                     QWidget* parent)
-    : QDialog(parent),
-      m_rows(componentOverview(table, substance, decimalSeparator)),
-      m_dialogs(dialogs) {
-  setObjectName("Futterkomponenten");
-  setWindowTitle("Components");
-  setAccessibleName("Components");
-  setModal(true);
-  auto* label = new QLabel("Substance:", this);
-  label->setObjectName("Label1");
-  label->setAccessibleName("Substance:");
-  m_substances = new QComboBox(this);
-  m_substances->setObjectName("SchadstoffCombo");
-  m_substances->setAccessibleName("Substance");
-  for (int s = 1; s <= table.substanceCount(); ++s)
-    m_substances->addItem(qtext(table.substanceName(s)));
-  m_substances->setCurrentIndex(substance - 1);
-  m_substances->setEnabled(false);
-  m_grid = makeGrid(this, 10);
-  m_search = new QLineEdit("Search...", this);
-  m_search->setObjectName("Suche3");
-  m_search->setAccessibleName("Search text");
-  QPushButton* go = button(this, "Go3", "Go", false);
-  QPushButton* copy = button(this, "Command2", "Copy to Clipboard", false);
-  QPushButton* print = button(this, "PrintButton", "Print", false);
-  QPushButton* done = button(this, "Fertig", "Done", true);
-
-  auto* top = new QHBoxLayout;
-  top->addWidget(label);
-  top->addWidget(m_substances, 1);
-  top->addStretch(2);
-  auto* buttons = new QHBoxLayout;
-  buttons->addWidget(m_search);
-  buttons->addWidget(go);
-  buttons->addWidget(copy);
-  buttons->addWidget(print);
-  buttons->addStretch();
-  buttons->addWidget(done);
-  auto* page = new QVBoxLayout(this);
-  page->addLayout(top);
-  page->addWidget(m_grid, 1);
-  page->addLayout(buttons);
-  resize(1080, 560);
-
-  QStringList headers;
-  for (const std::string& header : m_rows[0]) headers << qtext(header);
-  m_grid->setHorizontalHeaderLabels(headers);
-  m_grid->setRowCount(static_cast<int>(m_rows.size()) - 1);
-  for (std::size_t r = 1; r < m_rows.size(); ++r)
-    for (int c = 0; c < 10; ++c)
-      m_grid->setItem(static_cast<int>(r) - 1, c, new QTableWidgetItem(qtext(m_rows[r][c])));
-
-  connect(go, &QPushButton::clicked, this, &Futterkomponenten::Go3_Click);
-  connect(m_search, &QLineEdit::returnPressed, this, &Futterkomponenten::Go3_Click);
-  connect(copy, &QPushButton::clicked, this, &Futterkomponenten::Command2_Click);
-  connect(print, &QPushButton::clicked, this, &Futterkomponenten::PrintButton_Click);
-  connect(done, &QPushButton::clicked, this, &QDialog::accept);
-}
-
-void Futterkomponenten::resizeEvent(QResizeEvent* event) {
-  QDialog::resizeEvent(event);
-  shareWidth(m_grid, {14, 24, 8, 8, 8, 7, 10, 10, 10, 10}, width());
-}
-
-void Futterkomponenten::Go3_Click() {
-  const std::vector<bool> hits = overviewSearch(m_rows, m_search->text().toStdString());
-  for (std::size_t r = 1; r < m_rows.size(); ++r)
-    for (int c = 0; c < 10; ++c)
-      setBackground(m_grid->item(static_cast<int>(r) - 1, c), c == 1 && hits[r]);
-}
-
-void Futterkomponenten::Command2_Click() {
-  m_dialogs.setClipboardText(gridClipboardText(*m_grid).toStdString());
-}
-
-void Futterkomponenten::PrintButton_Click() {
-  QPrinter printer(QPrinter::HighResolution);
-  printer.setPageOrientation(QPageLayout::Landscape);
-  if (!m_dialogs.choosePrinter(printer)) return;
-  PrintGrid(printer, *m_grid, kMarginLeft, kMarginTop, kMarginRight, kMarginBottom,
-            "Pescavo - Substance: " + m_substances->currentText(), QString(), 0);
 }
 
 }  // namespace pescavo

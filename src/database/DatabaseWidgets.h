@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QString>
+#include <string>
+#include <vector>
+
+class QPushButton;
+class QTableWidget;
+class QTableWidgetItem;
+class QWidget;
+
+namespace pescavo {
+
+// What the editor and the overview share: page margins in millimetres, their buttons and grid.
+constexpr float kMarginLeft = 10, kMarginTop = 15, kMarginRight = 10, kMarginBottom = 10;
+
+QString qtext(const std::string& text);
+// lightRed: the buttons the design paints light red.
+QPushButton* button(QWidget* parent, const char* name, const char* caption, bool lightRed);
+QTableWidget* makeGrid(QWidget* parent, int columns);
+// The grid's width shared among its columns, the text columns wider.
+void shareWidth(QTableWidget* grid, const std::vector<int>& weights, int windowWidth);
+void setBackground(QTableWidgetItem* item, bool marked);
+
+}  // namespace pescavo
