@@ -60,7 +60,8 @@ int twoLineWidth(const QFontMetrics& font, const QString& text) {
   return best;
 }
 
-// The column's longest texts by characters: measuring a thousand rows at every resize shows.
+// The column's longest texts by characters, among which is its widest: measuring every cell of
+// a thousand rows at each resize would be felt.
 std::vector<QString> longestTexts(const QTableWidget* grid, int column) {
   constexpr std::size_t kKept = 8;
   std::vector<QString> texts;

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QComboBox>
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QPushButton>
@@ -217,6 +218,38 @@ TEST_F(ComponentWindowsTest, ButtonsShowTheHandAndTheCategoryChooserOnceClicked)
   EXPECT_FALSE(handOver(child<QComboBox>(overview, "SchadstoffCombo")));
   Futterkomponenten without(table, 1, '.', dialogs);  // no file named: the usual pointer
   EXPECT_FALSE(handOver(child<QPushButton>(without, "Go3")));
+}
+
+// Each heading fits its column within the header's height, in two lines where it must, and
+// each cell's text fits its column.
+void expectWholeTexts(QTableWidget* grid) {
+  QHeaderView* header = grid->horizontalHeader();
+  QFont bold = header->font();
+  bold.setBold(true);
+  const QFontMetrics headerFont(bold);
+  for (int c = 0; c < grid->columnCount(); ++c) {
+    const QString heading = grid->horizontalHeaderItem(c)->text();
+    const int width = grid->columnWidth(c);
+    const QRect needs = headerFont.boundingRect(QRect(0, 0, width - 8, 1000),
+                                                Qt::AlignCenter | Qt::TextWordWrap, heading);
+    EXPECT_LE(needs.width(), width - 8) << heading.toStdString();
+    EXPECT_LE(needs.height(), header->height()) << heading.toStdString();
+    for (int r = 0; r < grid->rowCount(); ++r) {
+      const QString text = grid->item(r, c)->text();
+      EXPECT_LE(grid->fontMetrics().horizontalAdvance(text), width - 4) << text.toStdString();
+    }
+  }
+}
+
+TEST_F(ComponentWindowsTest, EveryHeadingAndCellIsWhole) {
+  table.component(1).category = "Cereal Grains/ Crop Seeds";
+  table.component(2).commodity = "brewers grains, dried and pelleted";
+  Komponentenliste editor(table, dialogs);
+  editor.show();
+  expectWholeTexts(child<QTableWidget>(editor, "Kompomenteneigenschaften"));
+  Futterkomponenten overview(table, 1, '.', dialogs);
+  overview.show();
+  expectWholeTexts(child<QTableWidget>(overview, "Kompomenteneigenschaften"));
 }
 
 TEST_F(ComponentWindowsTest, EveryControlHasAnAccessibleName) {
