@@ -17,6 +17,8 @@
 #include "model/ReportViewState.h"
 #include "model/ScenarioSweep.h"
 #include "reports/ReportText.h"
+#include "reportwindows/CompositionGrid.h"
+#include "reportwindows/PieChartView.h"
 #include "reportwindows/Report.h"
 #include "reportwindows/ReportSingle.h"
 #include "reportwindows/ReportViews.h"

@@ -12,6 +12,8 @@
 #include "desktop/Styles.h"
 #include "model/ReportRun.h"
 #include "model/ReportViewState.h"
+#include "reportwindows/CompositionGrid.h"
+#include "reportwindows/PieChartView.h"
 #include "reportwindows/Report.h"
 #include "reportwindows/ReportSingle.h"
 #include "reportwindows/ReportViews.h"
