@@ -10,6 +10,7 @@
 
 #include "ReportTestSupport.h"
 #include "desktop/Styles.h"
+#include "model/Explanation.h"
 #include "model/ReportRun.h"
 #include "model/ReportViewState.h"
 #include "reportwindows/CompositionGrid.h"
@@ -52,13 +53,15 @@ class SingleModeTest : public ReportWindowTest {
 // the chart view always opens on the feed composition.
 TEST_F(SingleModeTest, EachPressShowsTheCoresViewFilledFromTheCore) {
   ReportViewState expected(ReportViewState::Window::Report);
-  expected.openSingle();
-  const auto press = [&](const char* button) {
-    click(report, button);
-    if (button[7] == '1')
+  expected.openSingle(true);
+  const auto press = [&](const std::string& button) {
+    click(report, button.c_str());
+    if (button == "Command1")
       expected.toggleTable();
-    else
+    else if (button == "Command2")
       expected.toggleChart();
+    else
+      expected.toggleExplanation();
     expectView(report, expected.controls());
   };
   withReport([&] {
@@ -85,6 +88,14 @@ TEST_F(SingleModeTest, EachPressShowsTheCoresViewFilledFromTheCore) {
     press("Command2");  // hidden with the table on screen: nothing changes
     press("Command1");
 
+    // The explanation of this run, the report text left as it was.
+    press("Explain");
+    EXPECT_EQ(child<QPlainTextEdit>(report, "Explanation")->toPlainText().toStdString(),
+              explanationText(explainRun(model.lastRun()), '.'));
+    press("Command1");
+    press("Explain");
+    EXPECT_EQ(text->toPlainText(), QString::fromStdString(model.report().bericht).remove('\r'));
+
     press("Command2");
     auto* combo = child<QComboBox>(report, "Combo1");
     EXPECT_EQ(combo->currentIndex(), kFeedComposition);
@@ -110,7 +121,7 @@ TEST_F(SingleModeTest, EachPressShowsTheCoresViewFilledFromTheCore) {
   withReport([&] {
     EXPECT_EQ(child<QComboBox>(report, "Combo1")->count(), 2);
     EXPECT_EQ(child<QComboBox>(report, "Combo1")->currentIndex(), -1);
-    expected.openSingle();
+    expected.openSingle(true);
     expectView(report, expected.controls());
     EXPECT_EQ(QString::fromStdString(model.report().bericht).count("Pescavo concerning"), 1);
   });
@@ -154,6 +165,14 @@ TEST_F(SingleModeTest, CopiesAndPrintsWhatIsOnScreen) {
       EXPECT_NE(table.find("Barley (brewers grains, dried)"), std::string::npos) << page;
     }
     click(report, "Command1");
+
+    click(report, "Explain");
+    click(report, "Kopieren");
+    EXPECT_EQ(dialogs.clipboard.rfind("The maximum dietary burden is ", 0), 0u);
+    dialogs.printPdf = file("explanation.pdf");
+    click(report, "Drucken");
+    EXPECT_NE(pdfPageText(dialogs.printPdf, 1).find("is at its maximum of"), std::string::npos);
+    click(report, "Explain");
 
     click(report, "Command2");
     click(report, "Kopieren");
@@ -213,6 +232,11 @@ TEST_F(SingleModeTest, AWarningWhenTheCheckDiffers) {
               qcolor(reportCheckWarningStyle().text));
     click(report, "Command1");
     EXPECT_TRUE(shown(report, "CheckWarning"));  // over the table as well
+    click(report, "Command1");
+    click(report, "Explain");  // of the true optimum, and it says so
+    EXPECT_TRUE(child<QPlainTextEdit>(report, "Explanation")
+                    ->toPlainText()
+                    .startsWith("The optimisation reported "));
   });
 }
 
