@@ -78,6 +78,8 @@ ReportPage::ReportPage(QDialog* window, Kind kind)
     command3 = makeButton(window, "Command3", qtext(design.command3Caption));
     explanation =
         std::make_unique<ReportTextBox>(window, "Explanation", QStringLiteral("Explanation"));
+    // Sentences, not a report laid out in lines: they wrap at the box's edge.
+    explanation->widget()->setLineWrapMode(QPlainTextEdit::WidgetWidth);
     explain = makeButton(window, "Explain", qtext(design.explainCaption));
   }
   drucken = makeButton(window, "Drucken", QStringLiteral("Print"));
