@@ -17,11 +17,14 @@ std::string percent(double value, char separator) {
   return generalForm(std::round(value * 100) / 100, separator);
 }
 
-std::string mgPerKg(double value, char separator) {
+// A rate too small for three decimals is still named, never shown as nothing.
+std::string rateText(double value, char separator) {
   if (value != 0 && std::fabs(value) < 0.0005)
     return "less than " + fixedForm(0.001, "0.000", separator);
   return fixedForm(value, "0.000", separator);
 }
+
+std::string burden(double value, char separator) { return fixedForm(value, "0.000", separator); }
 
 std::string criterionWord(Criterion criterion) {
   return criterion == Criterion::Maximum ? "maximum" : "minimum";
@@ -42,7 +45,7 @@ std::string effect(const LimitSensitivity& limit, const char* what, char separat
   const auto by = [&](double change) {
     if (change == 0) return std::string("leave the burden as it is");
     return std::string(change > 0 ? "raise" : "lower") + " the burden by " +
-           mgPerKg(std::fabs(change), separator) + " mg/kg";
+           rateText(std::fabs(change), separator) + " mg/kg";
   };
   if (limit.highest > limit.limit + kRoom)
     return "each further percent would " + by(limit.rate) + rangeText(limit, what, separator);
@@ -85,14 +88,14 @@ std::string names(const std::vector<std::string>& list) {
 
 std::string opening(const Explanation& e, char separator) {
   const std::string truth =
-      "the true " + criterionWord(e.criterion) + " is " + mgPerKg(e.optimum, separator) + " mg/kg";
+      "the true " + criterionWord(e.criterion) + " is " + burden(e.optimum, separator) + " mg/kg";
   const std::string which = "; what follows explains the true " + criterionWord(e.criterion) + ".";
   if (e.reportDiffers && e.reportedSolvable)
-    return "The optimisation reported " + mgPerKg(e.reportedBurden, separator) + " mg/kg, but " +
+    return "The optimisation reported " + burden(e.reportedBurden, separator) + " mg/kg, but " +
            truth + which;
   if (e.reportDiffers) return "The optimisation found no result, but " + truth + which;
   return "The " + criterionWord(e.criterion) + " dietary burden is " +
-         mgPerKg(e.optimum, separator) + " mg/kg.";
+         burden(e.optimum, separator) + " mg/kg.";
 }
 
 // Characters on screen, not bytes: display texts may hold accented letters.
