@@ -124,7 +124,6 @@ TEST_F(ScenariosTest, DetailsOpensItsRunInAWindowOfItsOwn) {
   EXPECT_TRUE(window.isVisible());
   EXPECT_FALSE(window.isModal());
   EXPECT_EQ(window.windowTitle(), "Report Szenario 3: PC");
-  EXPECT_TRUE(model.options().pseudoComponents().pc && !model.options().pseudoComponents().cc);
   EXPECT_EQ(child<QPlainTextEdit>(window, "BerichtNeu")->toPlainText(),
             QString::fromStdString(model.report().berichtNeu).remove('\r'));
   ReportViewState expected(ReportViewState::Window::Scenario);
@@ -145,10 +144,7 @@ TEST_F(ScenariosTest, DetailsOpensItsRunInAWindowOfItsOwn) {
   const std::vector<int> printed = static_cast<CompositionGrid*>(grid)->printWidths();
   EXPECT_GT(std::accumulate(printed.begin(), printed.end(), 0), columns * 14 / 10);
   // Beside the report window, within the screen.
-  EXPECT_TRUE(report.screen()->availableGeometry().contains(window.frameGeometry()))
-      << window.frameGeometry().x() << "," << window.frameGeometry().y() << " "
-      << window.frameGeometry().width() << "x" << window.frameGeometry().height() << " min "
-      << window.minimumSizeHint().width() << "x" << window.minimumSizeHint().height();
+  EXPECT_TRUE(report.screen()->availableGeometry().contains(window.frameGeometry()));
   click(window, "Command1");
 
   click(window, "Command2");
@@ -181,7 +177,6 @@ TEST_F(ScenariosTest, DetailsOpensItsRunInAWindowOfItsOwn) {
   EXPECT_TRUE(report.isVisible());
   click(report, "Fertig");
   EXPECT_TRUE(scenarioWindows().empty());
-  EXPECT_EQ(reportFile(), " \r\n");
 }
 
 // Command3 shows the full report, opens Report.txt in the desktop's program (or says that none
