@@ -34,7 +34,7 @@ Report::Report(MainWindowModel& model, DesktopDialogs& dialogs, QWidget* mainWin
 Report::~Report() = default;
 
 void Report::buildControls() {
-  m_page = std::make_unique<ReportPage>(this, ReportPage::Kind::Report);
+  m_page = std::make_unique<ReportPage>(this, ReportViewState::Window::Report);
   const auto cursorFile = [this] {
     return QString::fromStdString(m_model.database().folder() + "/harrow.cur");
   };

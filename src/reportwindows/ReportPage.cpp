@@ -60,20 +60,18 @@ void copyGrid(DesktopDialogs& dialogs, const QTableWidget& grid) {
 
 }  // namespace
 
-ReportPage::ReportPage(QDialog* window, Kind kind)
+ReportPage::ReportPage(QDialog* window, ReportViewState::Window kind)
     : labelRow(window),
       checkWarning(window),
-      text(window, kind == Kind::Report ? "Bericht" : "BerichtNeu", QStringLiteral("Report text")),
+      text(window, kind == ReportViewState::Window::Report ? "Bericht" : "BerichtNeu",
+           QStringLiteral("Report text")),
       table(new CompositionGrid(window)),
       chart(new PieChartView(window)),
       chartKinds(makeChartChooser(window)) {
-  const ReportViewState::Controls design =
-      ReportViewState(kind == Kind::Report ? ReportViewState::Window::Report
-                                           : ReportViewState::Window::Scenario)
-          .controls();
+  const ReportViewState::Controls design = ReportViewState(kind).controls();
   command1 = makeButton(window, "Command1", qtext(design.command1Caption));
   command2 = makeButton(window, "Command2", qtext(design.command2Caption));
-  if (kind == Kind::Report) {
+  if (kind == ReportViewState::Window::Report) {
     scenarioTable = new ScenarioGrid(window);
     command3 = makeButton(window, "Command3", qtext(design.command3Caption));
     explanation =

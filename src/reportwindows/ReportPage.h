@@ -24,8 +24,7 @@ class ScenarioGrid;
 // its button; a scenario window has neither (null).
 class ReportPage {
  public:
-  enum class Kind { Report, Scenario };
-  ReportPage(QDialog* window, Kind kind);
+  ReportPage(QDialog* window, ReportViewState::Window kind);
   ~ReportPage();
 
   // Shows what the core's view state says, each control and caption.

@@ -16,7 +16,7 @@ ReportSingle::ReportSingle(DesktopDialogs& dialogs, QWidget* reportWindow)
   setWindowTitle(QStringLiteral("Form1"));
   setAttribute(Qt::WA_DeleteOnClose);
   setSizeGripEnabled(true);
-  m_page = std::make_unique<ReportPage>(this, ReportPage::Kind::Scenario);
+  m_page = std::make_unique<ReportPage>(this, ReportViewState::Window::Scenario);
   connectControls();
   resize(940, 600);
 }
