@@ -374,6 +374,9 @@ TEST_F(CliTest, ExplainGivesTheRatesARerunConfirms) {
   EXPECT_EQ(rows[0], "constraint\tbinding\tlimit\trate\tfrom\tto");
   for (std::size_t r = 1; r < rows.size(); ++r) EXPECT_EQ(fields(rows[r]).size(), 6u) << rows[r];
   EXPECT_EQ(fields(rows[1])[0] + fields(rows[2])[0] + fields(rows[3])[0], "lipidproteinsum");
+  tsvArgs.insert(tsvArgs.begin(), {"--decimal", ","});
+  const std::string commaRate = fields(lines(cli(tsvArgs).out).at(3))[3];
+  EXPECT_EQ(commaRate, std::regex_replace(fields(rows[3])[3], std::regex("\\."), ","));
 
   const Outcome text = cli(run);
   ASSERT_EQ(text.status, 0);
