@@ -16,7 +16,7 @@ namespace {
 const char* const kUsage =
     "usage: pescavo-cli [--input DIR] [--decimal SEP] [--report-folder DIR] COMMAND [RUN OPTIONS]\n"
     "commands: check, substances, components --substance NAME, optimize, report, sweep, lp,\n"
-    "          verify [--scenarios]\n"
+    "          verify [--scenarios], explain [--format text|tsv]\n"
     "run options: --substance NAME | --substance-number N, --species carp|trout,\n"
     "             --criterion max|min, --component TEXT, --all, --no-pc, --no-cc, --no-f,\n"
     "             --no-mrbd, --fishmeal N, --simple";
@@ -40,6 +40,12 @@ const char* const kHelp =
     "  lp                     print the run's linear programme in CPLEX LP format\n"
     "  verify                 as optimize, then the independent check's verdict; with\n"
     "                         --scenarios the sweep and one verdict per run\n"
+    "  explain                as optimize, then which limits hold the optimum where it is: per\n"
+    "                         limit whether it binds, its value in percent, the burden's change\n"
+    "                         in mg/kg per further percent of it and the range in percent over\n"
+    "                         which that holds; with --format tsv a header line and one TAB-\n"
+    "                         separated line per limit (constraint, binding, limit, rate, from,\n"
+    "                         to; an end without a bound empty) and nothing else\n"
     "\n"
     "Options:\n"
     "  --input DIR            folder with the tables (default: Input)\n"
@@ -61,11 +67,12 @@ const char* const kHelp =
     "  --fishmeal N           0-based fish-meal grade for PC, used as given; without it the\n"
     "                         third, 2\n"
     "  --simple               the simple layout: every available component takes part\n"
+    "  --format text|tsv      explain: sentences and a table (default), or TSV\n"
     "\n"
     "Exit status:\n"
     "  0 done; 1 the run was refused or is not solvable; 2 bad options or a table that cannot\n"
-    "  be read; 3 the independent check differs; 4 the check could not run; 5 a report file\n"
-    "  could not be written (the old one is kept).\n";
+    "  be read; 3 the independent check differs (explain then explains the true optimum);\n"
+    "  4 the check could not run; 5 a report file could not be written (the old one is kept).\n";
 
 // Messages of the core go to stderr; nobody can answer a question, so every question is No.
 class StreamDialogs : public Dialogs {
@@ -105,6 +112,11 @@ const std::vector<std::string>& optionsOf(const std::string& command, bool scena
     options.push_back("--scenarios");
     return options;
   }();
+  static const std::vector<std::string> explain = [] {
+    std::vector<std::string> options = run;
+    options.push_back("--format");
+    return options;
+  }();
   static const std::vector<std::string> verifyScenarios = [] {
     std::vector<std::string> options = sweep;
     options.push_back("--scenarios");
@@ -115,6 +127,7 @@ const std::vector<std::string>& optionsOf(const std::string& command, bool scena
   if (command == "sweep") return sweep;
   if (command == "verify") return scenarios ? verifyScenarios : verify;
   if (command == "optimize" || command == "report" || command == "lp") return run;
+  if (command == "explain") return explain;
   throw UsageError("unknown command " + command);
 }
 
@@ -180,6 +193,10 @@ void readOption(const std::vector<std::string>& args, size_t& i, CliOptions& opt
     options.fishmeal = parseCount(arg, takeValue(args, i), 0);
   } else if (arg == "--simple") {
     options.simple = true;
+  } else if (arg == "--format") {
+    const std::string value = takeValue(args, i);
+    if (value != "text" && value != "tsv") throw UsageError("--format takes text or tsv");
+    options.tsv = value == "tsv";
   } else if (arg == "--scenarios") {
     options.scenarios = true;
   } else {
@@ -306,6 +323,7 @@ Runner runnerOf(const CliOptions& options) {
   if (command == "sweep") return runSweep;
   if (command == "lp") return runLp;
   if (command == "verify") return options.scenarios ? runVerifyScenarios : runVerify;
+  if (command == "explain") return runExplain;
   return nullptr;
 }
 

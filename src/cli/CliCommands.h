@@ -30,6 +30,7 @@ struct CliOptions {
   int fishmeal = -1;  // chooser position; -1 leaves the default
   bool simple = false;
   bool scenarios = false;
+  bool tsv = false;                // explain --format tsv
   std::vector<std::string> given;  // the options on the command line, each once
 };
 
@@ -43,6 +44,8 @@ int runSweep(MainWindowModel& model, const CliOptions& options, std::ostream& ou
 int runLp(MainWindowModel& model, const CliOptions& options, std::ostream& out, std::ostream& err);
 int runVerify(MainWindowModel& model, const CliOptions& options, std::ostream& out,
               std::ostream& err);
+int runExplain(MainWindowModel& model, const CliOptions& options, std::ostream& out,
+               std::ostream& err);
 int runVerifyScenarios(MainWindowModel& model, const CliOptions& options, std::ostream& out,
                        std::ostream& err);
 

@@ -11,17 +11,19 @@ const char kConvertIntoTable[] = "Convert into table";
 const char kDrawPieChart[] = "Draw pie chart";
 const char kOpenFullReport[] = "Open Full Report File";
 const char kBack[] = "Back";
+const char kExplain[] = "Explain";
 
 }  // namespace
 
 void ReportViewState::load() {
   m_mode = Mode::Loaded;
-  m_tableShown = m_chartShown = m_scenarioTableShown = false;
+  m_tableShown = m_chartShown = m_scenarioTableShown = m_explained = m_explanationShown = false;
 }
 
-void ReportViewState::openSingle() {
+void ReportViewState::openSingle(bool explained) {
   load();
   m_mode = Mode::Single;
+  m_explained = explained && m_window == Window::Report;
 }
 
 void ReportViewState::openAllScenarios() {
@@ -31,15 +33,20 @@ void ReportViewState::openAllScenarios() {
 }
 
 void ReportViewState::toggleTable() {
-  if (m_mode != Mode::Single || m_chartShown) return;
+  if (m_mode != Mode::Single || m_chartShown || m_explanationShown) return;
   m_tableShown = !m_tableShown;
 }
 
 std::optional<int> ReportViewState::toggleChart() {
-  if (m_mode != Mode::Single || m_tableShown) return std::nullopt;
+  if (m_mode != Mode::Single || m_tableShown || m_explanationShown) return std::nullopt;
   m_chartShown = !m_chartShown;
   if (m_chartShown && m_window == Window::Report) return kFeedComposition;
   return std::nullopt;
+}
+
+void ReportViewState::toggleExplanation() {
+  if (m_mode != Mode::Single || !m_explained || m_tableShown || m_chartShown) return;
+  m_explanationShown = !m_explanationShown;
 }
 
 bool ReportViewState::toggleFullReport() {
@@ -51,6 +58,7 @@ bool ReportViewState::toggleFullReport() {
 ReportViewState::View ReportViewState::view() const {
   if (m_mode == Mode::AllScenarios) return m_scenarioTableShown ? View::ScenarioTable : View::Text;
   if (m_chartShown) return View::Chart;
+  if (m_explanationShown) return View::Explain;
   return m_tableShown ? View::Table : View::Text;
 }
 
@@ -59,17 +67,21 @@ ReportViewState::Controls ReportViewState::controls() const {
   c.command1Caption = kConvertIntoChart;
   c.command2Caption = kDrawPieChart;
   c.command3Caption = kOpenFullReport;
+  c.explainCaption = kExplain;
   const bool scenarioWindow = m_window == Window::Scenario;
   switch (m_mode) {
     case Mode::Loaded:
       c.command3 = !scenarioWindow;
       break;
     case Mode::Single:
-      c.text = !m_tableShown && !m_chartShown;
+      c.text = !m_tableShown && !m_chartShown && !m_explanationShown;
       c.table = c.labels = m_tableShown;
       c.chart = c.chartKinds = m_chartShown;
-      c.command1 = !m_chartShown;
-      c.command2 = !m_tableShown;
+      c.explanation = m_explanationShown;
+      c.command1 = !m_chartShown && !m_explanationShown;
+      c.command2 = !m_tableShown && !m_explanationShown;
+      c.explain = m_explained && !m_tableShown && !m_chartShown;
+      if (m_explanationShown) c.explainCaption = kBack;
       c.command3 = false;
       c.command1Caption = m_tableShown ? kBack : kConvertIntoTable;
       c.command2Caption = m_chartShown ? kBack : kDrawPieChart;

@@ -8,20 +8,12 @@
 #include "model/ReportRun.h"
 #include "model/ReportViewState.h"
 
-class QComboBox;
-class QPushButton;
-
 namespace pescavo {
 
-class CheckWarning;
-class CompositionGrid;
 class DesktopDialogs;
 class MainWindowModel;
-class PieChartView;
-class ReportLabelRow;
+class ReportPage;
 class ReportSingle;
-class ReportTextBox;
-class ScenarioGrid;
 
 // The report window ("Report"). Single mode: the report text of the last run, its composition
 // table and its pie charts; modal. All-scenario mode: the scenario table of the last sweep
@@ -30,8 +22,8 @@ class ScenarioGrid;
 //
 // It is a window of its own, not a child of the main window: the report switches the main
 // window off (disables it), which would switch off its children too. Its members are split:
-// Report.cpp (opening, closing, text, table and chart), ReportScenarios.cpp (the scenario
-// table, the full report and the scenario windows).
+// Report.cpp (opening, closing, text, table, chart and explanation), ReportScenarios.cpp (the
+// scenario table, the full report and the scenario windows).
 class Report : public QDialog {
   Q_OBJECT
 
@@ -40,7 +32,8 @@ class Report : public QDialog {
   ~Report() override;
 
   // "Report" button: writes the report section of the current result (Berichtschreiben) and
-  // shows the window modal in single mode; returns when it is closed.
+  // shows the window modal in single mode, with the run's explanation a button away; returns
+  // when it is closed.
   void openSingle();
   // "Optimize all Scenarios": runs the sweep (Optimierung2_Click) and, when the core says so,
   // shows the window in all-scenario mode, not modal.
@@ -63,6 +56,7 @@ class Report : public QDialog {
   void applyView();
   void Command1_Click();
   void Command2_Click();
+  void Explain_Click();
   void Diagrammzeichnen();
   void Drucken_Click();
   void Kopieren_Click();
@@ -86,19 +80,7 @@ class Report : public QDialog {
   bool m_unloading = false;
   ReportLabels m_labels;  // as shown; the printouts are titled with them
 
-  std::unique_ptr<ReportLabelRow> m_labelRow;
-  std::unique_ptr<CheckWarning> m_checkWarning;
-  std::unique_ptr<ReportTextBox> m_bericht;
-  CompositionGrid* m_ergebnisGrid = nullptr;
-  ScenarioGrid* m_allScnErgebnis = nullptr;
-  PieChartView* m_chart = nullptr;
-  QComboBox* m_combo1 = nullptr;
-  QPushButton* m_command1 = nullptr;
-  QPushButton* m_command2 = nullptr;
-  QPushButton* m_command3 = nullptr;
-  QPushButton* m_drucken = nullptr;
-  QPushButton* m_kopieren = nullptr;
-  QPushButton* m_fertig = nullptr;
+  std::unique_ptr<ReportPage> m_page;
   std::array<QPointer<ReportSingle>, 16> m_scenarioWindows;
 };
 

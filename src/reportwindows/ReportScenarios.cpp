@@ -7,8 +7,8 @@
 #include "model/ScenarioSweep.h"
 #include "model/WindowPlacement.h"
 #include "reportwindows/Report.h"
+#include "reportwindows/ReportPage.h"
 #include "reportwindows/ReportSingle.h"
-#include "reportwindows/ReportViews.h"
 #include "reportwindows/ScenarioGrid.h"
 
 namespace pescavo {
@@ -18,13 +18,13 @@ void Report::openAllScenarios() {
   emit modelChanged();
   if (!shown) {
     // A sweep that stopped has changed the table of a window left open: it shows what is left.
-    if (isVisible()) m_allScnErgebnis->fill(m_model.report());
+    if (isVisible()) m_page->scenarioTable->fill(m_model.report());
     return;
   }
   if (!isVisible()) load();
   m_view.openAllScenarios();
-  m_checkWarning->widget()->hide();
-  m_allScnErgebnis->fill(m_model.report());
+  m_page->checkWarning.widget()->hide();
+  m_page->scenarioTable->fill(m_model.report());
   activate();
   applyMainWindowState();
   keepAboveMainWindow();
@@ -40,7 +40,7 @@ void Report::Command3_Click() {
     return;
   }
   const std::string path = openFullReportFile(m_model);
-  m_bericht->setText(m_model.report().bericht);
+  m_page->text.setText(m_model.report().bericht);
   applyView();
   if (!m_dialogs.openWithDesktop(path)) m_dialogs.information(cannotOpenReportFile(path));
 }

@@ -6,17 +6,10 @@
 #include "model/ReportViewState.h"
 #include "model/ScenarioSweep.h"
 
-class QComboBox;
-class QPushButton;
-
 namespace pescavo {
 
-class CheckWarning;
-class CompositionGrid;
 class DesktopDialogs;
-class PieChartView;
-class ReportLabelRow;
-class ReportTextBox;
+class ReportPage;
 
 // A scenario window ("Form1" until the report window names it): the text, composition table
 // and pie charts of one run of the sweep, repeated by its "Details" button.
@@ -36,7 +29,7 @@ class ReportSingle : public QDialog {
   void reject() override;
 
  private:
-  void buildControls();
+  void connectControls();
   void Command1_Click();
   void Command2_Click();
   void Diagrammzeichnen();
@@ -48,17 +41,7 @@ class ReportSingle : public QDialog {
   ScenarioDetails m_details;
   ReportViewState m_view{ReportViewState::Window::Scenario};
 
-  std::unique_ptr<ReportLabelRow> m_labelRow;
-  std::unique_ptr<CheckWarning> m_checkWarning;
-  std::unique_ptr<ReportTextBox> m_berichtNeu;
-  CompositionGrid* m_ergebnisGrid = nullptr;
-  PieChartView* m_chart = nullptr;
-  QComboBox* m_combo1 = nullptr;
-  QPushButton* m_command1 = nullptr;
-  QPushButton* m_command2 = nullptr;
-  QPushButton* m_drucken = nullptr;
-  QPushButton* m_kopieren = nullptr;
-  QPushButton* m_fertig = nullptr;
+  std::unique_ptr<ReportPage> m_page;
 };
 
 }  // namespace pescavo

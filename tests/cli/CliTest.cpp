@@ -343,3 +343,70 @@ TEST_F(CliTest, LpSolvedByGlpsolMatchesTheOptimisation) {
 
 }  // namespace
 }  // namespace pescavo
+
+namespace pescavo {
+namespace {
+
+std::vector<std::string> fields(const std::string& line) {
+  std::vector<std::string> cells;
+  std::istringstream in(line);
+  for (std::string cell; std::getline(in, cell, '\t');) cells.push_back(cell);
+  if (!line.empty() && line.back() == '\t') cells.push_back("");
+  return cells;
+}
+
+double burdenOf(const std::string& statement) {
+  const std::size_t is = statement.rfind(" is ");
+  return std::stod(statement.substr(is + 4));
+}
+
+// The TSV names every limit of the sample feed; one percent more of a binding maximum in the
+// table moves the printed burden by the stated rate (to the printed three decimals).
+TEST_F(CliTest, ExplainGivesTheRatesARerunConfirms) {
+  const std::vector<std::string> run = {"explain", "--substance", m_substance, "--all"};
+  std::vector<std::string> tsvArgs = run;
+  tsvArgs.insert(tsvArgs.end(), {"--format", "tsv"});
+  const Outcome tsv = cli(tsvArgs);
+  ASSERT_EQ(tsv.status, 0) << tsv.err;
+  const auto rows = lines(tsv.out);
+  const auto available = lines(cli({"components", "--substance", m_substance}).out);
+  ASSERT_EQ(rows.size(), 4 + available.size());
+  EXPECT_EQ(rows[0], "constraint\tbinding\tlimit\trate\tfrom\tto");
+  for (std::size_t r = 1; r < rows.size(); ++r) EXPECT_EQ(fields(rows[r]).size(), 6u) << rows[r];
+  EXPECT_EQ(fields(rows[1])[0] + fields(rows[2])[0] + fields(rows[3])[0], "lipidproteinsum");
+  tsvArgs.insert(tsvArgs.begin(), {"--decimal", ","});
+  const std::string commaRate = fields(lines(cli(tsvArgs).out).at(3))[3];
+  EXPECT_EQ(commaRate, std::regex_replace(fields(rows[3])[3], std::regex("\\."), ","));
+
+  const Outcome text = cli(run);
+  ASSERT_EQ(text.status, 0);
+  const auto said = lines(text.out);
+  const double before = burdenOf(said.at(0));
+  EXPECT_EQ(said.at(1), "The maximum dietary burden is " + said[0].substr(said[0].size() - 12));
+
+  const std::string path = input() + "/feedstuff.tab";
+  ComponentTable table = readComponentTable(path);
+  int relaxed = 0;
+  for (std::size_t r = 4; r < rows.size(); ++r) {
+    const auto cells = fields(rows[r]);
+    if (cells[1] != "yes" || std::stod(cells[5]) < std::stod(cells[2]) + 1) continue;
+    for (int i = 1; i <= table.componentCount(); ++i) {
+      FeedComponent& c = table.component(i);
+      if (c.crop + " (" + c.commodity + ")" != cells[0]) continue;
+      c.maxCarp += 1;
+      writeComponentTable(table, path, '.');
+      const double after = burdenOf(lines(cli(run).out).at(0));
+      EXPECT_NEAR(after - before, std::stod(cells[3]), 0.001) << cells[0];
+      c.maxCarp -= 1;
+      ++relaxed;
+    }
+  }
+  EXPECT_GE(relaxed, 2);
+
+  EXPECT_EQ(cli({"explain", "--substance", m_substance}).status, 1);
+  EXPECT_EQ(cli({"explain", "--substance", m_substance, "--all", "--format", "xml"}).status, 2);
+  EXPECT_EQ(cli({"optimize", "--substance", m_substance, "--all", "--format", "tsv"}).status, 2);
+}
+
+}  // namespace
+}  // namespace pescavo

@@ -28,16 +28,20 @@ std::string shown(const ReportViewState& state) {
   add(c.table, "table");
   add(c.chartKinds, "kinds");
   add(c.chart, "chart");
+  add(c.explanation, "explanation");
   add(c.scenarioTable, "scenarios");
   add(c.detailsButtons, "details");
   add(c.command1, "[" + c.command1Caption + "]");
   add(c.command2, "[" + c.command2Caption + "]");
   add(c.command3, "[" + c.command3Caption + "]");
+  add(c.explain, "[" + c.explainCaption + "]");
   return s;
 }
 
 struct Step {
-  char event;  // o: open single, a: open all scenarios, 1/2/3: Command1/2/3, l: load
+  // o: open single, e: open single with an explanation, a: open all scenarios, 1/2/3:
+  // Command1/2/3, x: Explain, l: load
+  char event;
   std::string controls;
   View view;
 };
@@ -52,6 +56,12 @@ void play(Window window, const std::vector<Step>& steps) {
         break;
       case 'o':
         state.openSingle();
+        break;
+      case 'e':
+        state.openSingle(true);
+        break;
+      case 'x':
+        state.toggleExplanation();
         break;
       case 'a':
         state.openAllScenarios();
@@ -113,6 +123,33 @@ TEST(ReportViewState, AfterASweepTheScenarioTableAndTheFullReportTakeTurns) {
   state.openAllScenarios();
   EXPECT_TRUE(state.toggleFullReport());  // to be written and opened
   EXPECT_FALSE(state.toggleFullReport());
+}
+
+// The explanation is a third view beside table and chart, of the report window's single run
+// alone: never in a scenario window, after a sweep or when the run has none to give.
+TEST(ReportViewState, TheExplanationTakesTurnsWithTheText) {
+  const std::string text = std::string(kText) + " [Explain]";
+  const char explanation[] = "explanation [Back]";
+  play(Window::Report,
+       {{'e', text, View::Text},
+        {'x', explanation, View::Explain},
+        {'1', explanation, View::Explain},
+        {'2', explanation, View::Explain},
+        {'x', text, View::Text},
+        {'1', kTable, View::Table},
+        {'x', kTable, View::Table},
+        {'1', text, View::Text},
+        {'2', kChart, View::Chart},
+        {'x', kChart, View::Chart},
+        {'2', text, View::Text},
+        {'x', explanation, View::Explain},
+        {'o', kText, View::Text},
+        {'x', kText, View::Text},
+        {'e', text, View::Text},
+        {'x', explanation, View::Explain},
+        {'a', "labels scenarios details [Open Full Report File]", View::ScenarioTable},
+        {'x', "labels scenarios details [Open Full Report File]", View::ScenarioTable}});
+  play(Window::Scenario, {{'e', kText, View::Text}, {'x', kText, View::Text}});
 }
 
 // The report window's chart always opens on the feed composition; a scenario window's shows

@@ -10,8 +10,11 @@
 
 #include "ReportTestSupport.h"
 #include "desktop/Styles.h"
+#include "model/Explanation.h"
 #include "model/ReportRun.h"
 #include "model/ReportViewState.h"
+#include "reportwindows/CompositionGrid.h"
+#include "reportwindows/PieChartView.h"
 #include "reportwindows/Report.h"
 #include "reportwindows/ReportSingle.h"
 #include "reportwindows/ReportViews.h"
@@ -50,13 +53,15 @@ class SingleModeTest : public ReportWindowTest {
 // the chart view always opens on the feed composition.
 TEST_F(SingleModeTest, EachPressShowsTheCoresViewFilledFromTheCore) {
   ReportViewState expected(ReportViewState::Window::Report);
-  expected.openSingle();
-  const auto press = [&](const char* button) {
-    click(report, button);
-    if (button[7] == '1')
+  expected.openSingle(true);
+  const auto press = [&](const std::string& button) {
+    click(report, button.c_str());
+    if (button == "Command1")
       expected.toggleTable();
-    else
+    else if (button == "Command2")
       expected.toggleChart();
+    else
+      expected.toggleExplanation();
     expectView(report, expected.controls());
   };
   withReport([&] {
@@ -70,7 +75,8 @@ TEST_F(SingleModeTest, EachPressShowsTheCoresViewFilledFromTheCore) {
     EXPECT_FALSE(shown(report, "AllScnErgebnis") || shown(report, "Command3"));
 
     press("Command1");
-    EXPECT_EQ(child<QLineEdit>(report, "TextFischname2")->text(), "(8.00% Lipid; 35.00% Protein)");
+    EXPECT_EQ(child<QLineEdit>(report, "TextFischname2")->text().toStdString(),
+              reportLabels(model).speciesTargets);
     auto* grid = child<QTableWidget>(report, "ErgebnisGrid");
     const auto& rows = model.report().ergebnisGrid;
     ASSERT_EQ(grid->rowCount() + 1, static_cast<int>(rows.size()));
@@ -82,6 +88,14 @@ TEST_F(SingleModeTest, EachPressShowsTheCoresViewFilledFromTheCore) {
     }
     press("Command2");  // hidden with the table on screen: nothing changes
     press("Command1");
+
+    // The explanation of this run, the report text left as it was.
+    press("Explain");
+    EXPECT_EQ(child<QPlainTextEdit>(report, "Explanation")->toPlainText().toStdString(),
+              explanationText(explainRun(model.lastRun()), '.'));
+    press("Command1");
+    press("Explain");
+    EXPECT_EQ(text->toPlainText(), QString::fromStdString(model.report().bericht).remove('\r'));
 
     press("Command2");
     auto* combo = child<QComboBox>(report, "Combo1");
@@ -108,7 +122,7 @@ TEST_F(SingleModeTest, EachPressShowsTheCoresViewFilledFromTheCore) {
   withReport([&] {
     EXPECT_EQ(child<QComboBox>(report, "Combo1")->count(), 2);
     EXPECT_EQ(child<QComboBox>(report, "Combo1")->currentIndex(), -1);
-    expected.openSingle();
+    expected.openSingle(true);
     expectView(report, expected.controls());
     EXPECT_EQ(QString::fromStdString(model.report().bericht).count("Pescavo concerning"), 1);
   });
@@ -136,9 +150,10 @@ TEST_F(SingleModeTest, CopiesAndPrintsWhatIsOnScreen) {
     click(report, "Command1");
     click(report, "Kopieren");
     const QStringList lines = QString::fromStdString(dialogs.clipboard).split("\r\n");
-    EXPECT_EQ(lines.front(),
-              "Category\tCrop (Commodity)\tCP (%)\tCL (%)\tmax (%)\tResidue input value\t"
-              "Residue value (mg/kg)\tFeed composition (%)\tDietary load (%)");
+    QStringList header;  // the core's heading row, as the grid shows it
+    for (const std::string& cell : model.report().ergebnisGrid.front())
+      header << QString::fromStdString(cell);
+    EXPECT_EQ(lines.front(), header.join('\t'));
     EXPECT_EQ(lines.size(), static_cast<int>(model.report().ergebnisGrid.size()) + 1);
     dialogs.printPdf = file("table.pdf");
     click(report, "Drucken");
@@ -148,10 +163,17 @@ TEST_F(SingleModeTest, CopiesAndPrintsWhatIsOnScreen) {
     for (int page = 1; page <= pages; ++page) {
       const std::string table = pdfPageText(dialogs.printPdf, page);
       EXPECT_NE(table.find("Pescavo - Substance: Example substance A"), std::string::npos);
-      EXPECT_NE(table.find("Common carp(8.00% Lipid; 35.00% Protein)"), std::string::npos);
       EXPECT_NE(table.find("Barley (brewers grains, dried)"), std::string::npos) << page;
     }
     click(report, "Command1");
+
+    click(report, "Explain");
+    click(report, "Kopieren");
+    EXPECT_EQ(dialogs.clipboard.rfind("The maximum dietary burden is ", 0), 0u);
+    dialogs.printPdf = file("explanation.pdf");
+    click(report, "Drucken");
+    EXPECT_NE(pdfPageText(dialogs.printPdf, 1).find("is at its maximum of"), std::string::npos);
+    click(report, "Explain");
 
     click(report, "Command2");
     click(report, "Kopieren");

@@ -115,6 +115,9 @@ class ReportWindowTest : public ::testing::Test {
     EXPECT_EQ(caption(window, "Command1").toStdString(), view.command1Caption);
     EXPECT_EQ(caption(window, "Command2").toStdString(), view.command2Caption);
     if (scenarioWindow) return;
+    EXPECT_EQ(shown(window, "Explanation"), view.explanation);
+    EXPECT_EQ(shown(window, "Explain"), view.explain);
+    EXPECT_EQ(caption(window, "Explain").toStdString(), view.explainCaption);
     EXPECT_EQ(shown(window, "AllScnErgebnis"), view.scenarioTable);
     EXPECT_EQ(shown(window, "Command4_0"), view.detailsButtons);
     EXPECT_EQ(shown(window, "Command3"), view.command3);

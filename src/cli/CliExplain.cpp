@@ -1,0 +1,29 @@
+#include <ostream>
+
+#include "cli/Cli.h"
+#include "cli/CliCommands.h"
+#include "model/Explanation.h"
+#include "model/MainWindowModel.h"
+
+namespace pescavo {
+
+// As optimize (the TSV without its statement, so that every line is a row), then the
+// explanation of the true optimum. A result the method got wrong, or a programme it could not
+// solve that has an optimum, is explained too, with status 3.
+int runExplain(MainWindowModel& model, const CliOptions& options, std::ostream& out,
+               std::ostream&) {
+  model.Optimierung_Click();
+  const bool result = model.visible(ControlId::Ergebnis);
+  if (result && !options.tsv) out << model.resultText() << '\n';
+  const FeedRun& run = model.lastRun();
+  if (!run.solverRan()) return kExitRefused;
+  const Explanation explanation = explainRun(run);
+  if (!explanation.available) return kExitRefused;
+  const char separator = model.decimalSeparator();
+  out << (options.tsv ? explanationTsv(explanation, separator)
+                      : explanationText(explanation, separator));
+  if (explanation.reportDiffers) return kExitDiffers;
+  return result ? kExitOk : kExitRefused;
+}
+
+}  // namespace pescavo

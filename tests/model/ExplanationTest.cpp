@@ -1,0 +1,173 @@
+// The explanation of a run: its figures against a rerun with a limit relaxed in the table, and
+// its words and tables as the assessor reads them.
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <string>
+#include <vector>
+
+#include "model/Explanation.h"
+#include "model/FeedRun.h"
+
+namespace pescavo {
+namespace {
+
+class ExplanationTest : public ::testing::Test {
+ protected:
+  void add(const std::string& text, WorkingSetEntry entry) {
+    available.push_back({text, "feed", "Cereal", "0"});
+    working.push_back(std::move(entry));
+    chosen = available;
+  }
+  RunInput input(char separator = '.') const {
+    return {species, fishmeal, available, working, chosen, 7, separator};
+  }
+  Explanation runAndExplain(const RunOptions& options = RunOptions()) {
+    EXPECT_EQ(run.run(input(), options), RunStop::None);
+    return explainRun(run);
+  }
+
+  std::vector<FishSpecies> species = {{"Common carp", 8, 35}, {"Rainbow trout", 15, 42}};
+  std::vector<FishMealGrade> fishmeal = {{60, 12}, {62, 11}, {65, 10}, {68, 9}, {70, 8}};
+  std::vector<ListEntry> available;
+  std::vector<WorkingSetEntry> working;
+  std::vector<ListEntry> chosen;
+  FeedRun run;
+};
+
+// {lipid, protein, residue, carp, trout, dm, IFN}: a feed of the sample's kind with PC, CC, F.
+TEST_F(ExplanationTest, RelaxingABindingLimitInTheTableMovesTheBurdenByItsRate) {
+  add("Wheat (bran)", {4, 17, 0.05, 20, 20, 88, ""});
+  add("Maize (grain)", {4, 9, 0.02, 30, 25, 86, ""});
+  add("Soybean (meal)", {2, 50, 0.01, 25, 25, 89, ""});
+  const Explanation before = runAndExplain();
+  ASSERT_TRUE(before.available);
+  EXPECT_FALSE(before.reportDiffers);
+  EXPECT_NEAR(before.optimum, run.result().burden, 1e-9);
+  int relaxed = 0;
+  for (std::size_t k = 0; k < before.lines.size(); ++k) {
+    const LimitSensitivity& limit = before.lines[k].limit;
+    if (limit.kind != LimitKind::MaxInclusion || !limit.binding) continue;
+    ASSERT_GE(limit.highest, limit.limit + 1) << before.lines[k].constraint;
+    EXPECT_GT(limit.rate, 0);  // more of a contaminated component can only raise the worst case
+    WorkingSetEntry& entry = working[limit.variable - 1];
+    entry.maxCarp += 1;
+    const Explanation after = runAndExplain();
+    entry.maxCarp -= 1;
+    EXPECT_NEAR(run.result().burden - before.optimum, limit.rate, 1e-9)
+        << before.lines[k].constraint;
+    EXPECT_NEAR(after.lines[k].limit.limit, limit.limit + 1, 1e-12);
+    ++relaxed;
+  }
+  EXPECT_EQ(relaxed, 2);  // wheat bran and maize; soybean meal carries the protein
+}
+
+// Three components, one per nutrient: the targets alone fix the feed, so the rates are
+// differences of dry-matter residues per percent (1, 3 and 2 mg/kg).
+TEST_F(ExplanationTest, OnlyTheTargetsBindInWords) {
+  add("Starch (feed)", {0, 0, 1, 100, 100, 100, ""});
+  add("Rape (oil)", {100, 0, 3, 100, 100, 100, ""});
+  add("Pea (protein)", {0, 100, 2, 100, 100, 100, ""});
+  RunOptions options;
+  options.pseudo = {false, false, false};
+  const Explanation e = runAndExplain(options);
+  EXPECT_EQ(explanationSentences(e, ','),
+            (std::vector<std::string>{
+                "The maximum dietary burden is 1,510 mg/kg.",
+                "The feed must hold 8 % crude lipid in its dry matter: each further percent would "
+                "raise the burden by 0,020 mg/kg (while the target stays between 0 % and 65 %).",
+                "The feed must hold 35 % crude protein in its dry matter: each further percent "
+                "would raise the burden by 0,010 mg/kg (while the target stays between 0 % and "
+                "92 %).",
+                "The shares add up to 100 %: each further percent would raise the burden by 0,010 "
+                "mg/kg (while the sum stays between 43 % and 143 %).",
+                "Starch (feed), Rape (oil) and Pea (protein) stay below their maximum: a little "
+                "more or less of those maxima would not change the burden."}));
+  EXPECT_EQ(explanationTsv(e, '.'),
+            "constraint\tbinding\tlimit\trate\tfrom\tto\n"
+            "lipid\tyes\t8\t0.02\t0\t65\n"
+            "protein\tyes\t35\t0.01\t0\t92\n"
+            "sum\tyes\t100\t0.01\t43\t143\n"
+            "Starch (feed)\tno\t100\t0\t57\t100\n"
+            "Rape (oil)\tno\t100\t0\t8\t100\n"
+            "Pea (protein)\tno\t100\t0\t35\t100\n");
+}
+
+TEST_F(ExplanationTest, BindingMaximaInWordsAndTable) {
+  // Both at the same make-up as the targets: every percent of the bran's maximum takes a
+  // percent of the grain's place, (0.25 - 0.05) / 100 mg/kg a percent up to 100 %.
+  add("Wheat (bran)", {8, 35, 0.25, 20, 20, 100, ""});
+  add("Maize (grain)", {8, 35, 0.05, 100, 100, 100, ""});
+  RunOptions options;
+  options.pseudo = {false, true, true};
+  const std::vector<std::string> worst = explanationSentences(runAndExplain(options), '.');
+  ASSERT_EQ(worst.size(), 6u);
+  EXPECT_EQ(worst[0], "The maximum dietary burden is 0.090 mg/kg.");
+  EXPECT_EQ(worst[4],
+            "Wheat (bran) is at its maximum of 20 %: each further percent would raise the burden "
+            "by 0.002 mg/kg (while the maximum stays between 0 % and 100 %).");
+  EXPECT_EQ(worst[5],
+            "Maize (grain) stays below its maximum: a little more or less of that maximum would "
+            "not change the burden.");
+
+  options.criterion = Criterion::Minimum;
+  working[0].residue = 0.01;
+  const Explanation best = runAndExplain(options);
+  EXPECT_EQ(explanationSentences(best, '.')[4],
+            "Wheat (bran) is at its maximum of 20 %: each further percent would lower the burden "
+            "by less than 0.001 mg/kg (while the maximum stays between 0 % and 100 %).");
+  EXPECT_EQ(explanationTable(best, '.'),
+            "Constraint     Binding  Limit %  Rate mg/kg per %     Range %\n"
+            "lipid          yes            8            0.0000      8 to 8\n"
+            "protein        yes           35            0.0014  7.07 to 35\n"
+            "sum            yes          100            0.0000  100 to 100\n"
+            "Wheat (bran)   yes           20           -0.0004    0 to 100\n"
+            "Maize (grain)  no           100            0.0000   80 to 100\n");
+  // Neither target can rise: only wheat and maize carry protein, at the targets' own ratio.
+  EXPECT_EQ(explanationSentences(best, '.')[1],
+            "The feed must hold 8 % crude lipid in its dry matter: with these components it can "
+            "be neither higher nor lower.");
+  EXPECT_EQ(explanationSentences(best, '.')[2],
+            "The feed must hold 35 % crude protein in its dry matter: it cannot rise with these "
+            "components; each percent less would lower the burden by 0.001 mg/kg (down to 7.07 "
+            "%).");
+}
+
+// A result the fixed-pass method got wrong is not explained: the true optimum is, and says so.
+TEST(ExplanationOfAWrongResult, ExplainsTheTrueOptimum) {
+  OptimisationProblem problem;
+  problem.n = problem.chosenCount = 2;
+  problem.kind.assign(2, VariableKind::Component);
+  problem.name = {"Wheat (bran)", "Maize (grain)"};
+  problem.lipid = {8, 8};
+  problem.protein = {35, 35};
+  problem.residue = {0.25, 0.05};
+  problem.maxInclusion = {20, 100};
+  problem.lipidTarget = 8;
+  problem.proteinTarget = 35;
+  OptimisationResult reported;
+  reported.solvable = true;
+  reported.burden = 0.05;
+  reported.composition = {0, 100};
+  const CheckResult check = checkOptimum(problem, Criterion::Maximum, reported);
+  ASSERT_EQ(check.verdict, CheckVerdict::Differs);
+  const Explanation e = explainOptimum(problem, Criterion::Maximum, reported, check);
+  EXPECT_NEAR(e.optimum, 0.09, 1e-12);
+  EXPECT_EQ(explanationSentences(e, '.').front(),
+            "The optimisation reported 0.050 mg/kg, but the true maximum is 0.090 mg/kg; what "
+            "follows explains the true maximum.");
+
+  reported.solvable = false;
+  EXPECT_EQ(
+      explanationSentences(explainOptimum(problem, Criterion::Maximum, reported,
+                                          checkOptimum(problem, Criterion::Maximum, reported)),
+                           '.')
+          .front(),
+      "The optimisation found no result, but the true maximum is 0.090 mg/kg; what follows "
+      "explains the true maximum.");
+  EXPECT_EQ(explanationText(Explanation(), '.'), "There is no optimum to explain.\n");
+}
+
+}  // namespace
+}  // namespace pescavo
