@@ -148,7 +148,7 @@ TEST_F(AllOptionsGuiTest, TheEditMenuOpensTheComponentEditor) {
   allOptions()->trigger();
   EXPECT_TRUE(edit->isVisible());
   const int available = find<QListWidget>("Fischfutter1")->count();
-  const int components = window->model().table().componentCount();
+  const int components = window->model().database().table().componentCount();
   QTimer::singleShot(0, [&] {
     QWidget* editor = QApplication::activeModalWidget();
     ASSERT_NE(editor, nullptr);
@@ -161,7 +161,7 @@ TEST_F(AllOptionsGuiTest, TheEditMenuOpensTheComponentEditor) {
   });
   window->findChild<QAction*>("MenuFischfutter")->trigger();
   EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
-  EXPECT_EQ(window->model().table().componentCount(), components - 1);
+  EXPECT_EQ(window->model().database().table().componentCount(), components - 1);
   // The first component carried residues of the first substance, so the list lost it.
   EXPECT_EQ(find<QListWidget>("Fischfutter1")->count(), available - 1);
 

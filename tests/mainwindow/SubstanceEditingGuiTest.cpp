@@ -31,7 +31,7 @@ class SubstanceGuiTest : public HauptformTest {
     return item(row, column)->background().color() == kGreen &&
            item(row, column)->background().style() != Qt::NoBrush;
   }
-  int components() const { return window->model().table().componentCount(); }
+  int components() const { return window->model().database().table().componentCount(); }
 
   void clickCell(int row, int column, Qt::KeyboardModifiers modifiers = {}) {
     grid()->scrollToItem(item(row, column));
@@ -128,7 +128,7 @@ TEST_F(SubstanceGuiTest, DoubleClickEditsAndTheEditBoxFollowsEnterDownTheColumn)
   click("Ende");
   EXPECT_FALSE(shown("schadstoffwerte"));
   EXPECT_EQ(items("Schadstoffliste")[1], "Herbicide B");
-  EXPECT_EQ(window->model().table().residue(2, 5), 0.023);
+  EXPECT_EQ(window->model().database().table().residue(2, 5), 0.023);
 }
 
 TEST_F(SubstanceGuiTest, TheEditBoxTakesNumbersOnlyAndACommaAsThePoint) {
@@ -157,7 +157,7 @@ TEST_F(SubstanceGuiTest, TheEditBoxTakesNumbersOnlyAndACommaAsThePoint) {
   EXPECT_EQ(dialogs.clipboard, "0.05");
   EXPECT_EQ(editBox()->text(), "0.05");
   click("Ende");
-  EXPECT_EQ(window->model().table().residue(1, 1), 3.25);
+  EXPECT_EQ(window->model().database().table().residue(1, 1), 3.25);
 }
 
 TEST_F(SubstanceGuiTest, PastingTwoLinesFillsRowsThreeAndFour) {
@@ -176,13 +176,13 @@ TEST_F(SubstanceGuiTest, PastingTwoLinesFillsRowsThreeAndFour) {
   QTest::keyClick(grid(), Qt::Key_C, Qt::ControlModifier);
   EXPECT_EQ(dialogs.clipboard, "0.1\r\n0.2\r\n");
   click("Ende");
-  EXPECT_EQ(window->model().table().residue(1, 3), 0.1);
-  EXPECT_EQ(window->model().table().residue(1, 4), 0.2);
+  EXPECT_EQ(window->model().database().table().residue(1, 3), 0.1);
+  EXPECT_EQ(window->model().database().table().residue(1, 4), 0.2);
 }
 
 TEST_F(SubstanceGuiTest, ABlockOfRowsTakesOneValueAndOneBasis) {
   ASSERT_TRUE(start());
-  const ComponentTable before = window->model().table();
+  const ComponentTable before = window->model().database().table();
   editSubstance(0);
   clickCell(2, 5);
   clickCell(4, 5, Qt::ShiftModifier);  // rows 2 to 4; the box over row 4
@@ -213,7 +213,7 @@ TEST_F(SubstanceGuiTest, ABlockOfRowsTakesOneValueAndOneBasis) {
             QStringList({"STMR", "STMR", "STMR-P", "STMR-P", "STMR-P", "STMR-P", "STMR"}));
   EXPECT_FALSE(window->model().database().modified());
   click("Ende");
-  const ComponentTable& table = window->model().table();
+  const ComponentTable& table = window->model().database().table();
   for (int i = 1; i <= 7; ++i) {
     EXPECT_EQ(table.basis(1, i), i >= 3 && i <= 6 ? 1 : 0) << i;
     EXPECT_EQ(table.residue(1, i), i == 3 ? 1 : i == 2 || i == 4 ? 9 : before.residue(1, i)) << i;
@@ -294,7 +294,7 @@ TEST_F(SubstanceGuiTest, KeysOnTheGridEditColumnFive) {
   EXPECT_EQ(grid()->currentRow(), 2);
   EXPECT_EQ(grid()->currentColumn(), 5);
   click("Ende");
-  EXPECT_EQ(window->model().table().residue(1, 2), 4.2);  // the leading number
+  EXPECT_EQ(window->model().database().table().residue(1, 2), 4.2);  // the leading number
 }
 
 TEST_F(SubstanceGuiTest, SearchMarksMaizeInAnyCaseWithoutMoving) {
@@ -340,7 +340,7 @@ TEST_F(SubstanceGuiTest, EscapeOnTheGridCancelsTheEditing) {
   EXPECT_FALSE(shown("schadstoffwerte"));
   EXPECT_TRUE(shown("Edit"));
   EXPECT_EQ(find<QAbstractButton>("Ende")->text(), "Exit");
-  EXPECT_EQ(window->model().table().residue(1, 1), 0.21);
+  EXPECT_EQ(window->model().database().table().residue(1, 1), 0.21);
 }
 
 TEST_F(SubstanceGuiTest, TheWheelTurnsAPageOfRows) {

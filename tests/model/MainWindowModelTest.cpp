@@ -68,18 +68,18 @@ TEST_F(ModelTest, AvailableListFollowsTheSubstance) {
 }
 
 TEST_F(ModelTest, GridAndTooltipTexts) {
-  const auto rows = lade_Schadstoffwerte(model.table(), 1);
+  const auto rows = lade_Schadstoffwerte(model.database().table(), 1);
   ASSERT_EQ(rows.size(), 6u);
   EXPECT_EQ(rows[0], (std::array<std::string, 6>{"Category", "Crop", "Commodity", "IFN Code",
                                                  "residue input value", "residue value (mg/kg)"}));
   EXPECT_EQ(rows[4], (std::array<std::string, 6>{"By-Products", "Soybean", "feed", "IFN-Soybean",
                                                  "STMR-P", ""}));
-  EXPECT_EQ(lade_Schadstoffwerte(model.table(), 2)[4][4], "STMR");
+  EXPECT_EQ(lade_Schadstoffwerte(model.database().table(), 2)[4][4], "STMR");
   // The tooltip names the limit of the species the hidden chooser holds.
   model.options().setSpecies(1);
   model.setDecimalSeparator(',');
   model.Fischfutter1_MouseDown(0, 0, 0);
-  EXPECT_EQ(model.availableTooltip(),
+  EXPECT_EQ(model.selection().availableTooltip(),
             "Protein content: 13 %, Lipid content: 2 %  Testicide content: 1,2 mg/kg. "
             "Max. content in food: 30 %");
 }
@@ -221,8 +221,8 @@ TEST_F(SingleRunTest, StatementRoundingAndColour) {
     runWithResidue(c.residue);
     ASSERT_TRUE(model.visible(ControlId::Ergebnis) && model.visible(ControlId::ReportButton))
         << c.residue;
-    EXPECT_EQ(model.resultText(), c.statement);
-    EXPECT_EQ(model.resultRed(), c.red) << c.residue;
+    EXPECT_EQ(model.result().text, c.statement);
+    EXPECT_EQ(model.result().red, c.red) << c.residue;
   }
 }
 
@@ -262,7 +262,7 @@ TEST_F(SingleRunTest, RunSetsTheHiddenChoosersFromTheOptions) {
   EXPECT_EQ(model.lastRun().problem().lipidTarget, 15);
 
   model.options().setSpeciesOption(Species::CommonCarp);
-  model.setAllScenariosMode(true);  // repeated from the report window: no statement
+  model.options().setAllScenariosMode(true);  // repeated from the report window: no statement
   model.EinfacheOptimierung();
   EXPECT_TRUE(model.lastRun().result().solvable);
   EXPECT_FALSE(model.visible(ControlId::Ergebnis));
@@ -288,7 +288,7 @@ TEST_F(ModelTest, EveryRunIsCheckedIndependently) {
   model.options().setMrbdLimits(false);
   model.options().setCriterionOption(Criterion::Minimum);
   model.Optimierung_Click();
-  EXPECT_EQ(model.resultText(),
+  EXPECT_EQ(model.result().text,
             "Minimum content dietary burden based on Example B is 3.000 mg/kg.");
   EXPECT_EQ(model.lastRun().check().verdict, CheckVerdict::Differs);
   EXPECT_EQ(model.lastRun().checkSentence().rfind(
