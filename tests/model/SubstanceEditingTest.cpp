@@ -74,7 +74,7 @@ class EditingTest : public ::testing::Test {
   bool visible(ControlId id) const { return model.layout().at(id).visible; }
   SubstanceEditing& edit() { return model.substances(); }
   ResidueEditor& editor() { return edit().editor(); }
-  const ResidueEditor& editor() const { return edit().editor(); }
+  const ResidueEditor& editor() const { return model.substances().editor(); }
 
   ComponentTable table;
   RecordingDialogs dialogs;
