@@ -14,8 +14,6 @@
 namespace pescavo {
 namespace {
 
-const char* const kSaveQuestion = "You modified the substance database. Do you want to save?";
-const char* const kSortQuestion = "Do you want to sort the data base entries?";
 const QColor kGreen(0, 255, 0);
 
 // The sample database (61 components, substances A to E) driven through the real widgets. The
@@ -247,16 +245,12 @@ TEST_F(SubstanceGuiTest, TheEditorsSitExactlyOverTheirCellsInGreen) {
   EXPECT_FALSE(shown("EingabeSchadstoff"));
 }
 
-TEST_F(SubstanceGuiTest, TheGridShowsItsHeaderCentredInColumnsThatFillIt) {
+TEST_F(SubstanceGuiTest, TheGridShowsItsHeaderBoldAndCellsCentredInColumnsThatFillIt) {
   ASSERT_TRUE(start());
   editSubstance(0);
-  const QStringList headers = {
-      "Category", "Crop", "Commodity", "IFN Code", "residue input value", "residue value (mg/kg)"};
   int width = 0;
   for (int c = 0; c < 6; ++c) {
-    QTableWidgetItem* header = grid()->horizontalHeaderItem(c);
-    EXPECT_EQ(header->text(), headers[c]);
-    EXPECT_TRUE(header->font().bold());
+    EXPECT_TRUE(grid()->horizontalHeaderItem(c)->font().bold());
     EXPECT_EQ(item(7, c)->textAlignment(), Qt::AlignCenter) << c;
     EXPECT_FALSE(item(7, c)->flags() & Qt::ItemIsEditable);
     width += grid()->columnWidth(c);
@@ -323,24 +317,13 @@ TEST_F(SubstanceGuiTest, SearchMarksMaizeInAnyCaseWithoutMoving) {
   EXPECT_FALSE(green(2, 1));
   EXPECT_TRUE(green(2, 2));
   EXPECT_TRUE(green(1, 0));  // "Cereal Grains/ Crop Seeds"
-  // A new editing starts without marks and with "Search..." again.
-  click("Abbrechen");
+  // Escape on the grid cancels; a new editing starts without marks and with "Search..." again.
+  grid()->setFocus();
+  QTest::keyClick(grid(), Qt::Key_Escape);
+  EXPECT_FALSE(shown("schadstoffwerte"));
   editSubstance(1);
   EXPECT_EQ(find<QLineEdit>("Suche")->text(), "Search...");
   for (int r = 1; r <= components(); ++r) EXPECT_FALSE(green(r, 0) || green(r, 2)) << r;
-}
-
-TEST_F(SubstanceGuiTest, EscapeOnTheGridCancelsTheEditing) {
-  ASSERT_TRUE(start());
-  editSubstance(0);
-  clickCell(1, 1);
-  QTest::keyClick(grid(), Qt::Key_7);
-  EXPECT_EQ(cell(1, 5), "0.217");
-  QTest::keyClick(grid(), Qt::Key_Escape);
-  EXPECT_FALSE(shown("schadstoffwerte"));
-  EXPECT_TRUE(shown("Edit"));
-  EXPECT_EQ(find<QAbstractButton>("Ende")->text(), "Exit");
-  EXPECT_EQ(window->model().database().table().residue(1, 1), 0.21);
 }
 
 TEST_F(SubstanceGuiTest, TheWheelTurnsAPageOfRows) {
