@@ -41,23 +41,24 @@ void SubstanceEditing::Schadstoffliste_KeyDown(int key, bool control) {
     Kopieren_Click();
 }
 
+ComponentTable& SubstanceEditing::table() { return m_model.m_database.table(); }
+
 bool SubstanceEditing::tableFull() {
-  if (m_model.m_database.table().substanceCount() < ComponentTable::kMaxSubstances) return false;
+  if (table().substanceCount() < ComponentTable::kMaxSubstances) return false;
   m_model.m_dialogs.information(kTableFull);
   return true;
 }
 
 int SubstanceEditing::targetSubstance() const {
-  return editMode() ? m_model.m_substance + 1 : m_model.m_database.table().substanceCount() + 1;
+  return editMode() ? m_model.m_substance + 1 : m_model.database().table().substanceCount() + 1;
 }
 
 void SubstanceEditing::Add_Click() {
   if (!editMode()) {
     // Refused here rather than at "Done", before anything is typed.
     if (tableFull()) return;
-    m_editor.grid().startAdding(
-        lade_Schadstoffwerte(m_model.m_database.table(), std::max(m_model.m_substance, 0) + 1),
-        targetSubstance());
+    m_editor.grid().startAdding(lade_Schadstoffwerte(table(), std::max(m_model.m_substance, 0) + 1),
+                                targetSubstance());
     m_editor.setNameText(kNewSubstance);
   }
   showEditingLayout();
@@ -66,9 +67,8 @@ void SubstanceEditing::Add_Click() {
 void SubstanceEditing::Edit_Click() {
   if (m_model.m_substance < 0) return;
   const int j = m_model.m_substance + 1;
-  m_editor.grid().startEditing(lade_Schadstoffwerte(m_model.m_database.table(), j),
-                               m_model.m_database.table(), j);
-  m_editor.setNameText(m_model.m_database.table().substanceName(j));
+  m_editor.grid().startEditing(lade_Schadstoffwerte(table(), j), table(), j);
+  m_editor.setNameText(table().substanceName(j));
   m_editMode = true;
   m_model.m_layout.show({C::Abbrechen});
   showEditingLayout();
@@ -140,7 +140,7 @@ void SubstanceEditing::Abbrechen_Click() {
 }
 
 void SubstanceEditing::selectAddedSubstance() {
-  m_model.selectSubstance(m_model.m_database.table().substanceCount() - 1);
+  m_model.selectSubstance(table().substanceCount() - 1);
 }
 
 bool SubstanceEditing::leaveEditing() {
@@ -167,19 +167,17 @@ bool SubstanceEditing::uebernehme_Werte() {
   }
   if (adding && tableFull()) return false;
   const int t = targetSubstance();
-  const int rows =
-      std::min(m_editor.grid().rowCount() - 1, m_model.m_database.table().componentCount());
+  const int rows = std::min(m_editor.grid().rowCount() - 1, table().componentCount());
   std::vector<std::int16_t> codes(static_cast<std::size_t>(std::max(rows, 0)));
   for (int r = 1; r <= rows; ++r)
-    codes[static_cast<std::size_t>(r - 1)] =
-        m_editor.grid().basisCopy().code(m_model.m_database.table(), t, r);
+    codes[static_cast<std::size_t>(r - 1)] = m_editor.grid().basisCopy().code(table(), t, r);
   if (adding)
-    m_model.m_database.table().addSubstance(m_editor.nameText());
+    table().addSubstance(m_editor.nameText());
   else
-    m_model.m_database.table().setSubstanceName(t, m_editor.nameText());
+    table().setSubstanceName(t, m_editor.nameText());
   for (int r = 1; r <= rows; ++r) {
-    m_model.m_database.table().setResidue(t, r, m_editor.grid().value(r));
-    m_model.m_database.table().setBasis(t, r, codes[static_cast<std::size_t>(r - 1)]);
+    table().setResidue(t, r, m_editor.grid().value(r));
+    table().setBasis(t, r, codes[static_cast<std::size_t>(r - 1)]);
   }
   m_model.m_database.markModified();
   return true;
@@ -187,10 +185,9 @@ bool SubstanceEditing::uebernehme_Werte() {
 
 void SubstanceEditing::Kopieren_Click() {
   if (m_model.m_substance < 0 || tableFull()) return;
-  if (m_editor.editing()) m_editor.grid().basisCopy().freeze(m_model.m_database.table());
+  if (m_editor.editing()) m_editor.grid().basisCopy().freeze(table());
   const int p = m_model.m_substance;
-  const int k = m_model.m_database.table().copySubstance(
-      p + 1, m_model.m_database.table().substanceName(p + 1));
+  const int k = table().copySubstance(p + 1, table().substanceName(p + 1));
   m_model.selectSubstance(k - 1);
 }
 
@@ -198,9 +195,9 @@ void SubstanceEditing::Loeschen_Click() {
   if (!m_model.m_database.canDelete() || m_model.m_substance < 0) return;
   m_model.m_database.markModified();
   const int p = m_model.m_substance;
-  if (m_editor.editing()) m_editor.grid().basisCopy().freeze(m_model.m_database.table());
-  m_model.m_database.table().deleteSubstance(p + 1);
-  m_model.selectSubstance(std::min(p, m_model.m_database.table().substanceCount() - 1));
+  if (m_editor.editing()) m_editor.grid().basisCopy().freeze(table());
+  table().deleteSubstance(p + 1);
+  m_model.selectSubstance(std::min(p, table().substanceCount() - 1));
 }
 
 std::optional<std::string> SubstanceEditing::schadstoffwerte_KeyDown(int key, bool control) {
@@ -211,7 +208,7 @@ std::optional<std::string> SubstanceEditing::schadstoffwerte_KeyDown(int key, bo
 }
 
 void SubstanceEditing::ArtSchadstoffwertCombo_Click(int position) {
-  m_editor.chooseBasis(position, m_model.m_database.table(), targetSubstance());
+  m_editor.chooseBasis(position, table(), targetSubstance());
 }
 
 void SubstanceEditing::save() {
@@ -240,7 +237,7 @@ bool SubstanceEditing::Ende_Click() {
 
 ComponentTable& SubstanceEditing::beginComponentEditing() {
   m_model.Ergebnis_ausblenden();
-  return m_model.m_database.table();
+  return table();
 }
 
 void SubstanceEditing::endComponentEditing(bool done) {

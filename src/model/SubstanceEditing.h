@@ -70,6 +70,7 @@ class SubstanceEditing {
   // A substance just added becomes the current one.
   void selectAddedSubstance();
   bool tableFull();  // shows why another substance can't be added
+  ComponentTable& table();
 
   MainWindowModel& m_model;
   ResidueEditor m_editor;
