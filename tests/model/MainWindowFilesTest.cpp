@@ -80,21 +80,6 @@ TEST_F(MainWindowFilesTest, StartUpSetsTheDesignedStatesAndTheSimpleLayoutMovesT
   EXPECT_LT(again.at(ControlId::Fischfutter1).top + again.at(ControlId::Fischfutter1).height, 3250);
 }
 
-TEST_F(MainWindowFilesTest, TheInformationTooltipStaysWhileThePointerKeepsOneCoordinate) {
-  start();
-  model.Fischfutter1_MouseDown(-1, 5, 5);  // no current item: nothing
-  EXPECT_EQ(model.selection().availableTooltip(), "");
-  model.Fischfutter1_MouseDown(0, 10, 20);
-  const std::string figures = model.selection().availableTooltip();
-  EXPECT_EQ(figures,
-            model.selection().tooltipText(0, model.options().species(), model.decimalSeparator()));
-  model.selection().Fischfutter1_MouseMove(10, 40);
-  model.selection().Fischfutter1_MouseMove(30, 20);
-  EXPECT_EQ(model.selection().availableTooltip(), figures);
-  model.selection().Fischfutter1_MouseMove(11, 21);
-  EXPECT_EQ(model.selection().availableTooltip(), "");
-}
-
 // A restore that reads the pristine copy starts over from the first substance, with the lists
 // emptied and the result withdrawn; one that does not leaves the window as it was.
 TEST_F(MainWindowFilesTest, RestoreAsksFirstAndKeepsTheDatabaseWhenThePristineCopyIsBad) {

@@ -75,6 +75,8 @@ TEST_F(ModelTest, GridAndTooltipTexts) {
   EXPECT_EQ(rows[4], (std::array<std::string, 6>{"By-Products", "Soybean", "feed", "IFN-Soybean",
                                                  "STMR-P", ""}));
   EXPECT_EQ(lade_Schadstoffwerte(model.database().table(), 2)[4][4], "STMR");
+  model.Fischfutter1_MouseDown(-1, 5, 5);  // no current item: nothing
+  EXPECT_EQ(model.selection().availableTooltip(), "");
   // The tooltip names the limit of the species the hidden chooser holds.
   model.options().setSpecies(1);
   model.setDecimalSeparator(',');
