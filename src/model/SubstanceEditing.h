@@ -23,6 +23,9 @@ class SubstanceEditing {
 
   SubstanceEditing(MainWindowModel& model, MainWindowLayout& layout)
       : m_model(model), m_editor(layout) {}
+  // Bound to its model: a copy would change the model it was copied from.
+  SubstanceEditing(const SubstanceEditing&) = delete;
+  SubstanceEditing& operator=(const SubstanceEditing&) = delete;
 
   ResidueEditor& editor() { return m_editor; }
   const ResidueEditor& editor() const { return m_editor; }
