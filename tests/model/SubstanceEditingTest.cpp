@@ -433,15 +433,30 @@ TEST_F(EditingTest, TypingWithoutEnterIsKept) {
   EXPECT_EQ(model.database().table().residue(1, 1), table.residue(1, 1));
 }
 
-// A save while a new substance is added stores it once; "Done" then stores into it again
-// rather than adding a copy.
-TEST_F(EditingTest, ASaveWhileAddingStoresTheNewSubstanceOnce) {
+// "&save" while editing writes the table as it was, then takes the grid over; a new substance
+// is stored once, and "Done" then stores into it again rather than adding a copy.
+TEST_F(EditingTest, ASaveWhileEditingTakesTheGridOverAfterWriting) {
   namespace fs = std::filesystem;
-  std::string folder = (fs::temp_directory_path() / "pescavo-adding-XXXXXX").string();
+  std::string folder = (fs::temp_directory_path() / "pescavo-editing-XXXXXX").string();
   ASSERT_NE(::mkdtemp(folder.data()), nullptr);
   fs::copy(PESCAVO_SAMPLE_INPUT, folder, fs::copy_options::recursive);
+  const std::string file = folder + "/feedstuff.tab";
   model.startUp(folder);
   const int substances = model.database().table().substanceCount();
+  const double before = model.database().table().residue(1, 1);
+  edit().save();  // outside editing: the file, nothing appended
+  EXPECT_EQ(model.database().table().substanceCount(), substances);
+  EXPECT_FALSE(model.database().modified());
+
+  edit().Edit_Click();
+  editor().setGridCursor(1, 5, 1);
+  editor().EingabeSchadstoff_Paste("7.25\r\n");
+  edit().save();
+  EXPECT_TRUE(editor().editing() && model.database().modified());
+  EXPECT_EQ(model.database().table().residue(1, 1), 7.25);
+  EXPECT_EQ(readComponentTable(file).residue(1, 1), before);
+  edit().Abbrechen_Click();
+
   edit().Add_Click();
   editor().setNameText("Added");
   editor().setGridCursor(1, 5, 1);
@@ -453,40 +468,11 @@ TEST_F(EditingTest, ASaveWhileAddingStoresTheNewSubstanceOnce) {
   editor().setGridCursor(1, 5, 1);
   editor().EingabeSchadstoff_Paste("0.75\r\n");
   ASSERT_TRUE(edit().leaveEditing());
-  EXPECT_EQ(model.database().table().substanceCount(), substances + 1);
-  EXPECT_EQ(model.database().table().residue(substances + 1, 1), 0.75);
   edit().save();
-  const ComponentTable saved = readComponentTable(folder + "/feedstuff.tab");
+  const ComponentTable saved = readComponentTable(file);
   EXPECT_EQ(saved.substanceCount(), substances + 1);
   EXPECT_EQ(saved.substanceName(substances + 1), "Added");
   EXPECT_EQ(saved.residue(substances + 1, 1), 0.75);
-  fs::remove_all(folder);
-}
-
-TEST(SaveWhileEditing, TakesTheGridOverAfterWriting) {
-  namespace fs = std::filesystem;
-  std::string folder = (fs::temp_directory_path() / "pescavo-editing-XXXXXX").string();
-  ASSERT_NE(::mkdtemp(folder.data()), nullptr);
-  fs::copy(PESCAVO_SAMPLE_INPUT, folder, fs::copy_options::recursive);
-  const std::string file = folder + "/feedstuff.tab";
-  RecordingDialogs dialogs;
-  MainWindowModel model(dialogs, '.');
-  model.startUp(folder);
-  const int substances = model.database().table().substanceCount();
-  const double before = model.database().table().residue(1, 1);
-
-  model.substances().save();  // outside editing: the file, nothing appended
-  EXPECT_EQ(model.database().table().substanceCount(), substances);
-  EXPECT_FALSE(model.database().modified());
-
-  model.substances().Edit_Click();
-  model.substances().editor().setGridCursor(1, 5, 1);
-  model.substances().editor().EingabeSchadstoff_Paste("7.25\r\n");
-  model.substances().save();
-  EXPECT_TRUE(model.substances().editor().editing());
-  EXPECT_TRUE(model.database().modified());
-  EXPECT_EQ(model.database().table().residue(1, 1), 7.25);
-  EXPECT_EQ(readComponentTable(file).residue(1, 1), before);
   EXPECT_TRUE(dialogs.messages.empty());
   fs::remove_all(folder);
 }
