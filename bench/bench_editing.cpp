@@ -60,9 +60,9 @@ void BM_EditClick(benchmark::State& state) {
   Window window(ComponentTable::kMaxSubstances);
   MainWindowModel& model = window.model();
   for (auto _ : state) {
-    model.Edit_Click();
+    model.substances().Edit_Click();
     state.PauseTiming();
-    model.Abbrechen_Click();
+    model.substances().Abbrechen_Click();
     state.ResumeTiming();
   }
 }
@@ -71,14 +71,14 @@ BENCHMARK(BM_EditClick)->Unit(benchmark::kMillisecond);
 void BM_Search(benchmark::State& state) {
   Window window(ComponentTable::kMaxSubstances);
   MainWindowModel& model = window.model();
-  model.Edit_Click();
+  model.substances().Edit_Click();
   const char* const texts[3] = {"CROP 99", "grains/", "4-00-5"};
   int k = 0;
   for (auto _ : state) {
-    model.editor().setSearchText(texts[k++ % 3]);
-    model.editor().Go_Click();
+    model.substances().editor().setSearchText(texts[k++ % 3]);
+    model.substances().editor().Go_Click();
   }
-  benchmark::DoNotOptimize(model.editor().grid().marked(1, 1));
+  benchmark::DoNotOptimize(model.substances().editor().grid().marked(1, 1));
 }
 BENCHMARK(BM_Search)->Unit(benchmark::kMillisecond);
 
@@ -87,9 +87,9 @@ void BM_DoneAfterEdit(benchmark::State& state) {
   MainWindowModel& model = window.model();
   for (auto _ : state) {
     state.PauseTiming();
-    model.Edit_Click();
+    model.substances().Edit_Click();
     state.ResumeTiming();
-    if (!model.leaveEditing()) state.SkipWithError("Done refused");
+    if (!model.substances().leaveEditing()) state.SkipWithError("Done refused");
   }
 }
 BENCHMARK(BM_DoneAfterEdit)->Unit(benchmark::kMillisecond);
@@ -99,11 +99,11 @@ void BM_DoneAfterAdd(benchmark::State& state) {
   MainWindowModel& model = window.model();
   for (auto _ : state) {
     state.PauseTiming();
-    model.Add_Click();
+    model.substances().Add_Click();
     state.ResumeTiming();
-    if (!model.leaveEditing()) state.SkipWithError("Done refused");
+    if (!model.substances().leaveEditing()) state.SkipWithError("Done refused");
     state.PauseTiming();
-    model.Loeschen_Click();  // the new, last substance: room for the next
+    model.substances().Loeschen_Click();  // the new, last substance: room for the next
     state.ResumeTiming();
   }
 }

@@ -152,7 +152,7 @@ void BM_SweepText(benchmark::State& state) {
   auto model = sweepModel(dialogs, static_cast<int>(state.range(0)));
   Optimierung2_Click(*model);
   ReportValues values;
-  model->fillReportValues(values);
+  model->lastRun().fillReportValues(model->runInput(), model->substanceName(), values);
   for (auto _ : state) {
     for (int run = 0; run < kScenarioRuns; ++run) {
       std::string text;

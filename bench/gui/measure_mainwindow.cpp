@@ -96,7 +96,7 @@ int main(int argc, char** argv) {
   const double edit = timed([&] { button("Edit")->click(); });
   const double everything = timed([&] { find("o"); });
   int marked = 0;
-  const pescavo::ResidueGrid& grid = window.model().editor().grid();
+  const pescavo::ResidueGrid& grid = window.model().substances().editor().grid();
   for (int r = 1; r < grid.rowCount(); ++r) {
     for (int c = 0; c < pescavo::ResidueGrid::kColumns; ++c) marked += grid.marked(r, c);
   }

@@ -264,7 +264,7 @@ int substancePosition(const CliOptions& options, const ComponentTable& table) {
 
 // Sets the controls as a user would: substance, then the moves, then the options.
 void applyRunOptions(const CliOptions& options, MainWindowModel& model) {
-  model.selectSubstance(substancePosition(options, model.table()));
+  model.selectSubstance(substancePosition(options, model.database().table()));
   for (const CliOptions::Move& move : options.moves) {
     if (move.all) {
       model.selection().alle_rein();
@@ -286,26 +286,27 @@ void applyRunOptions(const CliOptions& options, MainWindowModel& model) {
   model.options().setPseudoComponents({options.pc || options.simple, options.cc, options.f});
   model.options().setMrbdLimits(options.mrbd);
   if (options.fishmeal >= 0) {
-    const int grades = static_cast<int>(model.fishmealTable().size());
+    const int grades = static_cast<int>(model.runInput().fishmeal.size());
     if (options.fishmeal >= grades)
       throw UsageError("--fishmeal " + std::to_string(options.fishmeal) + ": there are only " +
                        std::to_string(grades) + " fish-meal grades");
     model.options().setFishmealGrade(options.fishmeal);
-    model.setKeepFishmealGrade(true);
+    model.options().setKeepFishmealGrade(true);
   }
 }
 
 int runCheck(const MainWindowModel& model, std::ostream& out, std::ostream& err) {
   for (const std::string& warning : model.database().duplicateWarnings()) err << warning << '\n';
-  out << model.table().componentCount() << " components, " << model.table().substanceCount()
-      << " substances, " << model.speciesTable().size() << " species, "
-      << model.fishmealTable().size() << " fish-meal grades\n";
+  out << model.database().table().componentCount() << " components, "
+      << model.database().table().substanceCount() << " substances, "
+      << model.runInput().species.size() << " species, " << model.runInput().fishmeal.size()
+      << " fish-meal grades\n";
   return kExitOk;
 }
 
 int runSubstances(const MainWindowModel& model, std::ostream& out) {
-  for (int s = 1; s <= model.table().substanceCount(); ++s)
-    out << model.table().substanceName(s) << '\n';
+  for (int s = 1; s <= model.database().table().substanceCount(); ++s)
+    out << model.database().table().substanceName(s) << '\n';
   return kExitOk;
 }
 

@@ -12,7 +12,7 @@ namespace pescavo {
 int runOptimize(MainWindowModel& model, const CliOptions&, std::ostream& out, std::ostream&) {
   model.Optimierung_Click();
   if (!model.visible(ControlId::Ergebnis)) return kExitRefused;
-  out << model.resultText() << '\n';
+  out << model.result().text << '\n';
   return kExitOk;
 }
 

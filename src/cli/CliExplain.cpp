@@ -14,7 +14,7 @@ int runExplain(MainWindowModel& model, const CliOptions& options, std::ostream& 
                std::ostream&) {
   model.Optimierung_Click();
   const bool result = model.visible(ControlId::Ergebnis);
-  if (result && !options.tsv) out << model.resultText() << '\n';
+  if (result && !options.tsv) out << model.result().text << '\n';
   const FeedRun& run = model.lastRun();
   if (!run.solverRan()) return kExitRefused;
   const Explanation explanation = explainRun(run);

@@ -48,9 +48,7 @@ Hauptform::Hauptform(DesktopDialogs& dialogs, char decimalSeparator, QWidget* pa
   m_dialogs.setParentWindow(this);
 }
 
-// The controls go first, while the model their signals and event hooks call is still whole.
-// The window's own event filter compares pointers only, so it may stay on the list to the end.
-Hauptform::~Hauptform() { delete centralWidget(); }
+Hauptform::~Hauptform() = default;
 
 bool Hauptform::startUp(const std::string& inputFolder, bool simpleMode) {
   try {

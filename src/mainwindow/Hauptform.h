@@ -80,10 +80,8 @@ class Hauptform : public QMainWindow {
   void showAvailableSelection();
   void forwardAvailableSelection();
   void Schadstoffliste_Click(int row);
-  void Rein_Click();
-  void alle_rein_Click();
-  void raus_Click();
-  void alle_raus_Click();
+  // Rein, alle_rein, raus and alle_raus, after the list's selection reached the model.
+  void moveComponents(void (ComponentSelection::*move)());
   void availablePressed();
   void availableMoved(const QPoint& position);
 
@@ -120,12 +118,12 @@ class Hauptform : public QMainWindow {
   // The residue grid while a substance is added or edited.
   void showGrid();
   // A button of the substance database: its operation, then everything it may have changed.
-  void substanceCommand(void (MainWindowModel::*operation)());
+  void substanceCommand(void (SubstanceEditing::*operation)());
   bool Schadstoffliste_KeyDown(QEvent* event);
   void schadstoffwerte_Click();
   void schadstoffwerte_KeyDown(int key, bool control);
   void schadstoffwerte_Wheel(int rotation);
-  void placeEditor(MainWindowModel::GridEditor editor);
+  void placeEditor(SubstanceEditing::GridEditor editor);
   // An open editor stays on its cell while the grid scrolls; what lies outside the cells is
   // not shown.
   void followGridScroll();

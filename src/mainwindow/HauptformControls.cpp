@@ -211,10 +211,23 @@ void Hauptform::connectControls() {
   const auto onClick = [this](ControlId name, void (Hauptform::*handler)()) {
     connect(control<QAbstractButton>(name), &QAbstractButton::clicked, this, handler);
   };
-  onClick(C::Rein, &Hauptform::Rein_Click);
-  onClick(C::alle_rein, &Hauptform::alle_rein_Click);
-  onClick(C::raus, &Hauptform::raus_Click);
-  onClick(C::alle_raus, &Hauptform::alle_raus_Click);
+  const auto onMove = [this](ControlId name, std::function<void()> move) {
+    connect(control<QAbstractButton>(name), &QAbstractButton::clicked, this, move);
+  };
+  using S = ComponentSelection;
+  onMove(C::Rein, [this] {
+    forwardAvailableSelection();
+    moveComponents(&S::Rein);
+  });
+  onMove(C::alle_rein, [this] {
+    moveComponents(&S::alle_rein);
+    showAvailableSelection();
+  });
+  onMove(C::raus, [this] {
+    m_model->selection().setCurrentChosen(control<QListWidget>(C::Fischfutter2)->currentRow());
+    moveComponents(&S::raus);
+  });
+  onMove(C::alle_raus, [this] { moveComponents(&S::alle_raus); });
   onClick(C::Optimierung, &Hauptform::Optimierung_Click);
   onClick(C::Optimierung2, &Hauptform::Optimierung2_Click);
   onClick(C::ReportButton, &Hauptform::ReportButton_Click);
@@ -301,8 +314,8 @@ void Hauptform::useHandPointers() {
       const ComponentSelection& lists = m_model->selection();
       const std::size_t items =
           id == ControlId::Fischfutter1 ? lists.available().size() : lists.chosen().size();
-      return showsHandPointer(rule, static_cast<int>(items), m_model->editor().grid().column(),
-                              clicked);
+      return showsHandPointer(rule, static_cast<int>(items),
+                              m_model->substances().editor().grid().column(), clicked);
     });
   }
 }

@@ -7,14 +7,16 @@
 namespace pescavo {
 
 void Hauptform::MenuFischfutter_Click() {
-  Komponentenliste editor(m_model->beginComponentEditing(), m_dialogs, this, cursorFile());
+  Komponentenliste editor(m_model->substances().beginComponentEditing(), m_dialogs, this,
+                          cursorFile());
   const bool done = editor.exec() == QDialog::Accepted;
-  m_model->endComponentEditing(done);
+  m_model->substances().endComponentEditing(done);
   showAll();
 }
 
 void Hauptform::Command1_Click() {
-  Futterkomponenten overview(m_model->table(), std::max(m_model->substancePosition(), 0) + 1,
+  Futterkomponenten overview(m_model->database().table(),
+                             std::max(m_model->substancePosition(), 0) + 1,
                              m_model->decimalSeparator(), m_dialogs, this, cursorFile());
   overview.exec();
 }

@@ -20,7 +20,7 @@ void fill(QListWidget& list, const std::vector<ListEntry>& entries) {
 void Hauptform::fillSubstances() {
   auto* list = control<QListWidget>(C::Schadstoffliste);
   const QSignalBlocker quiet(list);
-  const ComponentTable& table = m_model->table();
+  const ComponentTable& table = m_model->database().table();
   QStringList names;
   names.reserve(table.substanceCount());
   for (int s = 1; s <= table.substanceCount(); ++s)
@@ -67,29 +67,8 @@ void Hauptform::Schadstoffliste_Click(int row) {
   applyLayout();
 }
 
-void Hauptform::Rein_Click() {
-  forwardAvailableSelection();
-  m_model->selection().Rein();
-  fillChosen();
-  applyLayout();
-}
-
-void Hauptform::alle_rein_Click() {
-  m_model->selection().alle_rein();
-  showAvailableSelection();
-  fillChosen();
-  applyLayout();
-}
-
-void Hauptform::raus_Click() {
-  m_model->selection().setCurrentChosen(control<QListWidget>(C::Fischfutter2)->currentRow());
-  m_model->selection().raus();
-  fillChosen();
-  applyLayout();
-}
-
-void Hauptform::alle_raus_Click() {
-  m_model->selection().alle_raus();
+void Hauptform::moveComponents(void (ComponentSelection::*move)()) {
+  (m_model->selection().*move)();
   fillChosen();
   applyLayout();
 }
@@ -97,13 +76,13 @@ void Hauptform::alle_raus_Click() {
 void Hauptform::availablePressed() {
   QListWidget* list = m_available;
   m_model->Fischfutter1_MouseDown(list->currentRow(), m_pressPoint.x(), m_pressPoint.y());
-  list->setToolTip(QString::fromStdString(m_model->availableTooltip()));
+  list->setToolTip(QString::fromStdString(m_model->selection().availableTooltip()));
 }
 
 void Hauptform::availableMoved(const QPoint& position) {
-  m_model->Fischfutter1_MouseMove(position.x(), position.y());
+  m_model->selection().Fischfutter1_MouseMove(position.x(), position.y());
   QListWidget* list = m_available;
-  if (m_model->availableTooltip().empty() && !list->toolTip().isEmpty())
+  if (m_model->selection().availableTooltip().empty() && !list->toolTip().isEmpty())
     list->setToolTip(QString());
 }
 

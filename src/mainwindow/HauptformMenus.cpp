@@ -19,19 +19,19 @@ void Hauptform::showAll() {
 }
 
 void Hauptform::save_Click() {
-  m_model->save();
+  m_model->substances().save();
   showAll();
 }
 
 void Hauptform::exit_Click() {
-  if (!m_model->Ende_Click()) return showAll();
+  if (!m_model->substances().Ende_Click()) return showAll();
   m_ending = true;
   emit ended();
   close();
 }
 
 void Hauptform::restore_Click() {
-  m_model->restore();
+  m_model->substances().restore();
   showAll();
 }
 
@@ -56,8 +56,9 @@ void Hauptform::help_Click() {
 
 // One information window for every image, not blocking the main window.
 void Hauptform::showInformation(InformationImage image) {
-  const InformationText info = informationText(
-      image, m_model->speciesTable(), m_model->fishmealTable(), m_model->decimalSeparator());
+  const InformationText info =
+      informationText(image, m_model->runInput().species, m_model->runInput().fishmeal,
+                      m_model->decimalSeparator());
   if (!m_information) m_information = new Dialog(this, cursorFile());
   m_information->showText(QString::fromStdString(info.caption), QString::fromStdString(info.text));
 }

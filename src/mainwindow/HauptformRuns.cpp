@@ -52,16 +52,16 @@ void Hauptform::showOptions() {
   const char separator = m_model->decimalSeparator();
   auto* species = control<QComboBox>(C::Fischarten);
   auto* fishmeal = control<QComboBox>(C::Fischmehl);
-  if (species->count() != static_cast<int>(m_model->speciesTable().size())) {
+  if (species->count() != static_cast<int>(m_model->runInput().species.size())) {
     const QSignalBlocker quiet(species);
     species->clear();
-    for (const FishSpecies& entry : m_model->speciesTable())
+    for (const FishSpecies& entry : m_model->runInput().species)
       species->addItem(QString::fromStdString(entry.name));
   }
-  if (fishmeal->count() != static_cast<int>(m_model->fishmealTable().size())) {
+  if (fishmeal->count() != static_cast<int>(m_model->runInput().fishmeal.size())) {
     const QSignalBlocker quiet(fishmeal);
     fishmeal->clear();
-    for (const FishMealGrade& grade : m_model->fishmealTable())
+    for (const FishMealGrade& grade : m_model->runInput().fishmeal)
       fishmeal->addItem(QString::fromStdString(fishmealItemText(grade, separator)));
   }
   const auto set = [](QWidget* widget, auto apply) {
@@ -92,9 +92,9 @@ void Hauptform::showResult() {
   box->clear();
   QTextCharFormat format;
   format.setFontWeight(QFont::Bold);
-  format.setForeground(m_model->resultRed() ? QColor(255, 0, 0) : QColor(0, 0, 0));
+  format.setForeground(m_model->result().red ? QColor(255, 0, 0) : QColor(0, 0, 0));
   QTextCursor cursor(box->document());
-  cursor.insertText(QString::fromStdString(m_model->resultText()), format);
+  cursor.insertText(QString::fromStdString(m_model->result().text), format);
   box->moveCursor(QTextCursor::Start);
   auto* check = control<QLabel>(C::Gegenpruefung);
   const QString sentence = QString::fromStdString(m_model->lastRun().checkSentence());

@@ -43,23 +43,23 @@ Qt::MouseButton button(const QEvent* event) {
 void Hauptform::connectSubstanceEditing() {
   auto* substances = control<QListWidget>(C::Schadstoffliste);
   connect(substances, &QListWidget::itemDoubleClicked, this,
-          [this] { substanceCommand(&MainWindowModel::Schadstoffliste_DblClick); });
+          [this] { substanceCommand(&SubstanceEditing::Schadstoffliste_DblClick); });
   auto* listKeys = new EventHook(
       [this](QObject*, QEvent* event) { return Schadstoffliste_KeyDown(event); }, this);
   listKeys->watch(substances);
-  const auto command = [this](ControlId name, void (MainWindowModel::*operation)()) {
+  const auto command = [this](ControlId name, void (SubstanceEditing::*operation)()) {
     connect(control<QAbstractButton>(name), &QAbstractButton::clicked, this,
             [this, operation] { substanceCommand(operation); });
   };
-  command(C::Add, &MainWindowModel::Add_Click);
-  command(C::Edit, &MainWindowModel::Edit_Click);
-  command(C::Kopieren, &MainWindowModel::Kopieren_Click);
-  command(C::Loeschen, &MainWindowModel::Loeschen_Click);
-  command(C::Abbrechen, &MainWindowModel::Abbrechen_Click);
+  command(C::Add, &SubstanceEditing::Add_Click);
+  command(C::Edit, &SubstanceEditing::Edit_Click);
+  command(C::Kopieren, &SubstanceEditing::Kopieren_Click);
+  command(C::Loeschen, &SubstanceEditing::Loeschen_Click);
+  command(C::Abbrechen, &SubstanceEditing::Abbrechen_Click);
 
   m_gridView = new ResidueGridView(control<QTableWidget>(C::schadstoffwerte));
   connect(m_gridView, &ResidueGridView::cursorChanged, this, [this](int row, int column, int end) {
-    m_model->editor().setGridCursor(row, column, end);
+    m_model->substances().editor().setGridCursor(row, column, end);
   });
   connect(m_gridView, &ResidueGridView::clicked, this, &Hauptform::schadstoffwerte_Click);
   connect(m_gridView, &ResidueGridView::keyPressed, this, &Hauptform::schadstoffwerte_KeyDown);
@@ -87,7 +87,7 @@ void Hauptform::connectSubstanceEditing() {
   const auto typedInto = [this](ControlId name, void (ResidueEditor::*set)(std::string)) {
     connect(control<QLineEdit>(name), &QLineEdit::textEdited, this,
             [this, name, set](const QString& text) {
-              (m_model->editor().*set)(text.toStdString());
+              (m_model->substances().editor().*set)(text.toStdString());
               m_shownCaptions[index(name)] = text.toStdString();
             });
   };
@@ -106,11 +106,11 @@ void Hauptform::connectSubstanceEditing() {
   nameClicks->watch(name);
 }
 
-void Hauptform::substanceCommand(void (MainWindowModel::*operation)()) {
-  const bool wasEditing = m_model->editor().editing();
-  (m_model.get()->*operation)();
+void Hauptform::substanceCommand(void (SubstanceEditing::*operation)()) {
+  const bool wasEditing = m_model->substances().editor().editing();
+  (m_model->substances().*operation)();
   showAll();
-  if (!wasEditing && m_model->editor().editing()) m_gridView->table()->setFocus();
+  if (!wasEditing && m_model->substances().editor().editing()) m_gridView->table()->setFocus();
 }
 
 bool Hauptform::Schadstoffliste_KeyDown(QEvent* event) {
@@ -118,7 +118,7 @@ bool Hauptform::Schadstoffliste_KeyDown(QEvent* event) {
   const auto* key = static_cast<QKeyEvent*>(event);
   const int code = virtualKey(*key);
   const bool control = key->modifiers() & Qt::ControlModifier;
-  m_model->Schadstoffliste_KeyDown(code, control);
+  m_model->substances().Schadstoffliste_KeyDown(code, control);
   // Delete and Ctrl+C are the model's; every other key moves through the list as usual.
   if (code != ResidueGrid::kDelete && !(code == ResidueGrid::kKeyC && control)) return false;
   showAll();
@@ -126,23 +126,26 @@ bool Hauptform::Schadstoffliste_KeyDown(QEvent* event) {
 }
 
 void Hauptform::showGrid() {
-  if (!m_model->editor().editing()) return;
+  if (!m_model->substances().editor().editing()) return;
   const ControlState& place = m_model->layout().at(C::schadstoffwerte);
   m_gridView->setColumnWidths(
       ResidueGrid::columnWidths(place.width, place.width - m_gridView->chromeWidth()));
-  m_gridView->show(m_model->editor().grid());
+  m_gridView->show(m_model->substances().editor().grid());
 }
 
-void Hauptform::schadstoffwerte_Click() { placeEditor(m_model->editor().schadstoffwerte_Click()); }
+void Hauptform::schadstoffwerte_Click() {
+  placeEditor(m_model->substances().editor().schadstoffwerte_Click());
+}
 
-void Hauptform::placeEditor(MainWindowModel::GridEditor editor) {
-  if (editor == MainWindowModel::GridEditor::None) return;
+void Hauptform::placeEditor(SubstanceEditing::GridEditor editor) {
+  if (editor == SubstanceEditing::GridEditor::None) return;
   const ControlState& grid = m_model->layout().at(C::schadstoffwerte);
-  const std::pair<int, int> at{m_model->editor().grid().row(), m_model->editor().grid().column()};
+  const std::pair<int, int> at{m_model->substances().editor().grid().row(),
+                               m_model->substances().editor().grid().column()};
   const TwipsRect cell = m_gridView->cellRect(at.first, at.second);
-  if (editor == MainWindowModel::GridEditor::EditBox) {
+  if (editor == SubstanceEditing::GridEditor::EditBox) {
     m_editBoxCell = at;
-    m_model->editor().Eingabefeld_platzieren(grid.left, grid.top, cell);
+    m_model->substances().editor().Eingabefeld_platzieren(grid.left, grid.top, cell);
     applyLayout();
     clipEditors();
     showEditBox();
@@ -152,12 +155,12 @@ void Hauptform::placeEditor(MainWindowModel::GridEditor editor) {
     return;
   }
   m_chooserCell = at;
-  m_model->editor().Auswahlfeld_platzieren(grid.left, grid.top, cell);
+  m_model->substances().editor().Auswahlfeld_platzieren(grid.left, grid.top, cell);
   applyLayout();
   clipEditors();
   auto* basis = control<QComboBox>(C::ArtSchadstoffwertCombo);
   const QSignalBlocker quiet(basis);
-  basis->setCurrentIndex(m_model->editor().grid().basisChoice());
+  basis->setCurrentIndex(m_model->substances().editor().grid().basisChoice());
   basis->raise();
 }
 
@@ -165,20 +168,20 @@ void Hauptform::followGridScroll() {
   const MainWindowLayout& layout = m_model->layout();
   const bool box = layout.at(C::EingabeSchadstoff).visible;
   const bool chooser = layout.at(C::ArtSchadstoffwertCombo).visible;
-  if (!m_model->editor().editing() || !(box || chooser)) return;
+  if (!m_model->substances().editor().editing() || !(box || chooser)) return;
   const ControlState& grid = layout.at(C::schadstoffwerte);
   if (box) {
     // Placing selects the box's text; scrolling leaves it as the user had it.
-    const ResidueGrid& cells = m_model->editor().grid();
+    const ResidueGrid& cells = m_model->substances().editor().grid();
     const std::string text = cells.editText();
     const int start = cells.editSelectionStart();
     const int length = cells.editSelectionLength();
-    m_model->editor().Eingabefeld_platzieren(
+    m_model->substances().editor().Eingabefeld_platzieren(
         grid.left, grid.top, m_gridView->cellPlace(m_editBoxCell.first, m_editBoxCell.second));
-    m_model->editor().setEditBox(text, start, length);
+    m_model->substances().editor().setEditBox(text, start, length);
   }
   if (chooser) {
-    m_model->editor().Auswahlfeld_platzieren(
+    m_model->substances().editor().Auswahlfeld_platzieren(
         grid.left, grid.top, m_gridView->cellPlace(m_chooserCell.first, m_chooserCell.second));
   }
   applyLayout();
@@ -201,16 +204,17 @@ void Hauptform::clipEditors() {
 }
 
 void Hauptform::schadstoffwerte_KeyDown(int key, bool control) {
-  if (const std::optional<std::string> copied = m_model->schadstoffwerte_KeyDown(key, control))
+  if (const std::optional<std::string> copied =
+          m_model->substances().schadstoffwerte_KeyDown(key, control))
     m_dialogs.setClipboardText(*copied);
-  if (m_model->editor().editing())
+  if (m_model->substances().editor().editing())
     showGrid();
   else
     showAll();  // Escape cancelled
 }
 
 void Hauptform::schadstoffwerte_Wheel(int rotation) {
-  const std::optional<int> top = m_model->editor().MouseWheel(
+  const std::optional<int> top = m_model->substances().editor().MouseWheel(
       rotation, m_gridView->topRow(), m_gridView->table()->height(), m_gridView->headerHeight());
   if (top) m_gridView->setTopRow(*top);
 }
@@ -227,13 +231,13 @@ bool Hauptform::EingabeSchadstoff_Event(QEvent* event) {
       // After a double-click has hidden the box, its last release is no click.
       if (button(event) != Qt::LeftButton || !control<QLineEdit>(C::EingabeSchadstoff)->isVisible())
         return false;
-      m_model->editor().EingabeSchadstoff_Click();
+      m_model->substances().editor().EingabeSchadstoff_Click();
       showGrid();
       applyLayout();
       return false;
     case QEvent::MouseButtonDblClick:
       if (button(event) != Qt::LeftButton) return false;
-      m_model->editor().EingabeSchadstoff_DblClick();
+      m_model->substances().editor().EingabeSchadstoff_DblClick();
       showGrid();
       applyLayout();
       m_gridView->table()->setFocus();
@@ -246,10 +250,10 @@ bool Hauptform::EingabeSchadstoff_Event(QEvent* event) {
 bool Hauptform::EingabeSchadstoff_KeyPress(QEvent* event) {
   const auto* key = static_cast<QKeyEvent*>(event);
   if (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter) {
-    const std::optional<int> next = m_model->editor().EingabeSchadstoff_Enter();
+    const std::optional<int> next = m_model->substances().editor().EingabeSchadstoff_Enter();
     showGrid();
     if (next) {
-      placeEditor(MainWindowModel::GridEditor::EditBox);
+      placeEditor(SubstanceEditing::GridEditor::EditBox);
     } else {
       applyLayout();
       m_gridView->table()->setFocus();
@@ -257,11 +261,11 @@ bool Hauptform::EingabeSchadstoff_KeyPress(QEvent* event) {
     return true;
   }
   if (key->matches(QKeySequence::Copy)) {
-    m_dialogs.setClipboardText(m_model->editor().EingabeSchadstoff_Copy());
+    m_dialogs.setClipboardText(m_model->substances().editor().EingabeSchadstoff_Copy());
     return true;
   }
   if (key->matches(QKeySequence::Paste)) {
-    m_model->editor().EingabeSchadstoff_Paste(m_dialogs.clipboardText());
+    m_model->substances().editor().EingabeSchadstoff_Paste(m_dialogs.clipboardText());
     showGrid();
     applyLayout();
     m_gridView->table()->setFocus();
@@ -274,14 +278,14 @@ bool Hauptform::EingabeSchadstoff_KeyPress(QEvent* event) {
   int character = key->key() == Qt::Key_Backspace ? ResidueGrid::kBackspace : -1;
   if (character < 0 && !key->text().isEmpty()) character = key->text().at(0).unicode();
   if (character < 0) return false;
-  m_model->editor().EingabeSchadstoff_KeyPress(character);
+  m_model->substances().editor().EingabeSchadstoff_KeyPress(character);
   showEditBox();
   return true;
 }
 
 void Hauptform::showEditBox() {
   auto* box = control<QLineEdit>(C::EingabeSchadstoff);
-  const ResidueGrid& grid = m_model->editor().grid();
+  const ResidueGrid& grid = m_model->substances().editor().grid();
   const std::string& text = grid.editText();
   const int start = unitsBefore(text, grid.editSelectionStart());
   const int end = unitsBefore(text, grid.editSelectionStart() + grid.editSelectionLength());
@@ -302,19 +306,19 @@ void Hauptform::editBoxChanged() {
   const int start = box->hasSelectedText() ? box->selectionStart() : box->cursorPosition();
   const int length = box->hasSelectedText() ? box->selectionLength() : 0;
   const int startBytes = bytesBefore(text, start);
-  m_model->editor().setEditBox(text.toStdString(), startBytes,
-                               bytesBefore(text, start + length) - startBytes);
+  m_model->substances().editor().setEditBox(text.toStdString(), startBytes,
+                                            bytesBefore(text, start + length) - startBytes);
 }
 
 void Hauptform::ArtSchadstoffwertCombo_Click(int position) {
-  m_model->ArtSchadstoffwertCombo_Click(position);
+  m_model->substances().ArtSchadstoffwertCombo_Click(position);
   showGrid();
   applyLayout();
   m_gridView->table()->setFocus();
 }
 
 void Hauptform::Go_Click() {
-  m_model->editor().Go_Click();
+  m_model->substances().editor().Go_Click();
   showGrid();
 }
 

@@ -73,4 +73,14 @@ std::string ComponentSelection::tooltipText(int position, int species,
          " Max. content in food: " + generalForm(maxInclusion, sep) + " %";
 }
 
+void ComponentSelection::showTooltip(std::string text, int x, int y) {
+  m_availableTooltip = std::move(text);
+  m_pressX = x;
+  m_pressY = y;
+}
+
+void ComponentSelection::Fischfutter1_MouseMove(int x, int y) {
+  if (!m_availableTooltip.empty() && x != m_pressX && y != m_pressY) m_availableTooltip.clear();
+}
+
 }  // namespace pescavo

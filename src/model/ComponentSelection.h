@@ -46,6 +46,11 @@ class ComponentSelection {
   // Fischfutter1's information on the entry at position, the maximum inclusion for species
   // row `species`.
   std::string tooltipText(int position, int species, char decimalSeparator) const;
+  // The tooltip a press on the list set, with the press point; dropped once the pointer has
+  // left that point in both directions.
+  void showTooltip(std::string text, int x, int y);
+  void Fischfutter1_MouseMove(int x, int y);
+  const std::string& availableTooltip() const { return m_availableTooltip; }
 
  private:
   std::vector<ListEntry> m_available;
@@ -55,6 +60,9 @@ class ComponentSelection {
   int m_currentChosen = -1;
   bool m_removeEnabled = false;
   int m_changes = 0;
+  std::string m_availableTooltip;
+  int m_pressX = 0;
+  int m_pressY = 0;
 };
 
 }  // namespace pescavo

@@ -8,10 +8,7 @@ namespace pescavo {
 using C = ControlId;
 
 MainWindowModel::MainWindowModel(Dialogs& dialogs, char decimalSeparator)
-    : m_database(dialogs),
-      m_editor(m_layout),
-      m_decimalSeparator(decimalSeparator),
-      m_dialogs(dialogs) {}
+    : m_database(dialogs), m_decimalSeparator(decimalSeparator), m_dialogs(dialogs) {}
 
 void MainWindowModel::startUp(const std::string& folder, bool simple) {
   std::vector<FishSpecies> species = readSpeciesTable(folder + "/Species.tab");
@@ -54,7 +51,8 @@ void MainWindowModel::setAllOptions(bool on) {
   if (m_simpleMode) return;
   if (!on) resetHiddenOptions(m_options);
   if (!on) return hideAllOptions(m_layout);
-  if (!m_editor.editing()) showAllOptions(m_layout);  // else leaving the editing mode shows them
+  if (!m_substances.editor().editing())
+    showAllOptions(m_layout);  // else leaving the editing mode shows them
 }
 
 std::string MainWindowModel::substanceName() const {
@@ -88,13 +86,8 @@ bool MainWindowModel::enabled(ControlId control) const {
 void MainWindowModel::Fischfutter1_MouseDown(int position, int x, int y) {
   if (position < 0) return;
   // With the limit of the species chosen.
-  m_availableTooltip = m_selection.tooltipText(position, m_options.species(), m_decimalSeparator);
-  m_pressX = x;
-  m_pressY = y;
-}
-
-void MainWindowModel::Fischfutter1_MouseMove(int x, int y) {
-  if (!m_availableTooltip.empty() && x != m_pressX && y != m_pressY) m_availableTooltip.clear();
+  m_selection.showTooltip(
+      m_selection.tooltipText(position, m_options.species(), m_decimalSeparator), x, y);
 }
 
 RunInput MainWindowModel::runInput() const {
@@ -108,7 +101,7 @@ void MainWindowModel::Ergebnis_ausblenden() {
 }
 
 void MainWindowModel::Optimierung_Click() {
-  m_allScenariosMode = false;
+  m_options.setAllScenariosMode(false);
   EinfacheOptimierung();
 }
 
@@ -117,8 +110,8 @@ void MainWindowModel::prepareSingleRun() {
   const int grade = m_options.fishmealGrade();
   m_options.followOptionButtons();
   // The "Details" buttons repeat the sweep's runs, which never take the chooser's grade.
-  const bool chosen = m_keepFishmealGrade || (m_allOptions && !m_simpleMode);
-  if (chosen && !m_allScenariosMode) m_options.setFishmealGrade(grade);
+  const bool chosen = m_options.keepFishmealGrade() || (m_allOptions && !m_simpleMode);
+  if (chosen && !m_options.allScenariosMode()) m_options.setFishmealGrade(grade);
 }
 
 bool MainWindowModel::pleaseAddComponents() {
@@ -132,63 +125,20 @@ bool MainWindowModel::pleaseAddComponents() {
 void MainWindowModel::EinfacheOptimierung() {
   prepareSingleRun();
   if (pleaseAddComponents()) return Ergebnis_ausblenden();
-  m_resultText.clear();
+  m_result.text.clear();
   m_report.bericht.clear();
   const RunStop stop = m_run.run(runInput(), m_options.run());
   if (!m_run.pivotFailure().empty()) m_dialogs.information(m_run.pivotFailure());
   if (stop != RunStop::None) return stopRun(m_run.message(stop, false));
-  if (m_allScenariosMode) return Ergebnis_ausblenden();
-  m_resultText = m_run.statement(substanceName());
-  m_resultRed = m_run.result().burden > 0.1;
+  if (m_options.allScenariosMode()) return Ergebnis_ausblenden();
+  m_result.text = m_run.statement(substanceName());
+  m_result.red = m_run.result().burden > 0.1;
   m_layout.show({C::Ergebnis, C::ReportButton, C::Gegenpruefung});
   m_resultChanges = inputChanges();
 }
 
 void MainWindowModel::stopRun(const std::string& message) {
   m_dialogs.information(message);
-  Ergebnis_ausblenden();
-}
-
-void MainWindowModel::save() {
-  Ergebnis_ausblenden();
-  // After writing, so the file holds the table as it was; only while editing, since outside it
-  // there is no grid to take over. A new substance is stored once: editing then goes on with
-  // it, so that "Done" does not add it a second time.
-  if (m_database.write(m_decimalSeparator) && m_editor.editing()) {
-    m_editor.keepEditBoxText();
-    const bool adding = !editMode();
-    if (uebernehme_Werte() && adding) {
-      selectAddedSubstance();
-      m_editMode = true;
-    }
-  }
-  Futterliste_aktualisieren();
-}
-
-bool MainWindowModel::Ende_Click() {
-  if (m_editor.editing()) {  // "Done"
-    leaveEditing();
-    return false;
-  }
-  return m_database.saveBeforeExit(m_decimalSeparator);
-}
-
-ComponentTable& MainWindowModel::beginComponentEditing() {
-  Ergebnis_ausblenden();
-  return m_database.table();
-}
-
-void MainWindowModel::endComponentEditing(bool done) {
-  if (done) m_database.markModified();
-  Futterliste_aktualisieren();
-  Ergebnis_ausblenden();
-}
-
-void MainWindowModel::restore() {
-  if (!m_database.restore()) return;
-  m_substance = 0;
-  Futterliste_aktualisieren();
-  // The lists were emptied, so a result on screen no longer belongs to them.
   Ergebnis_ausblenden();
 }
 

@@ -12,6 +12,7 @@
 #include "model/ResidueEditor.h"
 #include "model/RunOptions.h"
 #include "model/SubstanceDatabase.h"
+#include "model/SubstanceEditing.h"
 #include "model/WindowOptions.h"
 #include "tables/ComponentTable.h"
 #include "tables/ComponentViews.h"
@@ -19,6 +20,12 @@
 #include "tables/TextIndex.h"
 
 namespace pescavo {
+
+// Ergebnis: the statement of the last single run; red above the limit.
+struct ResultBox {
+  std::string text;
+  bool red = false;
+};
 
 // The main window's state as a plain model. It maps the substance database, the component
 // selection, the run options and the last run onto the window's layout; a window shows it
@@ -29,8 +36,8 @@ namespace pescavo {
 // The window's controls and what the model calls them:
 //   Schadstoffliste      substancePosition()        Fischfutter1, Fischfutter2  selection()
 //   Label1 red           chosenCaptionRed()         Option1 to 4, Check1 to 5   options()
-//   MinMax, Fischarten, Fischmehl   options()       the residue grid and its boxes  editor()
-//   Ergebnis             visible(ControlId::Ergebnis), resultText()
+//   MinMax, Fischarten, Fischmehl   options()       the residue grid   substances().editor()
+//   Ergebnis             visible(ControlId::Ergebnis), result()
 //   ReportButton         visible(ControlId::ReportButton)
 //   every control        layout(), visible(), enabled()
 class MainWindowModel {
@@ -50,58 +57,29 @@ class MainWindowModel {
 
   // Tables. The database's folder, warnings and whether it changed are database()'s.
   const SubstanceDatabase& database() const { return m_database; }
-  const ComponentTable& table() const { return m_database.table(); }
-  const std::vector<FishSpecies>& speciesTable() const { return m_speciesTable; }
-  const std::vector<FishMealGrade>& fishmealTable() const { return m_fishmealTable; }
-
-  // The component editor works on the table itself: the result is withdrawn before it opens;
-  // after it closed (done: by "Done") the lists are rebuilt from the table.
-  ComponentTable& beginComponentEditing();
-  void endComponentEditing(bool done);
 
   // Substance list.
   int substancePosition() const { return m_substance; }
   std::string substanceName() const;
   void selectSubstance(int position);
 
-  // Substance database and editing. Schadstoffliste's Click is selectSubstance. While a
-  // substance is added or edited Ende reads "Done", and the window forwards the events of the
-  // residue grid and the boxes on it to editor(); the buttons and the keys below change the
-  // database and the layout as well.
-  using GridEditor = ResidueEditor::GridEditor;
-  ResidueEditor& editor() { return m_editor; }
-  const ResidueEditor& editor() const { return m_editor; }
-  // EditMode: an existing substance is edited (false while adding and outside editing).
-  bool editMode() const { return m_editMode && m_editor.editing(); }
-  void Schadstoffliste_DblClick();
-  void Schadstoffliste_KeyDown(int key, bool control);  // Delete: "Del"; Ctrl+C: "Copy "
-  void Add_Click();
-  void Edit_Click();
-  void Kopieren_Click();
-  void Loeschen_Click();
-  void Abbrechen_Click();
-  // "Done": stores the grid and returns to the normal view. False when nothing was stored
-  // (a value the table can't hold, or no room for another substance): editing goes on.
-  bool leaveEditing();
-  // Keys on the grid, Escape cancelling; the text for the clipboard after Ctrl+C.
-  std::optional<std::string> schadstoffwerte_KeyDown(int key, bool control);
-  // The basis drop-down's choice, for the substance being added or edited.
-  void ArtSchadstoffwertCombo_Click(int position);
+  // Adding, editing, copying and deleting substances, the component editor and the file
+  // commands. Schadstoffliste's Click is selectSubstance.
+  SubstanceEditing& substances() { return m_substances; }
+  const SubstanceEditing& substances() const { return m_substances; }
 
   // Component lists and their buttons. A move withdraws the result shown.
   const ComponentSelection& selection() const { return m_selection; }
   ComponentSelection& selection() { return m_selection; }
   bool chosenCaptionRed() const { return m_chosenCaptionRed; }
-  // Fischfutter1's information tooltip: set by a press on the list (position is the current
-  // item then), dropped once the pointer has left the press point in both directions.
+  // Fischfutter1's information tooltip, with the limit of the species chosen: set by a press
+  // on the list (position is the current item then); selection() drops it on a move.
   void Fischfutter1_MouseDown(int position, int x, int y);
-  void Fischfutter1_MouseMove(int x, int y);
-  const std::string& availableTooltip() const { return m_availableTooltip; }
 
   // Options; a change withdraws the result shown.
   const WindowOptions& options() const { return m_options; }
   WindowOptions& options() { return m_options; }
-  // What a run made now from the window's state would take.
+  // What a run made now from the window's state would take, the fish tables read among it.
   RunInput runInput() const;
 
   // Flags and the result box.
@@ -111,12 +89,8 @@ class MainWindowModel {
   // values. The simple layout stays as it is.
   bool allOptions() const { return m_allOptions; }
   void setAllOptions(bool on);
-  // A single run takes the fish-meal grade set instead of the third.
-  void setKeepFishmealGrade(bool keep) { m_keepFishmealGrade = keep; }
-  bool allScenariosMode() const { return m_allScenariosMode; }
-  void setAllScenariosMode(bool on) { m_allScenariosMode = on; }
-  const std::string& resultText() const { return m_resultText; }
-  bool resultRed() const { return m_resultRed; }
+  // The result box's text and whether it is red.
+  const ResultBox& result() const { return m_result; }
   void Ergebnis_ausblenden();
 
   // Captions, places and shown and enabled states of every control; visible() and enabled()
@@ -125,14 +99,6 @@ class MainWindowModel {
   const MainWindowLayout& layout() const { return m_layout; }
   bool visible(ControlId control) const;
   bool enabled(ControlId control) const;
-
-  // "&save": writes feedstuff.tab; a failed write is shown with the file and the reason.
-  void save();
-  // "Exit" and "e&xit": the save and sort questions. True when the program is to end now;
-  // false when it stays open (a failed write loses nothing).
-  bool Ende_Click();
-  // "&restore original data base": the question, then feedstuff1.tab over feedstuff.tab.
-  void restore();
 
   // Runs.
   void Optimierung_Click();
@@ -143,13 +109,9 @@ class MainWindowModel {
   // With nothing chosen: "Please add components." while Label1 is red; true then.
   bool pleaseAddComponents();
 
-  // The last run and what the report text, the composition table and the charts are written
-  // from.
+  // The last run.
   const FeedRun& lastRun() const { return m_run; }
   FeedRun& lastRun() { return m_run; }
-  void fillReportValues(ReportValues& values) const {
-    m_run.fillReportValues(runInput(), substanceName(), values);
-  }
 
   // The report windows' state, which they change themselves.
   ReportState& report() { return m_report; }
@@ -170,47 +132,29 @@ class MainWindowModel {
   // shown at.
   int inputChanges() const { return m_selection.changes() + m_options.changes(); }
 
+  // Its operations re-derive the lists, the result and the layout from the model's parts.
+  friend class SubstanceEditing;
+
+  // The available components of the current substance; the chosen list is emptied.
+  void Futterliste_aktualisieren();
+
   SubstanceDatabase m_database;
   MainWindowLayout m_layout;
-  ResidueEditor m_editor;
+  SubstanceEditing m_substances{*this, m_layout};
   std::vector<FishSpecies> m_speciesTable;
   std::vector<FishMealGrade> m_fishmealTable;
 
   int m_substance = -1;
   ComponentSelection m_selection;
   bool m_chosenCaptionRed = false;
-  std::string m_availableTooltip;
-  int m_pressX = 0;
-  int m_pressY = 0;
 
   WindowOptions m_options;
   int m_resultChanges = 0;  // inputChanges() when the result was shown
 
   bool m_simpleMode = false;
-  bool m_allScenariosMode = false;
   bool m_allOptions = false;
-  bool m_keepFishmealGrade = false;
-  std::string m_resultText;
-  bool m_resultRed = false;
+  ResultBox m_result;
   FeedRun m_run;
-
-  // The available components of the current substance; the chosen list is emptied.
-  void Futterliste_aktualisieren();
-  // Stores the grid into the table: the substance added or edited. False when nothing was
-  // stored (a value the table can't hold, or no room for another substance).
-  bool uebernehme_Werte();
-
-  // Substance editing state.
-  void showEditingLayout();
-  void showNormalLayout();
-  // The simple layout as leaving the editing mode applies it: fish meal lower, second grade.
-  void applySimpleLayoutAfterEditing();
-  // The substance uebernehme_Werte stores into and a basis choice goes to.
-  int targetSubstance() const;
-  // A substance just added becomes the current one.
-  void selectAddedSubstance();
-  bool tableFull();  // shows why another substance can't be added
-  bool m_editMode = false;
   ReportState m_report;
   char m_decimalSeparator;
   Dialogs& m_dialogs;

@@ -13,6 +13,11 @@ namespace pescavo {
 
 namespace {
 
+// What the report text, the composition table and the charts are written from.
+void fillReportValues(const MainWindowModel& model, ReportValues& values) {
+  model.lastRun().fillReportValues(model.runInput(), model.substanceName(), values);
+}
+
 std::string reportFile(const MainWindowModel& model, const char* name) {
   return (std::filesystem::path(model.report().reportFolder) / name).string();
 }
@@ -42,11 +47,11 @@ void writeScenarioFiles(MainWindowModel& model) {
 void Berichtschreiben(MainWindowModel& model) {
   ReportState& report = model.report();
   ReportValues& values = report.values;
-  model.fillReportValues(values);
-  if (!model.allScenariosMode()) report.bericht += titleBlock(values.substance);
+  fillReportValues(model, values);
+  if (!model.options().allScenariosMode()) report.bericht += titleBlock(values.substance);
   report.burdenSum = appendReportSection(values, model.decimalSeparator(), report.bericht);
 
-  if (!model.allScenariosMode()) {
+  if (!model.options().allScenariosMode()) {
     report.ergebnisGrid =
         pescavo::compositionTable(values, report.burdenSum, model.decimalSeparator());
     report.mainWindowEnabled = false;
@@ -63,13 +68,13 @@ void Berichtschreiben(MainWindowModel& model) {
 
 std::vector<CompositionRow> compositionTable(const MainWindowModel& model) {
   ReportValues values;
-  model.fillReportValues(values);
+  fillReportValues(model, values);
   return pescavo::compositionTable(values, model.report().burdenSum, model.decimalSeparator());
 }
 
 PieChart Diagrammzeichnen(const MainWindowModel& model, int kind) {
   ReportValues values;
-  model.fillReportValues(values);
+  fillReportValues(model, values);
   return pescavo::Diagrammzeichnen(values, model.report().burdenSum, kind,
                                    model.decimalSeparator());
 }
@@ -77,7 +82,7 @@ PieChart Diagrammzeichnen(const MainWindowModel& model, int kind) {
 ReportLabels reportLabels(const MainWindowModel& model) {
   ReportLabels labels;
   labels.substance = model.substanceName();
-  const auto& table = model.speciesTable();
+  const auto& table = model.runInput().species;
   const int position = model.options().species();
   FishSpecies species;
   if (position >= 0 && position < static_cast<int>(table.size())) species = table[position];

@@ -113,7 +113,7 @@ void recordCheck(MainWindowModel& model, int run) {
 }  // namespace
 
 bool Optimierung2_Click(MainWindowModel& model) {
-  model.setAllScenariosMode(true);
+  model.options().setAllScenariosMode(true);
   model.Ergebnis_ausblenden();
   model.options().setCriterion(model.options().criterionOption());
   model.options().setSpecies(static_cast<int>(model.options().speciesOption()));
@@ -222,7 +222,7 @@ ScenarioDetails runScenarioDetails(MainWindowModel& model, int index) {
   const int run = index + 1;
   // The buttons belong to the sweep, so their runs are all-scenario runs even after a single
   // run was made from the main window in between.
-  model.setAllScenariosMode(true);
+  model.options().setAllScenariosMode(true);
   setScenario(model, index / 2 + 1, index % 2);
   model.options().setFishmealGrade(run <= 2 ? 0 : 2);
   startFileRun(model.report());

@@ -33,6 +33,13 @@ class WindowOptions {
   // Counts every change, also one to the value already set.
   int changes() const { return m_changes; }
 
+  // How a single run is made, not what it takes, so neither counts as a change: it takes the
+  // fish-meal grade set instead of the third; it is one of the sweep's and shows no result.
+  bool keepFishmealGrade() const { return m_keepFishmealGrade; }
+  void setKeepFishmealGrade(bool keep) { m_keepFishmealGrade = keep; }
+  bool allScenariosMode() const { return m_allScenariosMode; }
+  void setAllScenariosMode(bool on) { m_allScenariosMode = on; }
+
  private:
   template <typename T>
   void change(T& option, T value) {
@@ -44,6 +51,8 @@ class WindowOptions {
   Species m_speciesOption = Species::CommonCarp;
   RunOptions m_run;
   int m_changes = 0;
+  bool m_keepFishmealGrade = false;
+  bool m_allScenariosMode = false;
 };
 
 }  // namespace pescavo

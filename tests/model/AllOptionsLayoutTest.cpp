@@ -69,7 +69,7 @@ TEST_F(AllOptionsTest, OffLeavesEveryLayoutAsItWas) {
   MainWindowModel plain(otherDialogs, '.');
   for (bool simple : {false, true}) {
     load(simple);
-    plain.load(table, model.speciesTable(), model.fishmealTable(), simple);
+    plain.load(table, model.runInput().species, model.runInput().fishmeal, simple);
     model.setAllOptions(true);
     model.setAllOptions(false);
     EXPECT_TRUE(sameLayout(model.layout(), plain.layout())) << "simple " << simple;
@@ -80,18 +80,18 @@ TEST_F(AllOptionsTest, OffLeavesEveryLayoutAsItWas) {
     }
     model.setAllOptions(false);
     // The editing layout, switched off while editing and after it.
-    model.Add_Click();
-    plain.Add_Click();
+    model.substances().Add_Click();
+    plain.substances().Add_Click();
     EXPECT_TRUE(sameLayout(model.layout(), plain.layout())) << "editing, simple " << simple;
-    model.Abbrechen_Click();
-    plain.Abbrechen_Click();
+    model.substances().Abbrechen_Click();
+    plain.substances().Abbrechen_Click();
     EXPECT_TRUE(sameLayout(model.layout(), plain.layout())) << "after editing, simple " << simple;
   }
   // Start-up with the switch remembered off or switched off before loading.
   model.setAllOptions(true);
   model.setAllOptions(false);
   load();
-  plain.load(table, model.speciesTable(), model.fishmealTable(), false);
+  plain.load(table, model.runInput().species, model.runInput().fishmeal, false);
   EXPECT_TRUE(sameLayout(model.layout(), plain.layout()));
 }
 
@@ -108,10 +108,10 @@ TEST_F(AllOptionsTest, OnShowsAndEnablesTheHiddenOptionsInTheFullLayoutOnly) {
   EXPECT_TRUE(model.visible(C::MenuEdit));
 
   // While a substance is edited they give way to the grid, and come back after it.
-  model.Add_Click();
+  model.substances().Add_Click();
   for (ControlId id : kRevealed) EXPECT_FALSE(shown(id)) << controlName(id);
   EXPECT_FALSE(model.visible(C::MenuEdit));
-  model.Abbrechen_Click();
+  model.substances().Abbrechen_Click();
   for (ControlId id : kRevealed) EXPECT_TRUE(model.visible(id)) << controlName(id);
   EXPECT_TRUE(model.visible(C::MenuEdit));
 
@@ -152,8 +152,8 @@ TEST_F(AllOptionsTest, NoTwoShownControlsOverlap) {
         EXPECT_TRUE(apart) << controlName(placed[i]) << " over " << controlName(placed[j]);
       }
     }
-    model.Add_Click();
-    model.Abbrechen_Click();
+    model.substances().Add_Click();
+    model.substances().Abbrechen_Click();
     runAll();
   }
 }
@@ -170,7 +170,7 @@ TEST_F(AllOptionsTest, SingleRunTakesTheChosenGradeOnlyWithTheSwitch) {
   EXPECT_EQ(model.lastRun().options().fishmealGrade, 0);
   EXPECT_EQ(model.options().fishmealGrade(), 0);  // the chooser keeps showing it
   // The sweep's "Details" runs are the sweep's: the third grade as ever.
-  model.setAllScenariosMode(true);
+  model.options().setAllScenariosMode(true);
   model.EinfacheOptimierung();
   EXPECT_EQ(model.lastRun().options().fishmealGrade, 2);
 
@@ -179,7 +179,7 @@ TEST_F(AllOptionsTest, SingleRunTakesTheChosenGradeOnlyWithTheSwitch) {
   model.options().setFishmealGrade(3);
   model.Optimierung_Click();
   EXPECT_EQ(model.lastRun().options().fishmealGrade, 2);
-  model.setKeepFishmealGrade(true);
+  model.options().setKeepFishmealGrade(true);
   model.options().setFishmealGrade(3);
   model.Optimierung_Click();
   EXPECT_EQ(model.lastRun().options().fishmealGrade, 3);
@@ -201,7 +201,7 @@ TEST_F(AllOptionsTest, SwitchingOffRestoresTheHiddenOptions) {
   model.options().setPseudoComponents({false, true, false});
   model.options().setFishmealGrade(1);
   runAll();
-  EXPECT_EQ(model.resultText().rfind("Minimum content", 0), 0u) << model.resultText();
+  EXPECT_EQ(model.result().text.rfind("Minimum content", 0), 0u) << model.result().text;
   model.setAllOptions(false);
   EXPECT_FALSE(model.visible(ControlId::Ergebnis));
   EXPECT_EQ(model.options().criterionOption(), Criterion::Maximum);

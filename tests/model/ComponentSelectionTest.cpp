@@ -101,5 +101,16 @@ TEST_F(ComponentSelectionTest, TooltipNamesTheLimitOfTheSpecies) {
   EXPECT_EQ(selection.tooltipText(4, 0, '.'), "");
 }
 
+// A press sets the tooltip; it stays while the pointer keeps one of the press point's
+// coordinates.
+TEST_F(ComponentSelectionTest, TheTooltipStaysUntilThePointerLeavesInBothDirections) {
+  selection.showTooltip("figures", 10, 20);
+  selection.Fischfutter1_MouseMove(10, 40);
+  selection.Fischfutter1_MouseMove(30, 20);
+  EXPECT_EQ(selection.availableTooltip(), "figures");
+  selection.Fischfutter1_MouseMove(11, 21);
+  EXPECT_EQ(selection.availableTooltip(), "");
+}
+
 }  // namespace
 }  // namespace pescavo

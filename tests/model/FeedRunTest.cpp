@@ -126,6 +126,50 @@ TEST_F(FeedRunTest, StopsInTheOrderTheRunMeetsThem) {
             "Maximum content dietary burden based on Example A is 0,500 mg/kg.");
 }
 
+// Texts that repeat, at other positions in each list: each chosen entry takes the lipid of the
+// last available entry with its text, as a scan from the end finds it, also when the lists
+// change between runs (the lookup and each entry's last match are kept).
+TEST_F(FeedRunTest, EachChosenEntryTakesTheLastAvailableEntryOfItsText) {
+  const auto text = [](int k) { return std::to_string(k % 211) + " (by-product)"; };
+  const auto fill = [&](bool fewer) {  // fewer: as for a substance without some of them
+    available.clear();
+    working.clear();
+    for (int q = 0; q < 600; ++q)
+      if (!fewer || q % 7 != 3)
+        addAvailable(text(q), "Forages", {q / 10.0, 1, 1, 100, 100, 90, ""});
+  };
+  const auto expectLastEntries = [&](const std::string& label) {
+    run.Laden(input(), options(false, false, false));
+    ASSERT_EQ(run.problem().n, static_cast<int>(chosen.size())) << label;
+    for (std::size_t p = 0; p < chosen.size(); ++p) {
+      double expected = -1;
+      for (int q = static_cast<int>(available.size()) - 1; q >= 0 && expected < 0; --q)
+        if (available[q].text == chosen[p].text) expected = working[q].lipid;
+      EXPECT_EQ(run.problem().lipid[p], expected) << label << ": " << chosen[p].text;
+    }
+  };
+  const auto chooseTexts = [&](std::initializer_list<int> ks) {
+    chosen.clear();
+    for (int k : ks) chosen.push_back({text(k), "by-product", "Forages", "0"});
+  };
+  fill(false);
+  chooseTexts({0, 5, 210, 399, 577});
+  expectLastEntries("first run");
+  expectLastEntries("same lists again");
+  fill(true);  // other positions, and some entries no longer there
+  chooseTexts({577, 5, 3, 210});
+  expectLastEntries("other lists");
+  chosen.erase(chosen.begin());
+  chosen.erase(chosen.begin());
+  expectLastEntries("shorter chosen list");
+  // As many entries, one of them renamed after the match: a later one now has the text.
+  fill(false);
+  chooseTexts({0, 5});
+  expectLastEntries("before the rename");
+  available[599].text = text(5);
+  expectLastEntries("a later entry with the text");
+}
+
 // The report shows the category and basis of the entry the run matched: the last available
 // one with the chosen text, whatever the chosen entry itself carried.
 TEST_F(FeedRunTest, ReportValuesComeFromTheMatchedEntryAndTheRunsOptions) {

@@ -80,21 +80,6 @@ TEST_F(MainWindowFilesTest, StartUpSetsTheDesignedStatesAndTheSimpleLayoutMovesT
   EXPECT_LT(again.at(ControlId::Fischfutter1).top + again.at(ControlId::Fischfutter1).height, 3250);
 }
 
-TEST_F(MainWindowFilesTest, TheInformationTooltipStaysWhileThePointerKeepsOneCoordinate) {
-  start();
-  model.Fischfutter1_MouseDown(-1, 5, 5);  // no current item: nothing
-  EXPECT_EQ(model.availableTooltip(), "");
-  model.Fischfutter1_MouseDown(0, 10, 20);
-  const std::string figures = model.availableTooltip();
-  EXPECT_EQ(figures,
-            model.selection().tooltipText(0, model.options().species(), model.decimalSeparator()));
-  model.Fischfutter1_MouseMove(10, 40);
-  model.Fischfutter1_MouseMove(30, 20);
-  EXPECT_EQ(model.availableTooltip(), figures);
-  model.Fischfutter1_MouseMove(11, 21);
-  EXPECT_EQ(model.availableTooltip(), "");
-}
-
 // A restore that reads the pristine copy starts over from the first substance, with the lists
 // emptied and the result withdrawn; one that does not leaves the window as it was.
 TEST_F(MainWindowFilesTest, RestoreAsksFirstAndKeepsTheDatabaseWhenThePristineCopyIsBad) {
@@ -104,7 +89,7 @@ TEST_F(MainWindowFilesTest, RestoreAsksFirstAndKeepsTheDatabaseWhenThePristineCo
   model.Optimierung_Click();
   ASSERT_TRUE(model.visible(ControlId::Ergebnis));
   dialogs.answers = {false};
-  model.restore();
+  model.substances().restore();
   EXPECT_EQ(dialogs.questions,
             std::vector<std::string>{"You want to reset the data base settings?"});
   EXPECT_FALSE(model.selection().chosen().empty());
@@ -112,14 +97,14 @@ TEST_F(MainWindowFilesTest, RestoreAsksFirstAndKeepsTheDatabaseWhenThePristineCo
   const std::string pristine = read("feedstuff1.tab");
   std::ofstream(folder / "Input" / "feedstuff1.tab", std::ios::binary) << "Category\tCrop\r\nx";
   dialogs.answers = {true};
-  model.restore();
-  EXPECT_EQ(model.table().substanceCount(), 5);
+  model.substances().restore();
+  EXPECT_EQ(model.database().table().substanceCount(), 5);
   EXPECT_FALSE(model.selection().chosen().empty());
   EXPECT_TRUE(model.visible(ControlId::Ergebnis));
 
   std::ofstream(folder / "Input" / "feedstuff1.tab", std::ios::binary) << pristine;
   dialogs.answers = {true};
-  model.restore();
+  model.substances().restore();
   EXPECT_EQ(model.substancePosition(), 0);
   EXPECT_TRUE(model.selection().chosen().empty());
   EXPECT_FALSE(model.visible(ControlId::Ergebnis));
@@ -128,12 +113,12 @@ TEST_F(MainWindowFilesTest, RestoreAsksFirstAndKeepsTheDatabaseWhenThePristineCo
 // A failed write at exit keeps the window open.
 TEST_F(MainWindowFilesTest, AFailedSaveAtExitKeepsTheProgramOpen) {
   start();
-  model.Loeschen_Click();
+  model.substances().Loeschen_Click();
   ASSERT_TRUE(model.database().modified());
   std::filesystem::rename(folder / "Input" / "feedstuff.tab", folder / "Input" / "kept.tab");
   std::filesystem::create_directory(folder / "Input" / "feedstuff.tab");
   dialogs.answers = {true};
-  EXPECT_FALSE(model.Ende_Click());
+  EXPECT_FALSE(model.substances().Ende_Click());
   ASSERT_EQ(dialogs.messages.size(), 1u);
 }
 

@@ -41,39 +41,40 @@ class EditingTest : public ::testing::Test {
   }
   std::string names() const {
     std::string out;
-    for (int s = 1; s <= model.table().substanceCount(); ++s)
-      out += model.table().substanceName(s) + ";";
+    for (int s = 1; s <= model.database().table().substanceCount(); ++s)
+      out += model.database().table().substanceName(s) + ";";
     return out;
   }
   std::string column5() const {
     std::string out;
-    for (int r = 1; r < model.editor().grid().rowCount(); ++r)
-      out += model.editor().grid().text(r, 5) + ";";
+    for (int r = 1; r < editor().grid().rowCount(); ++r) out += editor().grid().text(r, 5) + ";";
     return out;
   }
   std::string column4() const {
     std::string out;
-    for (int r = 1; r < model.editor().grid().rowCount(); ++r)
-      out += model.editor().grid().text(r, 4) + ";";
+    for (int r = 1; r < editor().grid().rowCount(); ++r) out += editor().grid().text(r, 4) + ";";
     return out;
   }
   // Substance s of the model's table has the residues and codes of substance from of `table`.
   void expectSubstance(int s, int from) const {
     for (int i = 1; i <= 5; ++i) {
-      EXPECT_EQ(model.table().residue(s, i), table.residue(from, i)) << s << " " << i;
-      EXPECT_EQ(model.table().basis(s, i), table.basis(from, i)) << s << " " << i;
+      EXPECT_EQ(model.database().table().residue(s, i), table.residue(from, i)) << s << " " << i;
+      EXPECT_EQ(model.database().table().basis(s, i), table.basis(from, i)) << s << " " << i;
     }
   }
   // A click into column 5 of row and the edit box placed there.
   void openEditBox(int row) {
-    model.editor().setGridCursor(row, 5, row);
-    ASSERT_EQ(model.editor().schadstoffwerte_Click(), MainWindowModel::GridEditor::EditBox);
-    model.editor().Eingabefeld_platzieren(240, 600, {0, 240 * row, 1500, 240});
+    editor().setGridCursor(row, 5, row);
+    ASSERT_EQ(editor().schadstoffwerte_Click(), SubstanceEditing::GridEditor::EditBox);
+    editor().Eingabefeld_platzieren(240, 600, {0, 240 * row, 1500, 240});
   }
   void type(const std::string& keys) {
-    for (char key : keys) model.editor().EingabeSchadstoff_KeyPress(key);
+    for (char key : keys) editor().EingabeSchadstoff_KeyPress(key);
   }
   bool visible(ControlId id) const { return model.layout().at(id).visible; }
+  SubstanceEditing& edit() { return model.substances(); }
+  ResidueEditor& editor() { return edit().editor(); }
+  const ResidueEditor& editor() const { return model.substances().editor(); }
 
   ComponentTable table;
   RecordingDialogs dialogs;
@@ -82,7 +83,7 @@ class EditingTest : public ::testing::Test {
 
 TEST_F(EditingTest, DeletingKeepsEverySubstanceWithItsValuesAndCodes) {
   model.selectSubstance(3);
-  model.Loeschen_Click();
+  edit().Loeschen_Click();
   EXPECT_EQ(names(), "Alpha;Beta;Gamma;");
   EXPECT_EQ(model.substancePosition(), 2);  // the new last one
   EXPECT_TRUE(model.database().modified());
@@ -90,7 +91,7 @@ TEST_F(EditingTest, DeletingKeepsEverySubstanceWithItsValuesAndCodes) {
 
   load();
   model.selectSubstance(1);
-  model.Schadstoffliste_KeyDown(ResidueGrid::kDelete, false);  // no question asked
+  edit().Schadstoffliste_KeyDown(ResidueGrid::kDelete, false);  // no question asked
   EXPECT_TRUE(dialogs.questions.empty());
   EXPECT_EQ(names(), "Alpha;Gamma;Delta;");
   EXPECT_EQ(model.substancePosition(), 1);
@@ -102,97 +103,98 @@ TEST_F(EditingTest, DeletingKeepsEverySubstanceWithItsValuesAndCodes) {
             5u);  // the lists follow the new current substance
   EXPECT_EQ(model.selection().workingSet()[2].residue, 3.3);
 
-  model.Loeschen_Click();
-  model.Loeschen_Click();
+  edit().Loeschen_Click();
+  edit().Loeschen_Click();
   EXPECT_EQ(names(), "Alpha;");
   EXPECT_FALSE(model.enabled(ControlId::Loeschen));
-  model.Loeschen_Click();  // refused silently
+  edit().Loeschen_Click();  // refused silently
   EXPECT_EQ(names(), "Alpha;");
   EXPECT_TRUE(dialogs.messages.empty());
 }
 
 TEST_F(EditingTest, CopyAppendsWithoutMarkingTheDatabase) {
   model.selectSubstance(2);
-  model.Kopieren_Click();
+  edit().Kopieren_Click();
   EXPECT_EQ(names(), "Alpha;Beta;Gamma;Delta;Gamma;");
   EXPECT_EQ(model.substancePosition(), 4);
   expectSubstance(5, 3);
-  model.Schadstoffliste_KeyDown(ResidueGrid::kKeyC, true);
-  model.Schadstoffliste_KeyDown(ResidueGrid::kKeyC, false);  // C alone does nothing
-  EXPECT_EQ(model.table().substanceCount(), 6);
+  edit().Schadstoffliste_KeyDown(ResidueGrid::kKeyC, true);
+  edit().Schadstoffliste_KeyDown(ResidueGrid::kKeyC, false);  // C alone does nothing
+  EXPECT_EQ(model.database().table().substanceCount(), 6);
   EXPECT_FALSE(model.database().modified());
-  EXPECT_TRUE(model.Ende_Click());
+  EXPECT_TRUE(edit().Ende_Click());
   EXPECT_TRUE(dialogs.questions.empty());
 
   // Copying the only substance enables "Del".
   for (int s = 4; s >= 2; --s) table.deleteSubstance(s);
   load();
   EXPECT_FALSE(model.enabled(ControlId::Loeschen));
-  model.Kopieren_Click();
+  edit().Kopieren_Click();
   EXPECT_TRUE(model.enabled(ControlId::Loeschen));
 }
 
 TEST_F(EditingTest, AddCancelAddStartsAFreshSubstance) {
-  model.Add_Click();
-  EXPECT_TRUE(model.editor().editing());
-  EXPECT_FALSE(model.editMode());
-  EXPECT_EQ(model.editor().nameText(), "New substance");
+  edit().Add_Click();
+  EXPECT_TRUE(editor().editing());
+  EXPECT_FALSE(edit().editMode());
+  EXPECT_EQ(editor().nameText(), "New substance");
   EXPECT_EQ(column5(), "0;0;0;0;0;");
   EXPECT_EQ(column4(), "STMR;STMR;STMR;STMR;STMR;");
-  model.editor().setNameText("Typed");
-  model.editor().setGridCursor(2, 4, 4);
-  model.ArtSchadstoffwertCombo_Click(1);
-  model.schadstoffwerte_KeyDown('9', false);
-  model.Abbrechen_Click();
-  EXPECT_FALSE(model.editor().editing());
-  EXPECT_EQ(model.editor().nameText(), "");
+  editor().setNameText("Typed");
+  editor().setGridCursor(2, 4, 4);
+  edit().ArtSchadstoffwertCombo_Click(1);
+  edit().schadstoffwerte_KeyDown('9', false);
+  edit().Abbrechen_Click();
+  EXPECT_FALSE(editor().editing());
+  EXPECT_EQ(editor().nameText(), "");
   EXPECT_EQ(names(), "Alpha;Beta;Gamma;Delta;");
   EXPECT_FALSE(model.database().modified());
 
-  model.Add_Click();
-  EXPECT_EQ(model.editor().nameText(), "New substance");
+  edit().Add_Click();
+  EXPECT_EQ(editor().nameText(), "New substance");
   EXPECT_EQ(column5(), "0;0;0;0;0;");
   EXPECT_EQ(column4(), "STMR;STMR;STMR;STMR;STMR;");
-  ASSERT_TRUE(model.leaveEditing());
-  for (int i = 1; i <= 5; ++i) EXPECT_EQ(model.table().basis(5, i), 0);
+  ASSERT_TRUE(edit().leaveEditing());
+  for (int i = 1; i <= 5; ++i) EXPECT_EQ(model.database().table().basis(5, i), 0);
 
   // A start-up in the middle of an edit leaves no edit behind.
-  model.Edit_Click();
+  edit().Edit_Click();
   load();
-  EXPECT_FALSE(model.editMode());
-  model.Add_Click();
-  EXPECT_EQ(model.editor().nameText(), "New substance");
+  EXPECT_FALSE(edit().editMode());
+  edit().Add_Click();
+  EXPECT_EQ(editor().nameText(), "New substance");
 }
 
 TEST_F(EditingTest, EditTwoValuesThenDoneThenTheExitAsks) {
   model.selectSubstance(1);
-  model.Schadstoffliste_DblClick();
-  EXPECT_TRUE(model.editMode());
-  EXPECT_EQ(model.editor().nameText(), "Beta");
+  edit().Schadstoffliste_DblClick();
+  EXPECT_TRUE(edit().editMode());
+  EXPECT_EQ(editor().nameText(), "Beta");
   EXPECT_EQ(column5(), "2.1;2.2;0;2.4;2.5;");
   EXPECT_EQ(column4(), "STMR-P;STMR;STMR-P;STMR;STMR-P;");
 
   openEditBox(2);
-  EXPECT_EQ(model.editor().grid().editText(), "2.2");
+  EXPECT_EQ(editor().grid().editText(), "2.2");
   type("1,5");
-  EXPECT_EQ(model.editor().grid().editText(), "1.5");
-  EXPECT_EQ(model.editor().EingabeSchadstoff_Enter(), 3);  // on to the next row
-  EXPECT_EQ(model.editor().grid().editText(), "0");
-  model.editor().setGridCursor(4, 1, 4);  // typing on the grid goes to column 5
-  for (int key : {ResidueGrid::kDelete, 96 + 3, 190, 53}) model.schadstoffwerte_KeyDown(key, false);
-  EXPECT_EQ(model.editor().grid().column(), 5);
-  model.editor().setNameText("Beta (new)");
+  EXPECT_EQ(editor().grid().editText(), "1.5");
+  EXPECT_EQ(editor().EingabeSchadstoff_Enter(), 3);  // on to the next row
+  EXPECT_EQ(editor().grid().editText(), "0");
+  editor().setGridCursor(4, 1, 4);  // typing on the grid goes to column 5
+  for (int key : {ResidueGrid::kDelete, 96 + 3, 190, 53})
+    edit().schadstoffwerte_KeyDown(key, false);
+  EXPECT_EQ(editor().grid().column(), 5);
+  editor().setNameText("Beta (new)");
 
-  EXPECT_FALSE(model.Ende_Click());  // "Done": no question
+  EXPECT_FALSE(edit().Ende_Click());  // "Done": no question
   EXPECT_TRUE(dialogs.questions.empty());
-  EXPECT_FALSE(model.editor().editing());
+  EXPECT_FALSE(editor().editing());
   EXPECT_EQ(model.layout().at(ControlId::Ende).caption, "Exit");
   EXPECT_EQ(names(), "Alpha;Beta (new);Gamma;Delta;");
   EXPECT_EQ(model.substancePosition(), 1);
   const double expected[5] = {2.1, 1.5, 0, 3.5, 2.5};
   for (int i = 1; i <= 5; ++i) {
-    EXPECT_EQ(model.table().residue(2, i), expected[i - 1]);
-    EXPECT_EQ(model.table().basis(2, i), table.basis(2, i));
+    EXPECT_EQ(model.database().table().residue(2, i), expected[i - 1]);
+    EXPECT_EQ(model.database().table().basis(2, i), table.basis(2, i));
   }
   expectSubstance(1, 1);
   expectSubstance(3, 3);
@@ -200,46 +202,46 @@ TEST_F(EditingTest, EditTwoValuesThenDoneThenTheExitAsks) {
   EXPECT_EQ(model.selection().workingSet()[1].residue, 1.5);
   EXPECT_TRUE(model.database().modified());
 
-  EXPECT_TRUE(model.Ende_Click());
+  EXPECT_TRUE(edit().Ende_Click());
   EXPECT_EQ(dialogs.questions, std::vector<std::string>{kSaveQuestion});
 }
 
 TEST_F(EditingTest, EscapeOnTheGridCancels) {
-  model.Edit_Click();
-  model.editor().setGridCursor(1, 5, 1);
-  model.schadstoffwerte_KeyDown('7', false);
-  EXPECT_EQ(model.editor().grid().text(1, 5), "1.17");
-  EXPECT_EQ(model.schadstoffwerte_KeyDown(ResidueGrid::kEscape, false), std::nullopt);
-  EXPECT_FALSE(model.editor().editing());
-  EXPECT_FALSE(model.editMode());
+  edit().Edit_Click();
+  editor().setGridCursor(1, 5, 1);
+  edit().schadstoffwerte_KeyDown('7', false);
+  EXPECT_EQ(editor().grid().text(1, 5), "1.17");
+  EXPECT_EQ(edit().schadstoffwerte_KeyDown(ResidueGrid::kEscape, false), std::nullopt);
+  EXPECT_FALSE(editor().editing());
+  EXPECT_FALSE(edit().editMode());
   expectSubstance(1, 1);
   EXPECT_FALSE(model.database().modified());
   // Outside the editing mode the grid takes no keys.
-  model.schadstoffwerte_KeyDown('5', false);
-  EXPECT_EQ(model.editor().grid().text(1, 5), "1.17");
+  edit().schadstoffwerte_KeyDown('5', false);
+  EXPECT_EQ(editor().grid().text(1, 5), "1.17");
 }
 
 TEST_F(EditingTest, DoneAfterAddSelectsTheNewLastSubstance) {
   for (int s = 4; s >= 2; --s) table.deleteSubstance(s);
   load();
   EXPECT_FALSE(model.enabled(ControlId::Loeschen));
-  model.Add_Click();
-  model.editor().setNameText("Epsilon");
+  edit().Add_Click();
+  editor().setNameText("Epsilon");
   openEditBox(3);
-  model.editor().EingabeSchadstoff_Paste("0.25\r\n1.5\r\n");
+  editor().EingabeSchadstoff_Paste("0.25\r\n1.5\r\n");
   EXPECT_FALSE(visible(C::EingabeSchadstoff));
   EXPECT_EQ(column5(), "0;0;0.25;1.5;0;");
-  model.editor().setGridCursor(4, 4, 3);
-  model.ArtSchadstoffwertCombo_Click(1);
-  ASSERT_TRUE(model.leaveEditing());
+  editor().setGridCursor(4, 4, 3);
+  edit().ArtSchadstoffwertCombo_Click(1);
+  ASSERT_TRUE(edit().leaveEditing());
   EXPECT_EQ(names(), "Alpha;Epsilon;");
   EXPECT_EQ(model.substancePosition(), 1);
   EXPECT_TRUE(model.enabled(ControlId::Loeschen));
   const double residues[5] = {0, 0, 0.25, 1.5, 0};
   const std::int16_t codes[5] = {0, 0, 1, 1, 0};
   for (int i = 1; i <= 5; ++i) {
-    EXPECT_EQ(model.table().residue(2, i), residues[i - 1]);
-    EXPECT_EQ(model.table().basis(2, i), codes[i - 1]);
+    EXPECT_EQ(model.database().table().residue(2, i), residues[i - 1]);
+    EXPECT_EQ(model.database().table().basis(2, i), codes[i - 1]);
   }
   ASSERT_EQ(model.selection().available().size(), 2u);
   EXPECT_EQ(model.selection().available()[1].text, "Soybean (feed)");
@@ -247,41 +249,14 @@ TEST_F(EditingTest, DoneAfterAddSelectsTheNewLastSubstance) {
 }
 
 TEST_F(EditingTest, EditingLayoutAndBack) {
-  model.Add_Click();
-  for (ControlId name : {C::Image2,
-                         C::Image3,
-                         C::Image7,
-                         C::Line1,
-                         C::Line2,
-                         C::Label7,
-                         C::Label9,
-                         C::Frame1,
-                         C::Frame2,
-                         C::Optimierung,
-                         C::Optimierung2,
-                         C::Edit,
-                         C::Add,
-                         C::Command1,
-                         C::Loeschen,
-                         C::Kopieren,
-                         C::Fischmehl,
-                         C::Check1,
-                         C::Check5,
-                         C::MinMax,
-                         C::Fischarten,
-                         C::Fischfutter1,
-                         C::Fischfutter2,
-                         C::Label1,
-                         C::Label31,
-                         C::alle_rein,
-                         C::alle_raus,
-                         C::Rein,
-                         C::raus,
-                         C::ReportButton,
-                         C::Ergebnis,
-                         C::EingabeSchadstoff,
-                         C::ArtSchadstoffwertCombo})
-    EXPECT_FALSE(visible(name)) << controlName(name);
+  edit().Add_Click();
+  const ControlId hiddenWhileEditing[] = {
+      C::Image2,  C::Image3,    C::Image7,     C::Line1,        C::Line2,        C::Label7,
+      C::Label9,  C::Frame1,    C::Frame2,     C::Optimierung,  C::Optimierung2, C::Edit,
+      C::Add,     C::Command1,  C::Loeschen,   C::Kopieren,     C::Fischmehl,    C::Check1,
+      C::Check5,  C::MinMax,    C::Fischarten, C::Fischfutter1, C::Fischfutter2, C::Label1,
+      C::Label31, C::alle_rein, C::alle_raus,  C::Rein,         C::raus,         C::Ergebnis};
+  for (ControlId name : hiddenWhileEditing) EXPECT_FALSE(visible(name)) << controlName(name);
   for (ControlId name : {C::Image6, C::Schadstoffname, C::Label5, C::Suche, C::Go, C::Abbrechen,
                          C::schadstoffwerte, C::Ende, C::Schadstoffliste, C::Label32})
     EXPECT_TRUE(visible(name)) << controlName(name);
@@ -289,14 +264,14 @@ TEST_F(EditingTest, EditingLayoutAndBack) {
   EXPECT_EQ(TwipsRect({grid.left, grid.top, grid.width, grid.height}),
             TwipsRect({240, 600, 15135, 4935}));
   EXPECT_EQ(model.layout().at(ControlId::Ende).caption, "Done");
-  EXPECT_EQ(model.editor().searchText(), "Search...");
+  EXPECT_EQ(editor().searchText(), "Search...");
   EXPECT_EQ(model.layout().width(), MainWindowLayout::kFullWidth);
 
-  model.editor().setSearchText("oats");
-  model.editor().Go_Click();
-  EXPECT_TRUE(model.editor().grid().marked(3, 1));
-  model.Abbrechen_Click();
-  EXPECT_EQ(model.editor().searchText(), "Search...");
+  editor().setSearchText("oats");
+  editor().Go_Click();
+  EXPECT_TRUE(editor().grid().marked(3, 1));
+  edit().Abbrechen_Click();
+  EXPECT_EQ(editor().searchText(), "Search...");
   for (ControlId name :
        {C::Edit,         C::Command1,     C::Add,    C::Loeschen, C::Kopieren,  C::Optimierung,
         C::Fischfutter1, C::Fischfutter2, C::Label1, C::Label31,  C::alle_rein, C::alle_raus,
@@ -309,15 +284,15 @@ TEST_F(EditingTest, EditingLayoutAndBack) {
   EXPECT_TRUE(model.layout().at(ControlId::Edit).enabled);
 
   // Editing starts with the search marks gone.
-  model.Edit_Click();
-  EXPECT_FALSE(model.editor().grid().marked(3, 1));
-  EXPECT_EQ(model.editor().MouseWheel(-120, 1, 4935, 240), 5);
+  edit().Edit_Click();
+  EXPECT_FALSE(editor().grid().marked(3, 1));
+  EXPECT_EQ(editor().MouseWheel(-120, 1, 4935, 240), 5);
 }
 
 TEST_F(EditingTest, SimpleLayoutAfterDoneAndCancel) {
   load(true);
   EXPECT_EQ(model.layout().width(), MainWindowLayout::kSimpleWidth);
-  model.Edit_Click();
+  edit().Edit_Click();
   // The editing controls need the full width; the fish-meal chooser hides with its caption.
   EXPECT_EQ(model.layout().width(), MainWindowLayout::kFullWidth);
   EXPECT_EQ(model.layout().at(ControlId::Ende).left, 15840);
@@ -325,7 +300,7 @@ TEST_F(EditingTest, SimpleLayoutAfterDoneAndCancel) {
   EXPECT_FALSE(visible(C::Fischmehl) || visible(C::FischmehlCaption));
   EXPECT_TRUE(visible(C::Abbrechen));
 
-  ASSERT_FALSE(model.Ende_Click());
+  ASSERT_FALSE(edit().Ende_Click());
   EXPECT_EQ(model.layout().width(), MainWindowLayout::kSimpleWidth);
   EXPECT_EQ(model.layout().at(ControlId::Ende).left, 7000);
   EXPECT_EQ(model.layout().at(ControlId::Image1).left, 7840);
@@ -339,8 +314,8 @@ TEST_F(EditingTest, SimpleLayoutAfterDoneAndCancel) {
   EXPECT_TRUE(model.options().pseudoComponents().pc);
 
   load(true);
-  model.Add_Click();
-  model.Abbrechen_Click();
+  edit().Add_Click();
+  edit().Abbrechen_Click();
   EXPECT_EQ(model.layout().width(), MainWindowLayout::kSimpleWidth);
   EXPECT_EQ(model.layout().at(ControlId::Fischmehl).top, 3600);
   EXPECT_FALSE(visible(C::Fischfutter2));
@@ -355,67 +330,56 @@ TEST_F(EditingTest, DecimalCommaLocaleStillEditsWithAPoint) {
   load();
   model.setDecimalSeparator(',');
   model.selectSubstance(2);
-  model.Edit_Click();
+  edit().Edit_Click();
   EXPECT_EQ(column5(), "12.5;0.30000000000000004;0.00001;0.3333333333333333;3.5;");
-  ASSERT_TRUE(model.leaveEditing());
+  ASSERT_TRUE(edit().leaveEditing());
   expectSubstance(3, 3);  // bit for bit
 
-  model.Edit_Click();
+  edit().Edit_Click();
   openEditBox(5);
   type("2,75");
-  model.editor().EingabeSchadstoff_Enter();
-  ASSERT_TRUE(model.leaveEditing());
-  EXPECT_EQ(model.table().residue(3, 5), 2.75);
+  editor().EingabeSchadstoff_Enter();
+  ASSERT_TRUE(edit().leaveEditing());
+  EXPECT_EQ(model.database().table().residue(3, 5), 2.75);
 }
 
-// The basis drop-down stores for the substance edited; no editor touches the flag.
+// The basis drop-down stores for the substance edited, Ctrl+C on the grid gives the clipboard
+// text; no editor touches the flag.
 TEST_F(EditingTest, InPlaceEditorsAndTheFlag) {
-  model.Edit_Click();
-  model.editor().setGridCursor(2, 4, 1);
-  EXPECT_EQ(model.editor().schadstoffwerte_Click(), MainWindowModel::GridEditor::BasisChooser);
-  model.ArtSchadstoffwertCombo_Click(1);
+  edit().Edit_Click();
+  editor().setGridCursor(2, 4, 1);
+  EXPECT_EQ(editor().schadstoffwerte_Click(), SubstanceEditing::GridEditor::BasisChooser);
+  edit().ArtSchadstoffwertCombo_Click(1);
   EXPECT_EQ(column4(), "STMR-P;STMR-P;STMR;STMR-P;STMR;");
 
-  // A click into the box fills the selection; a double-click also hides the box.
-  openEditBox(3);
-  model.editor().setEditBox("4", 1, 0);
-  model.editor().setGridCursor(5, 5, 3);
-  model.editor().EingabeSchadstoff_Click();
-  EXPECT_EQ(column5(), "1.1;1.2;4;4;4;");
-  EXPECT_TRUE(visible(C::EingabeSchadstoff));
-  model.editor().setGridCursor(1, 5, 1);
-  model.editor().EingabeSchadstoff_DblClick();
-  EXPECT_EQ(column5(), "4;1.2;4;4;4;");
-  EXPECT_FALSE(visible(C::EingabeSchadstoff));
-  EXPECT_EQ(model.editor().EingabeSchadstoff_Copy(), "4");
-  model.editor().setGridCursor(1, 5, 2);
-  EXPECT_EQ(model.schadstoffwerte_KeyDown(ResidueGrid::kKeyC, true), "4\r\n1.2\r\n");
+  editor().setGridCursor(1, 5, 2);
+  EXPECT_EQ(edit().schadstoffwerte_KeyDown(ResidueGrid::kKeyC, true), "1.1\r\n1.2\r\n");
   // None of this touched the flag, in either state.
   EXPECT_FALSE(model.database().modified());
-  model.Abbrechen_Click();
-  model.Loeschen_Click();
-  model.Edit_Click();
-  model.editor().setGridCursor(1, 4, 1);
-  model.ArtSchadstoffwertCombo_Click(0);
-  model.editor().EingabeSchadstoff_Click();
-  model.Abbrechen_Click();
+  edit().Abbrechen_Click();
+  edit().Loeschen_Click();
+  edit().Edit_Click();
+  editor().setGridCursor(1, 4, 1);
+  edit().ArtSchadstoffwertCombo_Click(0);
+  editor().EingabeSchadstoff_Click();
+  edit().Abbrechen_Click();
   EXPECT_TRUE(model.database().modified());
 }
 
 TEST_F(EditingTest, WhatTheTableCannotHoldIsRefused) {
-  model.Edit_Click();
-  model.editor().setGridCursor(2, 5, 2);
-  model.editor().EingabeSchadstoff_Paste("2000000\r\n");
-  EXPECT_FALSE(model.Ende_Click());
+  edit().Edit_Click();
+  editor().setGridCursor(2, 5, 2);
+  editor().EingabeSchadstoff_Paste("2000000\r\n");
+  EXPECT_FALSE(edit().Ende_Click());
   ASSERT_EQ(dialogs.messages.size(), 1u);
   EXPECT_NE(dialogs.messages[0].find("1000000 mg/kg"), std::string::npos);
-  EXPECT_TRUE(model.editor().editing());  // nothing stored, nothing lost
-  EXPECT_TRUE(model.editor().grid().marked(2, 5));
+  EXPECT_TRUE(editor().editing());  // nothing stored, nothing lost
+  EXPECT_TRUE(editor().grid().marked(2, 5));
   expectSubstance(1, 1);
   EXPECT_FALSE(model.database().modified());
-  model.editor().EingabeSchadstoff_Paste("1000000\r\n");
-  ASSERT_TRUE(model.leaveEditing());
-  EXPECT_EQ(model.table().residue(1, 2), 1000000);
+  editor().EingabeSchadstoff_Paste("1000000\r\n");
+  ASSERT_TRUE(edit().leaveEditing());
+  EXPECT_EQ(model.database().table().residue(1, 2), 1000000);
 
   // A full database takes no further substance.
   ComponentTable full;
@@ -423,22 +387,22 @@ TEST_F(EditingTest, WhatTheTableCannotHoldIsRefused) {
   for (int s = 1; s <= ComponentTable::kMaxSubstances; ++s) full.addSubstance("S");
   model.load(full, {{"Common carp", 8, 35}}, {{60, 12}, {62, 11}, {65, 10}});
   dialogs.messages.clear();
-  model.Add_Click();
-  model.Kopieren_Click();
-  EXPECT_FALSE(model.editor().editing());
-  EXPECT_EQ(model.table().substanceCount(), ComponentTable::kMaxSubstances);
+  edit().Add_Click();
+  edit().Kopieren_Click();
+  EXPECT_FALSE(editor().editing());
+  EXPECT_EQ(model.database().table().substanceCount(), ComponentTable::kMaxSubstances);
   EXPECT_EQ(dialogs.messages.size(), 2u);
-  model.Edit_Click();
-  EXPECT_TRUE(model.leaveEditing());
+  edit().Edit_Click();
+  EXPECT_TRUE(edit().leaveEditing());
 }
 
 TEST_F(EditingTest, ListKeysWhileEditingKeepTheCopyOfTheCodes) {
   // Editing Alpha, the (covered) list takes Delete: Alpha goes, Beta becomes current, and
   // "Done" stores the grid and the codes as copied when editing began over Beta.
-  model.Edit_Click();
-  model.Schadstoffliste_KeyDown(ResidueGrid::kDelete, false);
+  edit().Edit_Click();
+  edit().Schadstoffliste_KeyDown(ResidueGrid::kDelete, false);
   EXPECT_EQ(names(), "Beta;Gamma;Delta;");
-  ASSERT_TRUE(model.leaveEditing());
+  ASSERT_TRUE(edit().leaveEditing());
   EXPECT_EQ(names(), "Alpha;Gamma;Delta;");
   expectSubstance(1, 1);
   expectSubstance(2, 3);
@@ -446,83 +410,69 @@ TEST_F(EditingTest, ListKeysWhileEditingKeepTheCopyOfTheCodes) {
 
 // Typing that Enter has not stored yet is not lost by leaving the box another way.
 TEST_F(EditingTest, TypingWithoutEnterIsKept) {
-  model.Edit_Click();
+  edit().Edit_Click();
   openEditBox(2);
   type("7");
   openEditBox(4);  // a click on another cell
-  EXPECT_EQ(model.editor().grid().text(2, 5), "7");
+  EXPECT_EQ(editor().grid().text(2, 5), "7");
   type("9");
-  model.editor().setGridCursor(1, 4, 1);
-  ASSERT_EQ(model.editor().schadstoffwerte_Click(), MainWindowModel::GridEditor::BasisChooser);
-  EXPECT_EQ(model.editor().grid().text(4, 5), "9");
+  editor().setGridCursor(1, 4, 1);
+  ASSERT_EQ(editor().schadstoffwerte_Click(), SubstanceEditing::GridEditor::BasisChooser);
+  EXPECT_EQ(editor().grid().text(4, 5), "9");
   openEditBox(5);
   type("3.5");
-  ASSERT_TRUE(model.leaveEditing());  // "Done" with the box still open
-  EXPECT_EQ(model.table().residue(1, 2), 7);
-  EXPECT_EQ(model.table().residue(1, 4), 9);
-  EXPECT_EQ(model.table().residue(1, 5), 3.5);
+  ASSERT_TRUE(edit().leaveEditing());  // "Done" with the box still open
+  EXPECT_EQ(model.database().table().residue(1, 2), 7);
+  EXPECT_EQ(model.database().table().residue(1, 4), 9);
+  EXPECT_EQ(model.database().table().residue(1, 5), 3.5);
 
-  model.Edit_Click();  // Cancel still discards what was typed
+  edit().Edit_Click();  // Cancel still discards what was typed
   openEditBox(1);
   type("8");
-  model.Abbrechen_Click();
-  EXPECT_EQ(model.table().residue(1, 1), table.residue(1, 1));
+  edit().Abbrechen_Click();
+  EXPECT_EQ(model.database().table().residue(1, 1), table.residue(1, 1));
 }
 
-// A save while a new substance is added stores it once; "Done" then stores into it again
-// rather than adding a copy.
-TEST_F(EditingTest, ASaveWhileAddingStoresTheNewSubstanceOnce) {
-  namespace fs = std::filesystem;
-  std::string folder = (fs::temp_directory_path() / "pescavo-adding-XXXXXX").string();
-  ASSERT_NE(::mkdtemp(folder.data()), nullptr);
-  fs::copy(PESCAVO_SAMPLE_INPUT, folder, fs::copy_options::recursive);
-  model.startUp(folder);
-  const int substances = model.table().substanceCount();
-  model.Add_Click();
-  model.editor().setNameText("Added");
-  model.editor().setGridCursor(1, 5, 1);
-  model.editor().EingabeSchadstoff_Paste("0.5\r\n");
-  model.save();
-  ASSERT_EQ(model.table().substanceCount(), substances + 1);
-  EXPECT_TRUE(model.editor().editing() && model.editMode());
-  EXPECT_EQ(model.substanceName(), "Added");
-  model.editor().setGridCursor(1, 5, 1);
-  model.editor().EingabeSchadstoff_Paste("0.75\r\n");
-  ASSERT_TRUE(model.leaveEditing());
-  EXPECT_EQ(model.table().substanceCount(), substances + 1);
-  EXPECT_EQ(model.table().residue(substances + 1, 1), 0.75);
-  model.save();
-  const ComponentTable saved = readComponentTable(folder + "/feedstuff.tab");
-  EXPECT_EQ(saved.substanceCount(), substances + 1);
-  EXPECT_EQ(saved.substanceName(substances + 1), "Added");
-  EXPECT_EQ(saved.residue(substances + 1, 1), 0.75);
-  fs::remove_all(folder);
-}
-
-TEST(SaveWhileEditing, TakesTheGridOverAfterWriting) {
+// "&save" while editing writes the table as it was, then takes the grid over; a new substance
+// is stored once, and "Done" then stores into it again rather than adding a copy.
+TEST_F(EditingTest, ASaveWhileEditingTakesTheGridOverAfterWriting) {
   namespace fs = std::filesystem;
   std::string folder = (fs::temp_directory_path() / "pescavo-editing-XXXXXX").string();
   ASSERT_NE(::mkdtemp(folder.data()), nullptr);
   fs::copy(PESCAVO_SAMPLE_INPUT, folder, fs::copy_options::recursive);
   const std::string file = folder + "/feedstuff.tab";
-  RecordingDialogs dialogs;
-  MainWindowModel model(dialogs, '.');
   model.startUp(folder);
-  const int substances = model.table().substanceCount();
-  const double before = model.table().residue(1, 1);
-
-  model.save();  // outside editing: the file, nothing appended
-  EXPECT_EQ(model.table().substanceCount(), substances);
+  const int substances = model.database().table().substanceCount();
+  const double before = model.database().table().residue(1, 1);
+  edit().save();  // outside editing: the file, nothing appended
+  EXPECT_EQ(model.database().table().substanceCount(), substances);
   EXPECT_FALSE(model.database().modified());
 
-  model.Edit_Click();
-  model.editor().setGridCursor(1, 5, 1);
-  model.editor().EingabeSchadstoff_Paste("7.25\r\n");
-  model.save();
-  EXPECT_TRUE(model.editor().editing());
-  EXPECT_TRUE(model.database().modified());
-  EXPECT_EQ(model.table().residue(1, 1), 7.25);
+  edit().Edit_Click();
+  editor().setGridCursor(1, 5, 1);
+  editor().EingabeSchadstoff_Paste("7.25\r\n");
+  edit().save();
+  EXPECT_TRUE(editor().editing() && model.database().modified());
+  EXPECT_EQ(model.database().table().residue(1, 1), 7.25);
   EXPECT_EQ(readComponentTable(file).residue(1, 1), before);
+  edit().Abbrechen_Click();
+
+  edit().Add_Click();
+  editor().setNameText("Added");
+  editor().setGridCursor(1, 5, 1);
+  editor().EingabeSchadstoff_Paste("0.5\r\n");
+  edit().save();
+  ASSERT_EQ(model.database().table().substanceCount(), substances + 1);
+  EXPECT_TRUE(editor().editing() && edit().editMode());
+  EXPECT_EQ(model.substanceName(), "Added");
+  editor().setGridCursor(1, 5, 1);
+  editor().EingabeSchadstoff_Paste("0.75\r\n");
+  ASSERT_TRUE(edit().leaveEditing());
+  edit().save();
+  const ComponentTable saved = readComponentTable(file);
+  EXPECT_EQ(saved.substanceCount(), substances + 1);
+  EXPECT_EQ(saved.substanceName(substances + 1), "Added");
+  EXPECT_EQ(saved.residue(substances + 1, 1), 0.75);
   EXPECT_TRUE(dialogs.messages.empty());
   fs::remove_all(folder);
 }
