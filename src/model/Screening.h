@@ -37,8 +37,8 @@ struct ScreeningRow {
   int scenario = 0;    // run 1..16 of the sweep; 0 without scenarios
   RunOptions options;  // exactly what the run took, to repeat it
   RunStop stop = RunStop::None;
-  std::string refusal;  // the run's message for a stop, empty for a result
-  double burden = 0;    // meaningful for a result only
+  std::string refusal;     // the run's message for a stop, empty for a result
+  double burden = 0;       // meaningful for a result only
   std::string burdenCell;  // "0.000" for a result, else the refusal
   bool above = false;      // a result above kBurdenLimit
   bool checked = false;    // the solver ran, so the independent check has a verdict
