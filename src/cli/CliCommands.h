@@ -30,7 +30,8 @@ struct CliOptions {
   int fishmeal = -1;  // chooser position; -1 leaves the default
   bool simple = false;
   bool scenarios = false;
-  bool tsv = false;                // explain --format tsv
+  bool bothSpecies = false;        // screen --species both
+  std::string format;              // empty: the command's own (explain text, screen tsv)
   std::vector<std::string> given;  // the options on the command line, each once
 };
 
@@ -46,6 +47,8 @@ int runVerify(MainWindowModel& model, const CliOptions& options, std::ostream& o
               std::ostream& err);
 int runExplain(MainWindowModel& model, const CliOptions& options, std::ostream& out,
                std::ostream& err);
+int runScreen(MainWindowModel& model, const CliOptions& options, std::ostream& out,
+              std::ostream& err);
 int runVerifyScenarios(MainWindowModel& model, const CliOptions& options, std::ostream& out,
                        std::ostream& err);
 

@@ -12,16 +12,16 @@ namespace pescavo {
 // solve that has an optimum, is explained too, with status 3.
 int runExplain(MainWindowModel& model, const CliOptions& options, std::ostream& out,
                std::ostream&) {
+  const bool tsv = options.format == "tsv";
   model.Optimierung_Click();
   const bool result = model.visible(ControlId::Ergebnis);
-  if (result && !options.tsv) out << model.result().text << '\n';
+  if (result && !tsv) out << model.result().text << '\n';
   const FeedRun& run = model.lastRun();
   if (!run.solverRan()) return kExitRefused;
   const Explanation explanation = explainRun(run);
   if (!explanation.available) return kExitRefused;
   const char separator = model.decimalSeparator();
-  out << (options.tsv ? explanationTsv(explanation, separator)
-                      : explanationText(explanation, separator));
+  out << (tsv ? explanationTsv(explanation, separator) : explanationText(explanation, separator));
   if (explanation.reportDiffers) return kExitDiffers;
   return result ? kExitOk : kExitRefused;
 }

@@ -1,5 +1,7 @@
 #include "engine/IndependentCheck.h"
 
+#include <glpk.h>
+
 #include <cmath>
 
 #include "engine/GlpkProgramme.h"
@@ -235,5 +237,7 @@ std::string trueOptimumCell(const CheckResult& check, char decimalSeparator) {
   if (!check.trueFeasible) return "not solvable";
   return number(check.trueOptimum, decimalSeparator);
 }
+
+void endCheckThread() { glp_free_env(); }
 
 }  // namespace pescavo
