@@ -16,7 +16,9 @@ namespace {
 const char* const kUsage =
     "usage: pescavo-cli [--input DIR] [--decimal SEP] [--report-folder DIR] COMMAND [RUN OPTIONS]\n"
     "commands: check, substances, components --substance NAME, optimize, report, sweep, lp,\n"
-    "          verify [--scenarios]\n"
+    "          verify [--scenarios],\n"
+    "          screen [--species carp|trout|both] [--criterion max|min] [--scenarios]\n"
+    "                 [--format tsv|csv]\n"
     "run options: --substance NAME | --substance-number N, --species carp|trout,\n"
     "             --criterion max|min, --component TEXT, --all, --no-pc, --no-cc, --no-f,\n"
     "             --no-mrbd, --fishmeal N, --simple";
@@ -40,6 +42,16 @@ const char* const kHelp =
     "  lp                     print the run's linear programme in CPLEX LP format\n"
     "  verify                 as optimize, then the independent check's verdict; with\n"
     "                         --scenarios the sweep and one verdict per run\n"
+    "  screen                 every substance over all its available components, one row per\n"
+    "                         run: number, substance, species, criterion, scenario (with\n"
+    "                         --scenarios: the sweep's sixteen runs; a sweep refused at a run\n"
+    "                         ends with that run's row, as the sweep does), burden or why\n"
+    "                         there is none, above 0.1, the independent check's verdict and,\n"
+    "                         where it differs, the true optimum. Takes --species (also\n"
+    "                         both), --criterion, --format tsv|csv (default tsv), --fishmeal,\n"
+    "                         and without --scenarios --no-pc, --no-cc, --no-f, --no-mrbd.\n"
+    "                         Writes no report file; shows a progress bar when stderr is a\n"
+    "                         terminal; Ctrl+C stops it and prints the rows done\n"
     "\n"
     "Options:\n"
     "  --input DIR            folder with the tables (default: Input)\n"
@@ -51,7 +63,7 @@ const char* const kHelp =
     "Run options (the defaults are the main window's: Maximum, PC, CC, F and MRBD on, carp):\n"
     "  --substance NAME       the substance\n"
     "  --substance-number N   the substance by its 1-based place in the list\n"
-    "  --species carp|trout   the fish species\n"
+    "  --species carp|trout   the fish species (screen: also both)\n"
     "  --criterion max|min    worst case (maximum) or best case (minimum)\n"
     "  --component TEXT       move the component \"Crop (Commodity)\" in (repeatable)\n"
     "  --all                  move every available component in\n"
@@ -65,7 +77,8 @@ const char* const kHelp =
     "Exit status:\n"
     "  0 done; 1 the run was refused or is not solvable; 2 bad options or a table that cannot\n"
     "  be read; 3 the independent check differs; 4 the check could not run; 5 a report file\n"
-    "  could not be written (the old one is kept).\n";
+    "  could not be written (the old one is kept); 130 screen was stopped by Ctrl+C (the\n"
+    "  rows done are printed).\n";
 
 // Messages of the core go to stderr; nobody can answer a question, so every question is No.
 class StreamDialogs : public Dialogs {
@@ -110,10 +123,16 @@ const std::vector<std::string>& optionsOf(const std::string& command, bool scena
     options.push_back("--scenarios");
     return options;
   }();
+  static const std::vector<std::string> screenScenarios = {"--species", "--criterion", "--fishmeal",
+                                                           "--scenarios", "--format"};
+  static const std::vector<std::string> screen = {"--species",   "--criterion", "--fishmeal",
+                                                  "--scenarios", "--format",    "--no-pc",
+                                                  "--no-cc",     "--no-f",      "--no-mrbd"};
   if (command == "check" || command == "substances") return none;
   if (command == "components") return substance;
   if (command == "sweep") return sweep;
   if (command == "verify") return scenarios ? verifyScenarios : verify;
+  if (command == "screen") return scenarios ? screenScenarios : screen;
   if (command == "optimize" || command == "report" || command == "lp") return run;
   throw UsageError("unknown command " + command);
 }
@@ -158,7 +177,9 @@ void readOption(const std::vector<std::string>& args, size_t& i, CliOptions& opt
     options.substanceNumber = parseCount(arg, takeValue(args, i), 1);
   } else if (arg == "--species") {
     const std::string value = takeValue(args, i);
-    if (value != "carp" && value != "trout") throw UsageError("--species takes carp or trout");
+    options.bothSpecies = value == "both";
+    if (value != "carp" && value != "trout" && !options.bothSpecies)
+      throw UsageError("--species takes carp or trout (screen also both)");
     options.carp = value == "carp";
   } else if (arg == "--criterion") {
     const std::string value = takeValue(args, i);
@@ -180,6 +201,10 @@ void readOption(const std::vector<std::string>& args, size_t& i, CliOptions& opt
     options.fishmeal = parseCount(arg, takeValue(args, i), 0);
   } else if (arg == "--simple") {
     options.simple = true;
+  } else if (arg == "--format") {
+    options.format = takeValue(args, i);
+    if (options.format != "tsv" && options.format != "csv")
+      throw UsageError("--format takes tsv or csv");
   } else if (arg == "--scenarios") {
     options.scenarios = true;
   } else {
@@ -209,6 +234,8 @@ CliOptions parse(const std::vector<std::string>& args, char defaultDecimal) {
     if (!isGlobal(option) && std::find(taken.begin(), taken.end(), option) == taken.end())
       throw UsageError(options.command + " does not take " + option);
   }
+  if (options.bothSpecies && options.command != "screen")
+    throw UsageError("--species both is for screen only");
   if (options.simple && !options.pc)
     throw UsageError("--simple always uses fish meal (PC); it cannot be given with --no-pc");
   return options;
@@ -340,6 +367,7 @@ int runCli(const std::vector<std::string>& args, char defaultDecimal, std::ostre
   const std::string& command = options.command;
   if (command == "check") return runCheck(model, out, err);
   if (command == "substances") return runSubstances(model, out);
+  if (command == "screen") return runScreen(model, options, out, err);
   try {
     applyRunOptions(options, model);
     if (command == "components") return runComponents(model, out);

@@ -30,6 +30,8 @@ struct CliOptions {
   int fishmeal = -1;  // chooser position; -1 leaves the default
   bool simple = false;
   bool scenarios = false;
+  bool bothSpecies = false;  // screen --species both
+  std::string format = "tsv";
   std::vector<std::string> given;  // the options on the command line, each once
 };
 
@@ -42,6 +44,8 @@ int runSweep(MainWindowModel& model, const CliOptions& options, std::ostream& ou
              std::ostream& err);
 int runLp(MainWindowModel& model, const CliOptions& options, std::ostream& out, std::ostream& err);
 int runVerify(MainWindowModel& model, const CliOptions& options, std::ostream& out,
+              std::ostream& err);
+int runScreen(MainWindowModel& model, const CliOptions& options, std::ostream& out,
               std::ostream& err);
 int runVerifyScenarios(MainWindowModel& model, const CliOptions& options, std::ostream& out,
                        std::ostream& err);

@@ -364,4 +364,6 @@ std::string trueOptimumCell(const CheckResult& check, char decimalSeparator) {
   return number(check.trueOptimum, decimalSeparator);
 }
 
+void endCheckThread() { glp_free_env(); }
+
 }  // namespace pescavo

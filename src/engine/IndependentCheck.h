@@ -72,6 +72,9 @@ ConstraintViolation largestViolation(const OptimisationProblem& problem,
 CheckResult checkOptimum(const OptimisationProblem& problem, Criterion criterion,
                          const OptimisationResult& result);
 
+// GLPK keeps its memory per thread: a worker thread that checked runs frees it before it ends.
+void endCheckThread();
+
 // Texts for the windows and the command line; numbers in the form "0.000".
 // "Independent check: agrees." or what differs, as one sentence for the main window.
 std::string mainWindowSentence(const CheckResult& check, Criterion criterion,

@@ -11,14 +11,10 @@ namespace pescavo {
 
 namespace {
 
-PseudoComponents scenarioPseudo(int k) {
-  const Scenario& scenario = kScenarios[k - 1];
-  return {scenario.pc, scenario.cc, scenario.f};
-}
-
-void setScenario(MainWindowModel& model, int k, int m) {
-  model.options().setPseudoComponents(scenarioPseudo(k));
-  model.options().setMrbdLimits(m == 1);
+void setScenario(MainWindowModel& model, int run) {
+  const RunOptions options = scenarioRunOptions(model.options().run(), run);
+  model.options().setPseudoComponents(options.pseudo);
+  model.options().setMrbdLimits(options.mrbd);
 }
 
 std::string number(int value, char separator) { return fixedForm(value, "0", separator); }
@@ -112,6 +108,13 @@ void recordCheck(MainWindowModel& model, int run) {
 
 }  // namespace
 
+RunOptions scenarioRunOptions(RunOptions options, int run) {
+  const Scenario& scenario = kScenarios[(run + 1) / 2 - 1];
+  options.pseudo = {scenario.pc, scenario.cc, scenario.f};
+  options.mrbd = run % 2 == 0;
+  return options;
+}
+
 bool Optimierung2_Click(MainWindowModel& model) {
   model.setAllScenariosMode(true);
   model.Ergebnis_ausblenden();
@@ -133,8 +136,7 @@ bool runScenarios(MainWindowModel& model) {
   for (int k = 1; k <= 8; ++k) {
     for (int m = 0; m <= 1; ++m) {
       const int run = scenarioRun(k, m);
-      options.pseudo = scenarioPseudo(k);
-      options.mrbd = m == 1;
+      options = scenarioRunOptions(options, run);
       report.scenarioCells[run][1] =
           appendScenarioHeading(report.bericht, k, run, m == 1, model.decimalSeparator());
       report.scenarioAlignment[run][1] = kAlignLeft;
@@ -223,7 +225,7 @@ ScenarioDetails runScenarioDetails(MainWindowModel& model, int index) {
   // The buttons belong to the sweep, so their runs are all-scenario runs even after a single
   // run was made from the main window in between.
   model.setAllScenariosMode(true);
-  setScenario(model, index / 2 + 1, index % 2);
+  setScenario(model, run);
   model.options().setFishmealGrade(run <= 2 ? 0 : 2);
   startFileRun(model.report());
   model.EinfacheOptimierung();

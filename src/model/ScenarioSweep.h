@@ -5,12 +5,17 @@
 
 #include "engine/IndependentCheck.h"
 #include "model/ReportRun.h"
+#include "model/RunOptions.h"
 #include "reports/ResultTables.h"
 #include "reports/Scenarios.h"
 
 namespace pescavo {
 
 class MainWindowModel;
+
+// Run 1..16 of the sweep: the options given with the run's pseudo-components and MRBD switch.
+// Every sweep and screening run takes its options from here.
+RunOptions scenarioRunOptions(RunOptions options, int run);
 
 // "Optimize all Scenarios": all-scenario mode, criterion and species from the option buttons,
 // then the sweep. True when the report window is to be shown.

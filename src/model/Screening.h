@@ -13,6 +13,8 @@
 
 namespace pescavo {
 
+class ComponentSelection;
+
 // A burden above this is red wherever it is shown, mg/kg feed dry matter.
 constexpr double kBurdenLimit = 0.1;
 inline bool aboveBurdenLimit(double burden) { return burden > kBurdenLimit; }
@@ -75,6 +77,12 @@ class Screening {
                                          FeedRun& feedRun) const;
 
  private:
+  std::vector<ScreeningRow> runSubstance(const ScreeningRequest& request, int substance,
+                                         FeedRun& feedRun, ComponentSelection& selection,
+                                         const std::atomic<bool>* cancel,
+                                         const std::function<void(int runs)>& done,
+                                         bool& complete) const;
+
   const ComponentTable& m_table;
   const std::vector<FishSpecies>& m_species;
   const std::vector<FishMealGrade>& m_fishmeal;
