@@ -88,33 +88,34 @@ std::vector<int> screeningOrder(const std::vector<ScreeningRow>& rows, int colum
   for (std::size_t i = 0; i < rows.size(); ++i) order[i] = static_cast<int>(i);
   const Kind kind = kindOf(column, scenarios);
   const int c = logical(column, scenarios);
-  const auto less = [&](int left, int right) {
-    const ScreeningRow& a = rows[static_cast<std::size_t>(left)];
-    const ScreeningRow& b = rows[static_cast<std::size_t>(right)];
+  // Refused runs, then those below the limit, then those above: as the cells read.
+  const auto above = [](const ScreeningRow& row) {
+    return row.stop == RunStop::None ? int(row.above) : -1;
+  };
+  const auto less = [&](const ScreeningRow& a, const ScreeningRow& b) {
     switch (kind) {
       case Kind::Count:
         return c == kNumber ? a.substance < b.substance : a.scenario < b.scenario;
-      case Kind::Burden: {
-        const bool resultA = a.stop == RunStop::None, resultB = b.stop == RunStop::None;
-        if (resultA != resultB) return resultA;
-        return resultA ? a.burden < b.burden : a.refusal < b.refusal;
-      }
+      case Kind::Burden:
+        return a.stop == RunStop::None ? a.burden < b.burden : a.refusal < b.refusal;
       case Kind::Text:
         break;
     }
-    // Refused runs, then those below the limit, then those above: as the cells read.
-    const auto above = [](const ScreeningRow& row) {
-      return row.stop == RunStop::None ? int(row.above) : -1;
-    };
     if (c == 6) return above(a) < above(b);
     if (c == 2) return a.species < b.species;
     if (c == 3) return a.criterion < b.criterion;
     return textKey(a, column, scenarios) < textKey(b, column, scenarios);
   };
-  if (descending)
-    std::stable_sort(order.begin(), order.end(), [&](int a, int b) { return less(b, a); });
-  else
-    std::stable_sort(order.begin(), order.end(), less);
+  std::stable_sort(order.begin(), order.end(), [&](int left, int right) {
+    const ScreeningRow& a = rows[static_cast<std::size_t>(left)];
+    const ScreeningRow& b = rows[static_cast<std::size_t>(right)];
+    // A refusal has no burden to rank: it goes after the burdens either way.
+    if (kind == Kind::Burden) {
+      const bool resultA = a.stop == RunStop::None, resultB = b.stop == RunStop::None;
+      if (resultA != resultB) return resultA;
+    }
+    return descending ? less(b, a) : less(a, b);
+  });
   return order;
 }
 
