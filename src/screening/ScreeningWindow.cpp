@@ -221,7 +221,8 @@ void ScreeningWindow::start() {
     auto result = std::make_shared<ScreeningResult>(m_screening.run(
         request, [this](int done, int) { m_done = done; }, m_cancel));
     QMetaObject::invokeMethod(
-        this, [this, result, scenarios = request.scenarios] { done(std::move(*result), scenarios); },
+        this,
+        [this, result, scenarios = request.scenarios] { done(std::move(*result), scenarios); },
         Qt::QueuedConnection);
   });
 }

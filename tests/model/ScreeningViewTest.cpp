@@ -40,7 +40,7 @@ std::vector<int> substances(const std::vector<ScreeningRow>& rows, const std::ve
 // Columns without scenarios: number, name, species, criterion, burden, above, check, optimum.
 TEST(ScreeningOrderTest, NumbersAndBurdensSortByValueRefusalsLastAndTiesKeepTheirOrder) {
   const std::vector<ScreeningRow> rows = {result(10, 0.2), refused(2, "zero"), result(9, 10.0),
-                                          result(1, 0.05), result(3, 0.2), refused(4, "a")};
+                                          result(1, 0.05), result(3, 0.2),     refused(4, "a")};
   EXPECT_EQ(substances(rows, screeningOrder(rows, 0, false, false)),
             (std::vector<int>{1, 2, 3, 4, 9, 10}));
   // "10.000" would come before "0.200" by its characters.
@@ -66,7 +66,8 @@ TEST(ScreeningStyleTest, RowsAboveTheLimitAreRedAndDisputedRunsMarkedAsInTheScen
   const ScreeningCellStyle plain = screeningCellStyle(result(1, 0.1), 4, false);
   EXPECT_FALSE(plain.text);
   EXPECT_FALSE(plain.background);
-  for (int column : {0, 1, 4, 5}) EXPECT_EQ(screeningCellStyle(result(1, 0.1001), column, false).text, red);
+  for (int column : {0, 1, 4, 5})
+    EXPECT_EQ(screeningCellStyle(result(1, 0.1001), column, false).text, red);
 
   const ScreeningRow differs = result(1, 0.5, CheckVerdict::Differs);
   const RunMark mark = *scenarioRunMark(CheckVerdict::Differs, true);
@@ -156,7 +157,7 @@ TEST_F(ScreeningSelectTest, SelectedRunRepeatsAsASingleRun) {
     if (row.stop != RunStop::None || (row.scenario % 5 != 3 && row.scenario != 16)) continue;
     model.selectSubstance(1);  // elsewhere, with other options, before the double click
     model.options().setSpeciesOption(row.species == 0 ? Species::RainbowTrout
-                                                       : Species::CommonCarp);
+                                                      : Species::CommonCarp);
     model.options().setPseudoComponents({!row.options.pseudo.pc, true, false});
     ASSERT_TRUE(selectScreeningRun(model, row));
     EXPECT_EQ(model.substancePosition(), row.substance - 1);
