@@ -77,9 +77,10 @@ ScreeningCellStyle screeningCellStyle(const ScreeningRow& row, int column, bool 
   return style;
 }
 
-bool screeningFigureColumn(int column, bool scenarios) {
+bool screeningAlignedRight(const ScreeningRow& row, int column, bool scenarios) {
   const int c = logical(column, scenarios);
-  return c == kNumber || c == kScenario || c == kBurden || c == kTrueOptimum;
+  if (c == kBurden) return row.stop == RunStop::None;
+  return c == kNumber || c == kScenario || c == kTrueOptimum;
 }
 
 std::vector<int> screeningOrder(const std::vector<ScreeningRow>& rows, int column, bool descending,

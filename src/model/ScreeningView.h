@@ -46,8 +46,8 @@ struct ScreeningCellStyle {
   std::optional<Rgb> background;
 };
 ScreeningCellStyle screeningCellStyle(const ScreeningRow& row, int column, bool scenarios);
-// Figures are aligned right.
-bool screeningFigureColumn(int column, bool scenarios);
+// Figures are aligned right; a refusal in the burden column reads from the left.
+bool screeningAlignedRight(const ScreeningRow& row, int column, bool scenarios);
 
 // The rows' places in the order of a column: numbers by value, burdens by value with the
 // refused runs after them, texts by their characters; equal keys keep the screening's order.

@@ -41,11 +41,13 @@ QVariant ScreeningTable::data(const QModelIndex& index, int role) const {
   const int column = index.column();
   switch (role) {
     case Qt::DisplayRole:
+    case Qt::ToolTipRole:  // a long refusal is cut on screen
       return QString::fromStdString(m_cells[place][static_cast<std::size_t>(column)]);
     case Qt::TextAlignmentRole:
-      return QVariant::fromValue(
-          Qt::Alignment(Qt::AlignVCenter) |
-          (screeningFigureColumn(column, m_scenarios) ? Qt::AlignRight : Qt::AlignLeft));
+      return QVariant::fromValue(Qt::Alignment(Qt::AlignVCenter) |
+                                 (screeningAlignedRight(m_rows[place], column, m_scenarios)
+                                      ? Qt::AlignRight
+                                      : Qt::AlignLeft));
     case Qt::ForegroundRole: {
       const ScreeningCellStyle style = screeningCellStyle(m_rows[place], column, m_scenarios);
       return style.text ? QVariant(QBrush(qcolor(*style.text))) : QVariant();

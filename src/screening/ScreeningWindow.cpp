@@ -17,6 +17,7 @@
 #include "desktop/PrintGrid.h"
 #include "model/RunOptions.h"
 #include "model/ScreeningView.h"
+#include "screening/ScreeningPrint.h"
 #include "screening/ScreeningTable.h"
 #include "tables/TableError.h"
 #include "tables/TextFile.h"
@@ -29,40 +30,8 @@ namespace {
 constexpr float kLeft = 10, kTop = 15, kRight = 10, kBottom = 10;
 // Often enough for a smooth bar, seldom enough to leave the workers alone.
 constexpr int kPollMilliseconds = 50;
-
-// The table as it is shown, in its order, for PrintGrid.
-PrintTable printTable(const ScreeningTable& rows, const QTableView& view) {
-  PrintTable table;
-  table.font = view.font();
-  table.fixedRows = 1;
-  const int columns = rows.columnCount();
-  const int height = view.verticalHeader()->defaultSectionSize();
-  std::vector<PrintCell> header;
-  for (int c = 0; c < columns; ++c) {
-    table.widths.push_back(view.columnWidth(c));
-    header.push_back({rows.headerData(c, Qt::Horizontal, Qt::DisplayRole).toString(),
-                      Qt::AlignCenter, QColor(), QColor()});
-  }
-  table.rows.push_back(std::move(header));
-  table.heights.push_back(view.horizontalHeader()->height());
-  for (int r = 0; r < rows.rowCount(); ++r) {
-    std::vector<PrintCell> line;
-    for (int c = 0; c < columns; ++c) {
-      const QModelIndex index = rows.index(r, c);
-      PrintCell cell;
-      cell.text = rows.data(index, Qt::DisplayRole).toString();
-      cell.alignment = rows.data(index, Qt::TextAlignmentRole).value<Qt::Alignment>();
-      const QVariant background = rows.data(index, Qt::BackgroundRole);
-      if (background.isValid()) cell.background = background.value<QBrush>().color();
-      const QVariant foreground = rows.data(index, Qt::ForegroundRole);
-      if (foreground.isValid()) cell.foreground = foreground.value<QBrush>().color();
-      line.push_back(cell);
-    }
-    table.rows.push_back(std::move(line));
-    table.heights.push_back(height);
-  }
-  return table;
-}
+// A refusal in the burden column would take the window's width: its tooltip holds it whole.
+constexpr int kWidestColumn = 180;
 
 }  // namespace
 
@@ -215,6 +184,8 @@ void ScreeningWindow::start() {
   m_done = 0;
   m_cancel = false;
   m_cancelled = false;
+  // The old rows go: they answered other choices. The headings are those of the new rows.
+  showRows({}, request.scenarios);
   showRunning(true);
   showProgress();
   m_worker = std::thread([this, request] {
@@ -254,12 +225,18 @@ void ScreeningWindow::done(ScreeningResult result, bool scenarios) {
   if (m_worker.joinable()) m_worker.join();
   m_done = static_cast<int>(result.rows.size());
   m_cancelled = result.cancelled;
-  m_view->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
-  m_rows->setRows(std::move(result.rows), scenarios);
-  m_view->resizeColumnsToContents();
+  showRows(std::move(result.rows), scenarios);
   showRunning(false);
   showProgress();
   emit finished();
+}
+
+void ScreeningWindow::showRows(std::vector<ScreeningRow> rows, bool scenarios) {
+  m_view->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
+  m_rows->setRows(std::move(rows), scenarios);
+  m_view->resizeColumnsToContents();
+  for (int c = 0; c < m_rows->columnCount(); ++c)
+    m_view->setColumnWidth(c, std::min(m_view->columnWidth(c), kWidestColumn));
 }
 
 void ScreeningWindow::stopAndJoin() {
@@ -281,8 +258,8 @@ void ScreeningWindow::print_Click() {
   QPrinter printer(QPrinter::HighResolution);
   printer.setPageOrientation(QPageLayout::Landscape);
   if (!m_dialogs.choosePrinter(printer)) return;
-  PrintGrid(printer, printTable(*m_rows, *m_view), kLeft, kTop, kRight, kBottom,
-            kScreeningPrintTitle, QString(), 0);
+  PrintGrid(printer, screeningPrintTable(*m_rows, *m_view, printableWidth(printer, kLeft, kRight)),
+            kLeft, kTop, kRight, kBottom, kScreeningPrintTitle, QString(), 0);
 }
 
 void ScreeningWindow::save_Click() {

@@ -43,6 +43,8 @@ class ScreeningWindow : public QWidget {
   // The workers stop after the run each is making; the rows done are shown.
   void cancel();
   bool running() const { return m_worker.joinable(); }
+  // Rows of the screening, unsorted, with the columns fitted to them.
+  void showRows(std::vector<ScreeningRow> rows, bool scenarios);
 
   void copy_Click();
   void print_Click();

@@ -87,12 +87,15 @@ TEST(ScreeningStyleTest, RowsAboveTheLimitAreRedAndDisputedRunsMarkedAsInTheScen
             scenarioRunMark(CheckVerdict::CouldNotRun, true)->background);
 }
 
-TEST(ScreeningStyleTest, FiguresAlignRight) {
+TEST(ScreeningStyleTest, FiguresAlignRightRefusalsLeft) {
   for (bool scenarios : {false, true}) {
-    std::vector<int> right;
-    for (int c = 0; c < static_cast<int>(screeningHeadings(scenarios).size()); ++c)
-      if (screeningFigureColumn(c, scenarios)) right.push_back(c);
+    std::vector<int> right, refusedRight;
+    for (int c = 0; c < static_cast<int>(screeningHeadings(scenarios).size()); ++c) {
+      if (screeningAlignedRight(result(1, 0.2), c, scenarios)) right.push_back(c);
+      if (screeningAlignedRight(refused(1, "zero"), c, scenarios)) refusedRight.push_back(c);
+    }
     EXPECT_EQ(right, scenarios ? (std::vector<int>{0, 4, 5, 8}) : (std::vector<int>{0, 4, 7}));
+    EXPECT_EQ(refusedRight, scenarios ? (std::vector<int>{0, 4, 8}) : (std::vector<int>{0, 7}));
   }
 }
 
