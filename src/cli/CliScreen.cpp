@@ -108,16 +108,16 @@ int runScreen(MainWindowModel& model, const CliOptions& options, std::ostream& o
   const ScreeningRequest request = requestOf(options);
   const Screening screening(model.table(), model.speciesTable(), model.fishmealTable(),
                             model.decimalSeparator());
-  err << "Screening " << model.table().substanceCount()
-      << " substances: " << screening.runCount(request) << " runs\n"
-      << std::flush;
-
   // Only a person at a terminal wants the bar; a pipe or a log gets the rows alone.
   const bool bar = &err == &std::cerr && isatty(STDERR_FILENO);
   ScreeningResult result;
   {
-    ProgressBar progressBar(err);
     const InterruptCatcher catcher;
+    // Said once Ctrl+C is caught, so that whoever waits for it may interrupt from then on.
+    err << "Screening " << model.table().substanceCount()
+        << " substances: " << screening.runCount(request) << " runs\n"
+        << std::flush;
+    ProgressBar progressBar(err);
     result = screening.run(
         request,
         [&](int done, int total) {

@@ -1,0 +1,307 @@
+#include <gtest/gtest.h>
+#include <stdlib.h>
+
+#include <algorithm>
+#include <atomic>
+#include <cstdint>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "model/MainWindowModel.h"
+#include "model/ScenarioSweep.h"
+#include "model/Screening.h"
+#include "support/RecordingDialogs.h"
+#include "tables/NumericText.h"
+
+namespace pescavo::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+const std::string kInput = PESCAVO_SAMPLE_INPUT;
+
+struct Tables {
+  ComponentTable table;
+  std::vector<FishSpecies> species;
+  std::vector<FishMealGrade> fishmeal;
+};
+
+Tables sampleTables() {
+  return {readComponentTable(kInput + "/feedstuff.tab"), readSpeciesTable(kInput + "/Species.tab"),
+          readFishmealTable(kInput + "/Fishmeal.tab")};
+}
+
+// A table fixed by its seed: some residues 0, so that substances differ in what is available,
+// and feeds that cannot meet every target; the last substance has no residue at all.
+Tables seededTables(std::uint64_t seed, int substances, int components) {
+  std::uint64_t state = seed;
+  const auto next = [&](double low, double high) {
+    state = state * 6364136223846793005ULL + 1442695040888963407ULL;
+    return low + (high - low) * static_cast<double>(state >> 11) / 9007199254740992.0;
+  };
+  Tables tables;
+  for (int s = 1; s <= substances; ++s) tables.table.addSubstance("Substance " + std::to_string(s));
+  for (int i = 1; i <= components; ++i) {
+    const int c = tables.table.addComponent({"Forages/Fodders", "Crop " + std::to_string(i), "feed",
+                                             "", next(2, 60), next(0, 30), next(20, 95),
+                                             next(5, 100), next(5, 100)});
+    for (int s = 1; s <= substances; ++s)
+      if (s < substances && next(0, 1) < 0.7) tables.table.setResidue(s, c, next(0, 2));
+  }
+  tables.species = {{"Common carp", 8, 35}, {"Rainbow trout", 15, 42}};
+  tables.fishmeal = {{60, 8}, {65, 9}, {70, 10}};
+  return tables;
+}
+
+ScreeningResult screen(const Tables& tables, const ScreeningRequest& request,
+                       unsigned threads = 0) {
+  const Screening screening(tables.table, tables.species, tables.fishmeal, '.');
+  const std::atomic<bool> cancel{false};
+  return screening.run(request, Screening::Progress(), cancel, threads);
+}
+
+ScreeningRequest everyway(bool scenarios) {
+  ScreeningRequest request;
+  request.species = {0, 1};
+  request.criteria = {Criterion::Maximum, Criterion::Minimum};
+  request.scenarios = scenarios;
+  return request;
+}
+
+// The main window set up as a user screening substance s (0-based) by hand: the full layout,
+// "---->>", the option buttons.
+class ByHand {
+ public:
+  explicit ByHand(const Tables& tables) : m_model(m_dialogs, '.') {
+    m_model.load(tables.table, tables.species, tables.fishmeal);
+    std::string folder = (fs::temp_directory_path() / "pescavo-screening-XXXXXX").string();
+    if (::mkdtemp(folder.data()) != nullptr) m_folder = folder;
+    m_model.report().reportFolder = m_folder.string();
+  }
+  ~ByHand() { fs::remove_all(m_folder); }
+  ByHand(const ByHand&) = delete;
+  ByHand& operator=(const ByHand&) = delete;
+  const std::string& lastMessage() const { return m_dialogs.messages.back(); }
+
+  MainWindowModel& choose(int s, int species, Criterion criterion) {
+    m_model.selectSubstance(s);
+    m_model.selection().alle_rein();
+    m_model.options().setSpeciesOption(static_cast<Species>(species));
+    m_model.options().setCriterionOption(criterion);
+    return m_model;
+  }
+
+ private:
+  RecordingDialogs m_dialogs;
+  MainWindowModel m_model;
+  fs::path m_folder;
+};
+
+// Every row is the single run "Optimize" makes for its substance and options: the same
+// figure to the bit, the same verdict, the same refusal.
+void expectSingleRuns(const Tables& tables, const ScreeningResult& result) {
+  ByHand byHand(tables);
+  for (const ScreeningRow& row : result.rows) {
+    SCOPED_TRACE(row.name + " species " + std::to_string(row.species));
+    MainWindowModel& model = byHand.choose(row.substance - 1, row.species, row.criterion);
+    model.Optimierung_Click();
+    if (model.selection().chosen().empty()) {  // refused before any run is made
+      EXPECT_EQ(row.stop, RunStop::NoComponents);
+      EXPECT_EQ(row.burdenCell, byHand.lastMessage());
+      continue;
+    }
+    const FeedRun& run = model.lastRun();
+    ASSERT_EQ(row.stop, run.lastStop());
+    EXPECT_EQ(row.options.fishmealGrade, run.options().fishmealGrade);
+    if (row.stop == RunStop::None) {
+      EXPECT_EQ(row.burden, run.result().burden);
+      EXPECT_NE(model.resultText().find(" is " + row.burdenCell + " mg/kg."), std::string::npos);
+      EXPECT_EQ(row.above, run.result().burden > 0.1);
+    } else {
+      EXPECT_EQ(row.burdenCell, run.message(row.stop, false));
+    }
+    EXPECT_EQ(row.checked, run.solverRan());
+    if (row.checked) {
+      EXPECT_EQ(row.verdictCell, verdictCell(run.check()));
+    }
+  }
+}
+
+TEST(Screening, RowsAreTheSingleRunsOfEachSubstanceInOrder) {
+  for (const Tables& tables : {sampleTables(), seededTables(31, 40, 25)}) {
+    const ScreeningResult result = screen(tables, everyway(false));
+    const int substances = tables.table.substanceCount();
+    ASSERT_EQ(result.total, substances * 4);
+    ASSERT_EQ(static_cast<int>(result.rows.size()), result.total);
+    EXPECT_FALSE(result.cancelled);
+    for (int k = 0; k < result.total; ++k) {
+      const ScreeningRow& row = result.rows[static_cast<size_t>(k)];
+      EXPECT_EQ(row.substance, k / 4 + 1);
+      EXPECT_EQ(row.name, tables.table.substanceName(k / 4 + 1));
+      EXPECT_EQ(row.species, k / 2 % 2);
+      EXPECT_EQ(row.criterion, k % 2 ? Criterion::Minimum : Criterion::Maximum);
+      EXPECT_EQ(row.scenario, 0);
+    }
+    expectSingleRuns(tables, result);
+  }
+}
+
+// Where the sweep stops at a refused run, the screening ends the substance's sweep with that
+// run's row too; the seeded table's last substance is refused at its first run.
+TEST(Screening, ScenarioRowsAreTheSweepsRuns) {
+  for (const Tables& tables : {sampleTables(), seededTables(7, 12, 8)}) {
+    const ScreeningResult result = screen(tables, everyway(true));
+    ASSERT_EQ(result.total, tables.table.substanceCount() * 4 * kScenarioRuns);
+    ByHand byHand(tables);
+    size_t next = 0;
+    for (int s = 0; s < tables.table.substanceCount(); ++s) {
+      for (const int species : {0, 1}) {
+        for (const Criterion criterion : {Criterion::Maximum, Criterion::Minimum}) {
+          MainWindowModel& model = byHand.choose(s, species, criterion);
+          const bool swept = Optimierung2_Click(model);
+          const ReportState& report = model.report();
+          const bool refusedFirst = !swept && model.selection().chosen().empty();
+          for (int run = 1; run <= kScenarioRuns; ++run) {
+            SCOPED_TRACE("substance " + std::to_string(s + 1) + " run " + std::to_string(run));
+            ASSERT_LT(next, result.rows.size());
+            const ScreeningRow& row = result.rows[next++];
+            ASSERT_EQ(row.substance, s + 1);
+            ASSERT_EQ(row.species, species);
+            ASSERT_EQ(row.criterion, criterion);
+            ASSERT_EQ(row.scenario, run);
+            if (refusedFirst || (!swept && report.scenarioCells[run][2].empty())) {
+              // The sweep stopped at this run: so does the screening, with its message.
+              EXPECT_NE(row.stop, RunStop::None);
+              EXPECT_EQ(row.refusal, byHand.lastMessage());
+              break;
+            }
+            if (report.scenarioCells[run][2] == "-") {
+              EXPECT_EQ(row.stop, RunStop::NotSolvable);
+              EXPECT_EQ(row.burdenCell, FeedRun::kNotSolvable);
+            } else {
+              EXPECT_EQ(row.burdenCell, report.scenarioCells[run][2]);
+            }
+            EXPECT_EQ(row.verdictCell, report.scenarioVerdicts[run - 1]);
+            EXPECT_EQ(row.trueOptimumCell, row.verdict == CheckVerdict::Differs
+                                               ? report.scenarioTrueOptima[run - 1]
+                                               : "");
+          }
+        }
+      }
+    }
+    EXPECT_EQ(next, result.rows.size());
+    // Both kinds of run are compared, not only results.
+    const auto count = [&](RunStop stop) {
+      return std::count_if(result.rows.begin(), result.rows.end(),
+                           [&](const ScreeningRow& row) { return row.stop == stop; });
+    };
+    EXPECT_GT(count(RunStop::None), 0);
+    EXPECT_GT(count(RunStop::NotSolvable), 0);
+  }
+}
+
+// Whatever the threads did, the rows are the same and in the same order; a substance with no
+// available component is refused in its row, and the progress still reaches the total.
+TEST(Screening, ThreadsChangeNothingAndARefusedSubstanceKeepsItsRow) {
+  const Tables tables = seededTables(5, 30, 12);
+  for (const bool scenarios : {false, true}) {
+    const Screening screening(tables.table, tables.species, tables.fishmeal, '.');
+    const std::atomic<bool> cancel{false};
+    int last = 0;
+    bool rising = true;
+    const ScreeningResult many = screening.run(
+        everyway(scenarios),
+        [&](int done, int total) {
+          rising = rising && done > last && total == screening.runCount(everyway(scenarios));
+          last = done;
+        },
+        cancel, 4);
+    const ScreeningResult one = screen(tables, everyway(scenarios), 1);
+    EXPECT_TRUE(rising);
+    EXPECT_EQ(last, many.total);
+    ASSERT_EQ(many.rows.size(), one.rows.size());
+    for (size_t k = 0; k < one.rows.size(); ++k) {
+      EXPECT_EQ(many.rows[k].substance, one.rows[k].substance);
+      EXPECT_EQ(many.rows[k].scenario, one.rows[k].scenario);
+      EXPECT_EQ(many.rows[k].burdenCell, one.rows[k].burdenCell);
+      EXPECT_EQ(many.rows[k].verdictCell, one.rows[k].verdictCell);
+    }
+    const ScreeningRow& refused = many.rows.back();
+    EXPECT_EQ(refused.substance, 30);
+    EXPECT_EQ(refused.stop, RunStop::NoComponents);
+    EXPECT_EQ(refused.burdenCell, "Please add components.");
+    EXPECT_FALSE(refused.checked);
+    EXPECT_EQ(refused.verdictCell, "");
+    // With scenarios the refused sweep ends at its first run, for each species and criterion.
+    EXPECT_EQ(many.rows.size(), (scenarios ? 29 * 4 * kScenarioRuns : 29 * 4) + 4u);
+  }
+}
+
+// A cancel stops before the next run and keeps every row done, each as the full screening
+// has it; one thread stops exactly where it was told.
+TEST(Screening, CancellingStopsEarlyAndKeepsTheRowsDone) {
+  const Tables tables = seededTables(11, 20, 10);
+  const ScreeningRequest request = everyway(true);
+  const ScreeningResult full = screen(tables, request);
+  ASSERT_FALSE(full.cancelled);
+  const Screening screening(tables.table, tables.species, tables.fishmeal, '.');
+  for (const unsigned threads : {1u, 2u}) {
+    std::atomic<bool> cancel{false};
+    const ScreeningResult part = screening.run(
+        request,
+        [&](int done, int) {
+          if (done >= 100) cancel = true;
+        },
+        cancel, threads);
+    EXPECT_TRUE(part.cancelled);
+    EXPECT_EQ(part.total, full.total);
+    if (threads == 1) {
+      ASSERT_EQ(part.rows.size(), 100u);
+    }
+    ASSERT_GE(part.rows.size(), 100u);
+    ASSERT_LT(part.rows.size(), full.rows.size());
+    size_t k = 0;
+    for (const ScreeningRow& row : part.rows) {
+      while (k < full.rows.size() &&
+             (full.rows[k].substance != row.substance || full.rows[k].species != row.species ||
+              full.rows[k].criterion != row.criterion || full.rows[k].scenario != row.scenario))
+        ++k;
+      ASSERT_LT(k, full.rows.size()) << "row of substance " << row.substance << " out of order";
+      EXPECT_EQ(row.burdenCell, full.rows[k].burdenCell);
+    }
+  }
+}
+
+TEST(Screening, TextFormsQuoteWhatTheirSeparatorsWouldBreak) {
+  ScreeningRow row;
+  row.substance = 12;
+  row.name = "Acid, \"technical\"";
+  row.species = 1;
+  row.criterion = Criterion::Minimum;
+  row.scenario = 3;
+  row.burdenCell = "0,125";
+  row.above = true;
+  row.checked = true;
+  row.verdictCell = "differs";
+  row.trueOptimumCell = "0,100";
+  const std::vector<FishSpecies> species = {{"Common carp", 8, 35}, {"Rainbow trout", 15, 42}};
+  EXPECT_EQ(
+      screeningLine(row, true, species, ScreeningFormat::Csv),
+      "12,\"Acid, \"\"technical\"\"\",Rainbow trout,Minimum,3,\"0,125\",yes,differs,\"0,100\"\n");
+  EXPECT_EQ(screeningLine(row, false, species, ScreeningFormat::Tsv),
+            "12\tAcid, \"technical\"\tRainbow trout\tMinimum\t0,125\tyes\tdiffers\t0,100\n");
+  row.name = "Two\tcells\non two lines";
+  row.stop = RunStop::NotSolvable;
+  row.burdenCell = FeedRun::kNotSolvable;
+  EXPECT_EQ(screeningLine(row, false, species, ScreeningFormat::Tsv),
+            "12\tTwo cells on two lines\tRainbow trout\tMinimum\t" +
+                std::string(FeedRun::kNotSolvable) + "\t\tdiffers\t0,100\n");
+  EXPECT_EQ(screeningHeaderLine(true, ScreeningFormat::Csv),
+            "Number,Substance,Species,Criterion,Scenario,Burden (mg/kg feed DM),Above 0.1,"
+            "Independent check,True optimum\n");
+  EXPECT_EQ(screeningHeadings(false).size(), screeningCells(row, false, species).size());
+}
+
+}  // namespace
+}  // namespace pescavo::test
