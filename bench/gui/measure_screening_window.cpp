@@ -2,7 +2,8 @@
 // long the window took to open, the screening, putting its rows into the table and a sort by
 // burden. HOLD_SECONDS keeps the window open after that, sorted, for screenshots; PDF prints
 // the sorted table into that file.
-//   measure_screening_window INPUT_FOLDER [scenarios|single] [HOLD_SECONDS] [PDF]
+//   measure_screening_window INPUT_FOLDER [single|scenarios|both] [HOLD_SECONDS] [PDF]
+// (both: the sixteen scenarios for both species)
 
 #include <QApplication>
 #include <QElapsedTimer>
@@ -53,7 +54,8 @@ int main(int argc, char** argv) {
     return 2;
   }
   const std::string input = argv[1];
-  const bool scenarios = argc > 2 && std::string(argv[2]) == "scenarios";
+  const std::string mode = argc > 2 ? argv[2] : "single";
+  const bool scenarios = mode == "scenarios" || mode == "both";
   const int hold = argc > 3 ? std::atoi(argv[3]) : 0;
   QElapsedTimer clock;
   clock.start();
@@ -67,6 +69,7 @@ int main(int argc, char** argv) {
   if (argc > 4) dialogs.pdf = argv[4];
   ScreeningRequest request;
   request.scenarios = scenarios;
+  if (mode == "both") request.species = {0, 1};
   ScreeningWindow window(table, species, fishmeal, '.', request, dialogs, "/tmp");
   window.move(40, 40);
   window.show();

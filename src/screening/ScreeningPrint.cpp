@@ -14,14 +14,15 @@ namespace pescavo {
 namespace {
 
 constexpr double kScreenDpi = 96;
-constexpr int kPadding = 6;   // beside and above a cell's text, as PrintGrid draws it
-constexpr int kWidest = 200;  // a longer text, a refusal mostly, wraps
+constexpr int kPadding = 6;       // around a cell's text
+constexpr int kDrawnPadding = 4;  // what PrintGrid leaves beside it
+constexpr int kNarrowest = 80;    // columns are not cut narrower than this to fit the page
 
 int wrappedHeight(const std::vector<PrintCell>& line, const std::vector<int>& widths,
                   const QFontMetrics& metrics, int least) {
   int height = least;
   for (std::size_t c = 0; c < line.size(); ++c) {
-    const QRect room(0, 0, std::max(widths[c] - kPadding, 1), 1 << 20);
+    const QRect room(0, 0, std::max(widths[c] - kDrawnPadding, 1), 1 << 20);
     const QRect text = metrics.boundingRect(room, Qt::TextWordWrap, line[c].text);
     height = std::max(height, text.height() + kPadding);
   }
@@ -39,7 +40,7 @@ PrintCell cellOf(const ScreeningTable& rows, const QModelIndex& index) {
   return cell;
 }
 
-// Each column as wide as its widest text, the heading's longest word included, up to kWidest.
+// Each column as wide as its widest text, the heading's longest word included.
 std::vector<int> textWidths(const ScreeningTable& rows, const QFontMetrics& metrics) {
   std::vector<int> widths;
   for (int c = 0; c < rows.columnCount(); ++c) {
@@ -49,7 +50,7 @@ std::vector<int> textWidths(const ScreeningTable& rows, const QFontMetrics& metr
       width = std::max(width, metrics.horizontalAdvance(word));
     for (int r = 0; r < rows.rowCount(); ++r)
       width = std::max(width, metrics.horizontalAdvance(rows.index(r, c).data().toString()));
-    widths.push_back(std::min(width + kPadding, kWidest));
+    widths.push_back(width + kPadding);
   }
   return widths;
 }
@@ -63,6 +64,15 @@ PrintTable screeningPrintTable(const ScreeningTable& rows, const QTableView& vie
   table.fixedRows = 1;
   const QFontMetrics metrics(table.font);
   table.widths = textWidths(rows, metrics);
+  // Too wide for the page: the widest columns, a refusal's mostly, wrap first.
+  const auto capped = [&table](int cap) {
+    double sum = 0;
+    for (int width : table.widths) sum += std::min(width, cap);
+    return sum;
+  };
+  int cap = *std::max_element(table.widths.begin(), table.widths.end());
+  while (cap > kNarrowest && capped(cap) > pageWidthPixels) --cap;
+  for (int& width : table.widths) width = std::min(width, cap);
   const double total = std::accumulate(table.widths.begin(), table.widths.end(), 0.0);
   if (total > pageWidthPixels) {
     for (int& width : table.widths) width = static_cast<int>(width * pageWidthPixels / total);
