@@ -18,9 +18,12 @@
 #include <fstream>
 
 #include "ScriptedDialogs.h"
+#include "desktop/Styles.h"
 #include "mainwindow/HauptformFixture.h"
 #include "model/AllOptionsLayout.h"
 #include "model/ScreeningView.h"
+#include "screening/ScreeningPrint.h"
+#include "screening/ScreeningTable.h"
 #include "screening/ScreeningWindow.h"
 #include "tables/ComponentTable.h"
 #include "tables/FishTables.h"
@@ -200,6 +203,52 @@ TEST_F(ScreeningWindowTest, StartScreensAgainWithTheChoicesShown) {
   ScreeningRow minimum;
   minimum.criterion = Criterion::Minimum;
   EXPECT_EQ(cell(view, 0, 3), QString::fromStdString(screeningCells(minimum, false, species)[3]));
+}
+
+// On paper nothing is cut: the columns fit the page, a long refusal wraps in a taller row, and
+// the cells keep the colours they have on screen.
+TEST_F(ScreeningWindowTest, PrintedTableFitsThePageAndKeepsTheColours) {
+  std::vector<ScreeningRow> rows(3);
+  for (int r = 0; r < 3; ++r) {
+    rows[r].substance = r + 1;
+    rows[r].name = "Substance with a name of some length " + std::to_string(r + 1);
+    rows[r].checked = true;
+  }
+  rows[0].burden = 0.25;
+  rows[0].burdenCell = "0.250";
+  rows[0].above = true;
+  rows[1].stop = RunStop::NotSolvable;
+  rows[1].checked = false;
+  rows[1].burdenCell = rows[1].refusal = FeedRun::kNotSolvable;
+  rows[2].burdenCell = "0.050";
+  rows[2].verdict = CheckVerdict::Differs;
+  rows[2].verdictCell = "differs";
+  rows[2].trueOptimumCell = "0.060";
+  ScreeningTable model(species, nullptr);
+  model.setRows(rows, false);
+  QTableView view;
+  view.setModel(&model);
+  for (double page : {2000.0, 700.0}) {
+    const PrintTable table = screeningPrintTable(model, view, page);
+    ASSERT_EQ(table.rows.size(), 4u);
+    int total = 0;
+    for (int width : table.widths) total += width;
+    EXPECT_LE(total, page);
+    const QFontMetrics metrics(table.font);
+    for (std::size_t r = 0; r < table.rows.size(); ++r)
+      for (std::size_t c = 0; c < table.widths.size(); ++c) {
+        const QRect room(0, 0, table.widths[c] - 4, 10000);
+        EXPECT_LE(metrics.boundingRect(room, Qt::TextWordWrap, table.rows[r][c].text).height(),
+                  table.heights[r])
+            << page << " " << r << " " << c;
+      }
+    EXPECT_EQ(table.heights[2] > table.heights[1], page < 1000) << page;
+  }
+  const PrintTable table = screeningPrintTable(model, view, 2000);
+  EXPECT_EQ(table.rows[1][1].foreground, QColor(255, 0, 0));
+  EXPECT_FALSE(table.rows[2][1].foreground.isValid());
+  EXPECT_EQ(table.rows[3][0].background,
+            qcolor(scenarioRunMark(CheckVerdict::Differs, true)->background));
 }
 
 // The main window's side: the menu entry and the double click.
