@@ -70,6 +70,7 @@ QPushButton* ScreeningWindow::makeButton(const char* name, const char* caption) 
 
 void ScreeningWindow::buildControls(const ScreeningRequest& request) {
   auto* speciesLabel = new QLabel("Species:", this);
+  speciesLabel->setAccessibleName("Species:");
   m_speciesChoice = new QComboBox(this);
   m_speciesChoice->setObjectName("SpeciesChoice");
   m_speciesChoice->setAccessibleName("Species");
@@ -80,6 +81,7 @@ void ScreeningWindow::buildControls(const ScreeningRequest& request) {
   m_speciesChoice->setCurrentIndex(both ? m_speciesChoice->count() - 1 : request.species[0]);
   speciesLabel->setBuddy(m_speciesChoice);
   auto* criterionLabel = new QLabel("Criterion:", this);
+  criterionLabel->setAccessibleName("Criterion:");
   m_criterionChoice = new QComboBox(this);
   m_criterionChoice->setObjectName("CriterionChoice");
   m_criterionChoice->setAccessibleName("Criterion");
@@ -112,6 +114,7 @@ void ScreeningWindow::buildControls(const ScreeningRequest& request) {
   m_progress->setAccessibleName("Progress");
   m_status = new QLabel(this);
   m_status->setObjectName("Status");
+  m_status->setAccessibleName("Status");
   m_cancelButton = makeButton("Cancel", kScreeningCancel);
   m_copy = makeButton("Copy", kScreeningCopy);
   m_print = makeButton("Print", kScreeningPrint);

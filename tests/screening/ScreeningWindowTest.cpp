@@ -7,6 +7,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QListWidget>
+#include <QProcess>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
@@ -14,6 +15,7 @@
 #include <QSignalSpy>
 #include <QTableView>
 #include <QTest>
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 
@@ -183,6 +185,20 @@ TEST_F(ScreeningWindowTest, HeaderClicksSortAndTheOutputsFollowTheOrderShown) {
   std::string magic(4, '\0');
   pdf.read(magic.data(), 4);
   EXPECT_EQ(magic, "%PDF");
+}
+
+// The window's rows are those of the command-line runner, figure for figure.
+TEST_F(ScreeningWindowTest, RowsAreThoseOfTheCommandLine) {
+  const auto window = open(sample, true);
+  ASSERT_TRUE(spy->wait(20000));
+  click(*window, "Copy");
+  QProcess cli;
+  cli.setWorkingDirectory(QString::fromStdString(kSample + "/.."));
+  cli.start(PESCAVO_CLI, {"screen", "--scenarios"});
+  ASSERT_TRUE(cli.waitForFinished(20000));
+  EXPECT_EQ(dialogs.clipboard, cli.readAllStandardOutput().toStdString());
+  EXPECT_EQ(std::count(dialogs.clipboard.begin(), dialogs.clipboard.end(), '\n'),
+            1 + sample.substanceCount() * 16);
 }
 
 TEST_F(ScreeningWindowTest, StartScreensAgainWithTheChoicesShown) {
