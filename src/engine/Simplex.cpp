@@ -227,45 +227,43 @@ int Simplex::ratioTest(int c) {
 
 namespace {
 
-// Four cells at a time, written out so that the code does not depend on what the optimiser
-// makes of a loop: each lane is one IEEE operation, as a plain double would be.
-typedef double Lanes __attribute__((vector_size(32), aligned(32), may_alias));
-static_assert(kLine * sizeof(double) == 2 * sizeof(Lanes), "a line is two vectors of lanes");
+// A line of cells at a time, written out so that the code does not depend on what the
+// optimiser makes of a loop: each lane is one IEEE operation, as a plain double would be. The
+// compiler splits a line into the vectors the clone's machine has.
+typedef double Lanes __attribute__((vector_size(64), aligned(64), may_alias));
+static_assert(kLine * sizeof(double) == sizeof(Lanes), "a line is one vector of lanes");
 
 // The pivot row divided by p, and every other row with a factor given row = row + (-f) * pivot,
 // line by line: the divisions of one line overlap the updates of the line before. Each cell is
 // one IEEE division, or one multiply and one add, whatever the vector width, so every clone
 // gives the same bits.
-__attribute__((target_clones("avx2", "default"))) void pivotLines(double* __restrict pivot,
-                                                                  double p, double* const* rows,
-                                                                  const double* minusF, int count,
-                                                                  int first, int last) {
-  const Lanes divisor = {p, p, p, p};
+__attribute__((target_clones("avx512f", "avx2", "default"))) void pivotLines(
+    double* __restrict pivot, double p, double* const* rows, const double* minusF, int count,
+    int first, int last) {
+  const Lanes divisor = {p, p, p, p, p, p, p, p};
   int k = first;
   // Two lines at a time where there are two: each row's address and factor are read once.
   for (; k + 2 * kLine <= last; k += 2 * kLine) {
     Lanes* cells = reinterpret_cast<Lanes*>(pivot + k);
     const Lanes a = cells[0] / divisor, b = cells[1] / divisor;
-    const Lanes c = cells[2] / divisor, d = cells[3] / divisor;
-    cells[0] = a, cells[1] = b, cells[2] = c, cells[3] = d;
+    cells[0] = a, cells[1] = b;
     for (int j = 0; j < count; ++j) {
       Lanes* to = reinterpret_cast<Lanes*>(rows[j] + k);
-      const Lanes f = {minusF[j], minusF[j], minusF[j], minusF[j]};
+      const double m = minusF[j];
+      const Lanes f = {m, m, m, m, m, m, m, m};
       to[0] = to[0] + f * a;
       to[1] = to[1] + f * b;
-      to[2] = to[2] + f * c;
-      to[3] = to[3] + f * d;
     }
   }
   if (k < last) {
     Lanes* cells = reinterpret_cast<Lanes*>(pivot + k);
-    const Lanes a = cells[0] / divisor, b = cells[1] / divisor;
-    cells[0] = a, cells[1] = b;
+    const Lanes a = cells[0] / divisor;
+    cells[0] = a;
     for (int j = 0; j < count; ++j) {
       Lanes* to = reinterpret_cast<Lanes*>(rows[j] + k);
-      const Lanes f = {minusF[j], minusF[j], minusF[j], minusF[j]};
+      const double m = minusF[j];
+      const Lanes f = {m, m, m, m, m, m, m, m};
       to[0] = to[0] + f * a;
-      to[1] = to[1] + f * b;
     }
   }
 }
