@@ -11,6 +11,7 @@
 #include <QPushButton>
 #include <QTableWidget>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "database/DatabaseWidgets.h"
 #include "desktop/DesktopDialogs.h"
@@ -21,7 +22,7 @@ namespace pescavo {
 
 Futterkomponenten::Futterkomponenten(const ComponentTable& table, int substance,
                                      char decimalSeparator, DesktopDialogs& dialogs,
-                                     QWidget* parent)
+                                     QWidget* parent, std::function<QString()> cursorFile)
     : QDialog(parent),
       m_rows(componentOverview(table, substance, decimalSeparator)),
       m_dialogs(dialogs) {
@@ -78,6 +79,7 @@ Futterkomponenten::Futterkomponenten(const ComponentTable& table, int substance,
   connect(copy, &QPushButton::clicked, this, &Futterkomponenten::Command2_Click);
   connect(print, &QPushButton::clicked, this, &Futterkomponenten::PrintButton_Click);
   connect(done, &QPushButton::clicked, this, &QDialog::accept);
+  useHandPointers(this, ComponentWindow::Futterkomponenten, std::move(cursorFile));
 }
 
 void Futterkomponenten::resizeEvent(QResizeEvent* event) {

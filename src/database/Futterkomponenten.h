@@ -1,7 +1,9 @@
 #pragma once
 
 #include <QDialog>
+#include <QString>
 #include <array>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -20,9 +22,11 @@ class Futterkomponenten : public QDialog {
   Q_OBJECT
 
  public:
-  // substance is 1-based; names are the substance list's items.
+  // substance is 1-based; names are the substance list's items. cursorFile names the hand
+  // pointer's file for the buttons; none: the usual pointer.
   Futterkomponenten(const ComponentTable& table, int substance, char decimalSeparator,
-                    DesktopDialogs& dialogs, QWidget* parent = nullptr);
+                    DesktopDialogs& dialogs, QWidget* parent = nullptr,
+                    std::function<QString()> cursorFile = {});
 
   void Go3_Click();
   void Command2_Click();

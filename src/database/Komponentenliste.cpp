@@ -11,6 +11,7 @@
 #include <QPushButton>
 #include <QTableWidget>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "database/DatabaseWidgets.h"
 #include "desktop/DesktopDialogs.h"
@@ -43,7 +44,8 @@ int keyCode(int key, Qt::KeyboardModifiers modifiers) {
 
 }  // namespace
 
-Komponentenliste::Komponentenliste(ComponentTable& table, DesktopDialogs& dialogs, QWidget* parent)
+Komponentenliste::Komponentenliste(ComponentTable& table, DesktopDialogs& dialogs, QWidget* parent,
+                                   std::function<QString()> cursorFile)
     : QDialog(parent), m_editor(table), m_dialogs(dialogs) {
   setObjectName("Komponentenliste");
   setWindowTitle("List of Feed Components");
@@ -104,6 +106,7 @@ Komponentenliste::Komponentenliste(ComponentTable& table, DesktopDialogs& dialog
   m_grid->installEventFilter(this);
   m_edit->installEventFilter(this);
   showCells();
+  useHandPointers(this, ComponentWindow::Komponentenliste, std::move(cursorFile));
 }
 
 void Komponentenliste::showCells() {

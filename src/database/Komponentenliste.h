@@ -1,7 +1,9 @@
 #pragma once
 
 #include <QDialog>
+#include <QString>
 #include <array>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -20,7 +22,9 @@ class Komponentenliste : public QDialog {
   Q_OBJECT
 
  public:
-  Komponentenliste(ComponentTable& table, DesktopDialogs& dialogs, QWidget* parent = nullptr);
+  // cursorFile names the hand pointer's file for the buttons; none: the usual pointer.
+  Komponentenliste(ComponentTable& table, DesktopDialogs& dialogs, QWidget* parent = nullptr,
+                   std::function<QString()> cursorFile = {});
   const ComponentEditor& editor() const { return m_editor; }
 
   void Neuer_Datensatz_Click();

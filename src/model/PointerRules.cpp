@@ -1,5 +1,8 @@
 #include "model/PointerRules.h"
 
+#include <algorithm>
+#include <iterator>
+
 namespace pescavo {
 
 HandPointerRule handPointerRule(ControlId id) {
@@ -41,6 +44,21 @@ HandPointerRule handPointerRule(ControlId id) {
     default:
       return HandPointerRule::Never;
   }
+}
+
+HandPointerRule handPointerRule(ComponentWindow window, std::string_view control) {
+  static constexpr std::string_view kEditorButtons[] = {"Abbrechen",       "Command1",   "Command2",
+                                                        "Fertig",          "go2",        "Loeschen",
+                                                        "Neuer_Datensatz", "PrintButton"};
+  static constexpr std::string_view kOverviewButtons[] = {"Command2", "Fertig", "Go3",
+                                                          "PrintButton"};
+  const auto listed = [control](const auto& names) {
+    return std::find(std::begin(names), std::end(names), control) != std::end(names);
+  };
+  if (window == ComponentWindow::Futterkomponenten)
+    return listed(kOverviewButtons) ? HandPointerRule::Always : HandPointerRule::Never;
+  if (control == "KategorieCombo") return HandPointerRule::AfterClick;
+  return listed(kEditorButtons) ? HandPointerRule::Always : HandPointerRule::Never;
 }
 
 bool showsHandPointer(HandPointerRule rule, int items, int column, bool clicked) {

@@ -1,10 +1,12 @@
 #pragma once
 
+#include <string_view>
+
 #include "model/ControlId.h"
 
 namespace pescavo {
 
-// When a control of the main window shows the hand pointer while the mouse is over it.
+// When a control shows the hand pointer while the mouse is over it.
 enum class HandPointerRule {
   Never,
   Always,
@@ -14,6 +16,11 @@ enum class HandPointerRule {
 };
 
 HandPointerRule handPointerRule(ControlId id);
+
+// The component editor and the component overview; their controls are named as the windows
+// name their widgets.
+enum class ComponentWindow { Komponentenliste, Futterkomponenten };
+HandPointerRule handPointerRule(ComponentWindow window, std::string_view control);
 
 // What the control's state says now: its item count, the grid's current column (0-based), and
 // whether it has been clicked.

@@ -1,5 +1,8 @@
 #include <QAbstractScrollArea>
 #include <QMouseEvent>
+#include <QPushButton>
+#include <QTimer>
+#include <functional>
 
 #include "HauptformFixture.h"
 
@@ -45,6 +48,30 @@ TEST_F(PointerGuiTest, AMissingOrBrokenCursorFileLeavesThePointerAsItIs) {
                              input() / "harrow.cur",
                              std::filesystem::copy_options::overwrite_existing);
   EXPECT_TRUE(handOver(find("Add")));  // read again at the next move
+}
+
+// The main window hands its cursor file to the component windows it opens.
+TEST_F(PointerGuiTest, TheComponentWindowsTakeTheHandFromTheInputFolder) {
+  ASSERT_TRUE(start());
+  // Over the named button of the modal window that opener opens, closed again by "close".
+  const auto handInModal = [&](const std::function<void()>& opener, const char* button,
+                               const char* close) {
+    bool hand = false;
+    QTimer::singleShot(0, [&] {
+      QWidget* modal = QApplication::activeModalWidget();
+      ASSERT_NE(modal, nullptr);
+      hand = handOver(modal->findChild<QWidget*>(button));
+      modal->findChild<QPushButton*>(close)->click();
+    });
+    opener();
+    return hand;
+  };
+  const auto editor = [&] { window->findChild<QAction*>("MenuFischfutter")->trigger(); };
+  const auto overview = [&] { click("Command1"); };
+  EXPECT_TRUE(handInModal(editor, "Neuer_Datensatz", "Abbrechen"));
+  EXPECT_TRUE(handInModal(overview, "Go3", "Fertig"));
+  std::filesystem::remove(input() / "harrow.cur");
+  EXPECT_FALSE(handInModal(overview, "PrintButton", "Fertig"));
 }
 
 }  // namespace

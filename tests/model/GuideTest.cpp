@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 #include <stdlib.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 
@@ -95,6 +96,24 @@ TEST(ShippedGuide, EveryLinkResolvesAndEveryPageIsReachable) {
     for (const Guide::Entry& item : guide.contents())
       listed = listed || item.href.substr(0, item.href.find('#')) == file;
     EXPECT_TRUE(listed) << file << " is not in the contents";
+  }
+}
+
+// The options page is where a user looks for what the all-options switch brings; each entry it
+// reveals is named there, as written, and on the page that describes it.
+TEST(ShippedGuide, TheOptionsPageNamesEveryEntryTheSwitchReveals) {
+  const Guide guide(PESCAVO_GUIDE);
+  const std::pair<const char*, const char*> entries[] = {
+      {"Optimize all Scenarios", "sweep.html"},
+      {"Feed components", "database.html"},
+      {"Screen all substances", "screening.html"}};
+  for (const auto& [entry, page] : entries) {
+    // A page that holds the words apart marks only the first word.
+    std::vector<std::string> files;
+    for (const Guide::Hit& hit : guide.search(entry))
+      if (hit.mark.size() == std::string(entry).size()) files.push_back(hit.file);
+    EXPECT_NE(std::find(files.begin(), files.end(), "options.html"), files.end()) << entry;
+    EXPECT_NE(std::find(files.begin(), files.end(), page), files.end()) << entry;
   }
 }
 
