@@ -14,6 +14,7 @@
 #include <QVBoxLayout>
 
 #include "desktop/DesktopDialogs.h"
+#include "desktop/HandPointer.h"
 #include "desktop/PrintGrid.h"
 #include "model/RunOptions.h"
 #include "model/ScreeningView.h"
@@ -38,7 +39,8 @@ constexpr int kWidestColumn = 180;
 ScreeningWindow::ScreeningWindow(const ComponentTable& table, std::vector<FishSpecies> species,
                                  std::vector<FishMealGrade> fishmeal, char decimalSeparator,
                                  const ScreeningRequest& request, DesktopDialogs& dialogs,
-                                 std::string folder, QWidget* parent)
+                                 std::string folder, QWidget* parent,
+                                 std::function<QString()> cursorFile)
     : QWidget(parent, Qt::Window),
       m_table(table),
       m_species(std::move(species)),
@@ -46,7 +48,8 @@ ScreeningWindow::ScreeningWindow(const ComponentTable& table, std::vector<FishSp
       m_screening(m_table, m_species, m_fishmeal, decimalSeparator),
       m_base(request.base),
       m_dialogs(dialogs),
-      m_folder(std::move(folder)) {
+      m_folder(std::move(folder)),
+      m_cursorFile(std::move(cursorFile)) {
   setObjectName("Screening");
   setWindowTitle(kScreeningCaption);
   setAccessibleName(kScreeningCaption);
@@ -65,6 +68,7 @@ QPushButton* ScreeningWindow::makeButton(const char* name, const char* caption) 
   button->setObjectName(name);
   button->setAccessibleName(QString(caption).remove('&'));
   button->setAutoDefault(false);
+  if (m_cursorFile) useHandPointer(button, m_cursorFile);
   return button;
 }
 

@@ -31,11 +31,12 @@ class ScreeningWindow : public QWidget {
 
  public:
   // request: what the first screening asks for, screened as soon as the window is shown.
-  // folder: where "Save as CSV" proposes its file.
+  // folder: where "Save as CSV" proposes its file. cursorFile names the hand pointer's file
+  // for the buttons; none: the usual pointer.
   ScreeningWindow(const ComponentTable& table, std::vector<FishSpecies> species,
                   std::vector<FishMealGrade> fishmeal, char decimalSeparator,
                   const ScreeningRequest& request, DesktopDialogs& dialogs, std::string folder,
-                  QWidget* parent = nullptr);
+                  QWidget* parent = nullptr, std::function<QString()> cursorFile = {});
   ~ScreeningWindow() override;
 
   // Screens with the choices the window shows; nothing while a screening runs.
@@ -77,6 +78,7 @@ class ScreeningWindow : public QWidget {
   const RunOptions m_base;
   DesktopDialogs& m_dialogs;
   const std::string m_folder;
+  const std::function<QString()> m_cursorFile;
   bool m_started = false;
   bool m_cancelled = false;
 

@@ -278,6 +278,11 @@ TEST_F(ScreeningMainWindowTest, EntryOpensTheWindowAndADoubleClickSelectsTheRun)
   entry->trigger();
   auto* screening = find<ScreeningWindow>("Screening");
   ASSERT_NE(screening, nullptr);
+  // The hand from the input folder over its buttons, as in every window.
+  QWidget* copy = screening->findChild<QWidget*>("Copy");
+  QEvent enter(QEvent::Enter);
+  QCoreApplication::sendEvent(copy, &enter);
+  EXPECT_EQ(copy->cursor().shape(), Qt::BitmapCursor);
   QSignalSpy finished(screening, &ScreeningWindow::finished);
   ASSERT_TRUE(finished.wait(20000));
   auto* view = screening->findChild<QTableView*>("ScreeningGrid");
