@@ -11,24 +11,21 @@
 namespace pescavo {
 namespace {
 
-ScreeningRow result(int substance, double burden, CheckVerdict verdict = CheckVerdict::Agrees) {
+// A run with a result, or refused when why is given.
+ScreeningRow run(int substance, double burden, CheckVerdict verdict = CheckVerdict::Agrees,
+                 const std::string& why = "") {
   ScreeningRow row;
   row.substance = substance;
-  row.name = "S" + std::to_string(substance);
   row.burden = burden;
   row.above = aboveBurdenLimit(burden);
-  row.checked = true;
+  row.checked = why.empty();
   row.verdict = verdict;
-  return row;
-}
-
-ScreeningRow refused(int substance, const std::string& why) {
-  ScreeningRow row;
-  row.substance = substance;
-  row.name = "S" + std::to_string(substance);
-  row.stop = RunStop::AllZero;
+  if (!why.empty()) row.stop = RunStop::AllZero;
   row.refusal = why;
   return row;
+}
+ScreeningRow refused(int substance, const std::string& why) {
+  return run(substance, 0, CheckVerdict::CouldNotRun, why);
 }
 
 std::vector<int> substances(const std::vector<ScreeningRow>& rows, const std::vector<int>& order) {
@@ -39,8 +36,8 @@ std::vector<int> substances(const std::vector<ScreeningRow>& rows, const std::ve
 
 // Columns without scenarios: number, name, species, criterion, burden, above, check, optimum.
 TEST(ScreeningOrderTest, NumbersAndBurdensSortByValueRefusalsLastAndTiesKeepTheirOrder) {
-  const std::vector<ScreeningRow> rows = {result(10, 0.2), refused(2, "zero"), result(9, 10.0),
-                                          result(1, 0.05), result(3, 0.2),     refused(4, "a")};
+  const std::vector<ScreeningRow> rows = {run(10, 0.2), refused(2, "zero"), run(9, 10.0),
+                                          run(1, 0.05), run(3, 0.2),        refused(4, "a")};
   EXPECT_EQ(substances(rows, screeningOrder(rows, 0, false, false)),
             (std::vector<int>{1, 2, 3, 4, 9, 10}));
   // "10.000" would come before "0.200" by its characters.
@@ -49,27 +46,27 @@ TEST(ScreeningOrderTest, NumbersAndBurdensSortByValueRefusalsLastAndTiesKeepThei
   EXPECT_EQ(substances(rows, screeningOrder(rows, 4, true, false)),
             (std::vector<int>{9, 10, 3, 1, 2, 4}));
   // With scenarios the burden is one column further right, the scenario before it.
-  std::vector<ScreeningRow> runs = {result(1, 0.3), result(1, 0.1), result(1, 0.2)};
+  std::vector<ScreeningRow> runs = {run(1, 0.3), run(1, 0.1), run(1, 0.2)};
   for (int s = 0; s < 3; ++s) runs[static_cast<std::size_t>(s)].scenario = 12 - 5 * s;
   EXPECT_EQ(screeningOrder(runs, 4, false, true), (std::vector<int>{2, 1, 0}));
   EXPECT_EQ(screeningOrder(runs, 5, false, true), (std::vector<int>{1, 2, 0}));
 }
 
 TEST(ScreeningOrderTest, AboveColumnSortsRefusedThenNoThenYes) {
-  const std::vector<ScreeningRow> rows = {result(1, 0.5), refused(2, "zero"), result(3, 0.01)};
+  const std::vector<ScreeningRow> rows = {run(1, 0.5), refused(2, "zero"), run(3, 0.01)};
   EXPECT_EQ(substances(rows, screeningOrder(rows, 5, false, false)), (std::vector<int>{2, 3, 1}));
   EXPECT_EQ(substances(rows, screeningOrder(rows, 5, true, false)), (std::vector<int>{1, 3, 2}));
 }
 
 TEST(ScreeningStyleTest, RowsAboveTheLimitAreRedAndDisputedRunsMarkedAsInTheScenarioTable) {
   const Rgb red{255, 0, 0};
-  const ScreeningCellStyle plain = screeningCellStyle(result(1, 0.1), 4, false);
+  const ScreeningCellStyle plain = screeningCellStyle(run(1, 0.1), 4, false);
   EXPECT_FALSE(plain.text);
   EXPECT_FALSE(plain.background);
   for (int column : {0, 1, 4, 5})
-    EXPECT_EQ(screeningCellStyle(result(1, 0.1001), column, false).text, red);
+    EXPECT_EQ(screeningCellStyle(run(1, 0.1001), column, false).text, red);
 
-  const ScreeningRow differs = result(1, 0.5, CheckVerdict::Differs);
+  const ScreeningRow differs = run(1, 0.5, CheckVerdict::Differs);
   const RunMark mark = *scenarioRunMark(CheckVerdict::Differs, true);
   for (int column = 0; column < 8; ++column) {
     const ScreeningCellStyle style = screeningCellStyle(differs, column, false);
@@ -82,38 +79,9 @@ TEST(ScreeningStyleTest, RowsAboveTheLimitAreRedAndDisputedRunsMarkedAsInTheScen
   EXPECT_TRUE(screeningCellStyle(differs, 7, true).bold);
   // A refused run never reached the check: nothing to mark.
   EXPECT_FALSE(screeningCellStyle(refused(1, "zero"), 0, false).background);
-  ScreeningRow notChecked = result(1, 0.01, CheckVerdict::CouldNotRun);
+  ScreeningRow notChecked = run(1, 0.01, CheckVerdict::CouldNotRun);
   EXPECT_EQ(screeningCellStyle(notChecked, 0, false).background,
             scenarioRunMark(CheckVerdict::CouldNotRun, true)->background);
-}
-
-TEST(ScreeningStyleTest, FiguresAlignRightRefusalsLeft) {
-  for (bool scenarios : {false, true}) {
-    std::vector<int> right, refusedRight;
-    for (int c = 0; c < static_cast<int>(screeningHeadings(scenarios).size()); ++c) {
-      if (screeningAlignedRight(result(1, 0.2), c, scenarios)) right.push_back(c);
-      if (screeningAlignedRight(refused(1, "zero"), c, scenarios)) refusedRight.push_back(c);
-    }
-    EXPECT_EQ(right, scenarios ? (std::vector<int>{0, 4, 5, 8}) : (std::vector<int>{0, 4, 7}));
-    EXPECT_EQ(refusedRight, scenarios ? (std::vector<int>{0, 4, 8}) : (std::vector<int>{0, 7}));
-  }
-}
-
-TEST(ScreeningStyleTest, StatusTellsRunningCancelledAndDone) {
-  EXPECT_EQ(screeningStatus(12, 80, true, false), "Screening: 12 of 80 runs");
-  EXPECT_EQ(screeningStatus(12, 80, false, true), "Cancelled after 12 of 80 runs");
-  EXPECT_EQ(screeningStatus(80, 80, false, false), "80 runs screened");
-}
-
-TEST(ScreeningStyleTest, TextFollowsTheOrderShown) {
-  std::vector<ScreeningRow> rows = {result(1, 0.2), result(2, 0.05)};
-  rows[0].burdenCell = "0.200";
-  rows[1].burdenCell = "0.050";
-  const std::vector<FishSpecies> species = {{"Common carp", 8, 35}};
-  EXPECT_EQ(screeningText(rows, {1, 0}, false, species, ScreeningFormat::Tsv),
-            screeningHeaderLine(false, ScreeningFormat::Tsv) +
-                screeningLine(rows[1], false, species, ScreeningFormat::Tsv) +
-                screeningLine(rows[0], false, species, ScreeningFormat::Tsv));
 }
 
 // Three substances over five components that meet both species' targets; B has no residue.
@@ -196,7 +164,7 @@ TEST_F(ScreeningSelectTest, AChangedSubstanceListRefusesTheRun) {
   EXPECT_EQ(dialogs.messages, std::vector<std::string>{kScreeningListChanged});
 }
 
-TEST_F(ScreeningSelectTest, EntryAndRequestFollowTheMainWindow) {
+TEST_F(ScreeningSelectTest, EntryGoesWithTheEditMenu) {
   EXPECT_TRUE(screeningEntryShown(model));
   model.Add_Click();
   EXPECT_FALSE(screeningEntryShown(model));
@@ -206,18 +174,6 @@ TEST_F(ScreeningSelectTest, EntryAndRequestFollowTheMainWindow) {
   model.setAllOptions(true);
   model.load(table, species, fishmeal, true);
   EXPECT_FALSE(screeningEntryShown(model));  // the simple layout stays as it is
-
-  model.load(table, species, fishmeal, false);
-  model.options().setSpeciesOption(Species::RainbowTrout);
-  model.options().setCriterionOption(Criterion::Minimum);
-  model.options().setMrbdLimits(false);
-  model.options().setFishmealGrade(1);
-  const ScreeningRequest request = screeningRequest(model);
-  EXPECT_EQ(request.species, std::vector<int>{1});
-  EXPECT_EQ(request.criteria, std::vector<Criterion>{Criterion::Minimum});
-  EXPECT_FALSE(request.scenarios);
-  EXPECT_FALSE(request.base.mrbd);
-  EXPECT_EQ(request.base.fishmealGrade, 1);
 }
 
 }  // namespace

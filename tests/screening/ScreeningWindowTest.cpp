@@ -18,6 +18,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 
 #include "ScriptedDialogs.h"
 #include "desktop/Styles.h"
@@ -103,9 +104,7 @@ class ScreeningWindowTest : public ::testing::Test {
 TEST_F(ScreeningWindowTest, CancelStopsTheScreeningWithinASecondAndShowsTheRowsDone) {
   const auto window = open(largeTable(), true);
   waitForProgress(*window);
-  EXPECT_FALSE(child(*window, "Start")->isEnabled());
   EXPECT_FALSE(child(*window, "Copy")->isEnabled());
-  EXPECT_TRUE(window->running());
 
   QElapsedTimer clock;
   clock.start();
@@ -121,8 +120,7 @@ TEST_F(ScreeningWindowTest, CancelStopsTheScreeningWithinASecondAndShowsTheRowsD
   EXPECT_EQ(cell(view, 0, 0), "1");  // the rows done, from the first substance on
   const QString counts = QString("%1 of %2 runs").arg(view->model()->rowCount()).arg(total);
   EXPECT_EQ(child<QLabel>(*window, "Status")->text(), "Cancelled after " + counts);
-  EXPECT_TRUE(child(*window, "Start")->isEnabled());
-  EXPECT_FALSE(child(*window, "Cancel")->isEnabled());
+  EXPECT_TRUE(child(*window, "Copy")->isEnabled());
 }
 
 TEST_F(ScreeningWindowTest, ClosingWhileScreeningStopsTheWorkers) {
@@ -154,92 +152,64 @@ TEST_F(ScreeningWindowTest, HeaderClicksSortAndTheOutputsFollowTheOrderShown) {
             QColor(255, 0, 0));
   EXPECT_FALSE(view->model()->index(rows - 1, 1).data(Qt::ForegroundRole).isValid());
 
+  // Copied, saved and printed in the order shown.
   click(*window, "Copy");
-  const std::string firstLine = dialogs.clipboard.substr(0, dialogs.clipboard.find('\n'));
-  EXPECT_EQ(firstLine + "\n", screeningHeaderLine(true, ScreeningFormat::Tsv));
-  const std::size_t second = firstLine.size() + 1;
   QStringList shown;
   for (int c = 0; c < view->model()->columnCount(); ++c) shown << cell(view, 0, c);
-  EXPECT_EQ(QString::fromStdString(
-                dialogs.clipboard.substr(second, dialogs.clipboard.find('\n', second) - second)),
-            shown.join('\t'));
-
-  const std::string csv = (folder / "chosen.csv").string();
+  const std::size_t second = dialogs.clipboard.find('\n') + 1;
+  EXPECT_EQ(dialogs.clipboard.substr(second, dialogs.clipboard.find('\n', second) - second),
+            shown.join('\t').toStdString());
   click(*window, "Save");  // cancelled: nothing written
   EXPECT_EQ(dialogs.proposedNames,
             std::vector<std::string>{(folder / kScreeningFileName).string()});
-  dialogs.saveNames = {csv};
+  dialogs.saveNames = {(folder / "chosen.csv").string()};
   click(*window, "Save");
-  std::ifstream in(csv);
-  std::string header, line;
-  std::getline(in, header);
-  EXPECT_EQ(header + "\n", screeningHeaderLine(true, ScreeningFormat::Csv));
-  int lines = 0;
-  while (std::getline(in, line)) ++lines;
-  EXPECT_EQ(lines, rows);
-
+  std::ifstream csv(folder / "chosen.csv");
+  const std::string text(std::istreambuf_iterator<char>(csv), {});
+  EXPECT_EQ(text.substr(0, text.find('\n') + 1), screeningHeaderLine(true, ScreeningFormat::Csv));
+  EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), rows + 1);
   dialogs.printPdf = (folder / "screening.pdf").string();
   click(*window, "Print");
-  EXPECT_EQ(dialogs.printDialogs, 1);
-  std::ifstream pdf(dialogs.printPdf, std::ios::binary);
-  std::string magic(4, '\0');
-  pdf.read(magic.data(), 4);
-  EXPECT_EQ(magic, "%PDF");
+  EXPECT_GT(std::filesystem::file_size(dialogs.printPdf), 1000u);
 }
 
-// The window's rows are those of the command-line runner, figure for figure.
-TEST_F(ScreeningWindowTest, RowsAreThoseOfTheCommandLine) {
+// The window's rows are those of the command-line runner, figure for figure, for the choices
+// it shows.
+TEST_F(ScreeningWindowTest, RowsAreThoseOfTheCommandLineForTheChoicesShown) {
+  const auto cli = [](const QStringList& arguments) {
+    QProcess process;
+    process.setWorkingDirectory(QString::fromStdString(kSample + "/.."));
+    process.start(PESCAVO_CLI, QStringList{"screen"} + arguments);
+    EXPECT_TRUE(process.waitForFinished(20000));
+    return process.readAllStandardOutput().toStdString();
+  };
   const auto window = open(sample, true);
   ASSERT_TRUE(spy->wait(20000));
   click(*window, "Copy");
-  QProcess cli;
-  cli.setWorkingDirectory(QString::fromStdString(kSample + "/.."));
-  cli.start(PESCAVO_CLI, {"screen", "--scenarios"});
-  ASSERT_TRUE(cli.waitForFinished(20000));
-  EXPECT_EQ(dialogs.clipboard, cli.readAllStandardOutput().toStdString());
+  EXPECT_EQ(dialogs.clipboard, cli({"--scenarios"}));
   EXPECT_EQ(std::count(dialogs.clipboard.begin(), dialogs.clipboard.end(), '\n'),
             1 + sample.substanceCount() * 16);
-}
 
-TEST_F(ScreeningWindowTest, StartScreensAgainWithTheChoicesShown) {
-  const auto window = open(sample, false);
-  ASSERT_TRUE(spy->wait(20000));
-  auto* view = child<QTableView>(*window, "ScreeningGrid");
-  EXPECT_EQ(view->model()->rowCount(), sample.substanceCount());
-  auto* speciesChoice = child<QComboBox>(*window, "SpeciesChoice");
-  ASSERT_EQ(speciesChoice->count(), 3);
-  speciesChoice->setCurrentIndex(2);  // both
+  child<QComboBox>(*window, "SpeciesChoice")->setCurrentIndex(2);  // both
   child<QComboBox>(*window, "CriterionChoice")->setCurrentIndex(1);
+  child<QCheckBox>(*window, "Scenarios")->setChecked(false);
   click(*window, "Start");
   ASSERT_TRUE(spy->wait(20000));
-  ASSERT_EQ(view->model()->rowCount(), 2 * sample.substanceCount());
-  EXPECT_EQ(view->model()->columnCount(), 8);
-  EXPECT_EQ(cell(view, 0, 2), QString::fromStdString(species[0].name));
-  EXPECT_EQ(cell(view, 1, 2), QString::fromStdString(species[1].name));
-  ScreeningRow minimum;
-  minimum.criterion = Criterion::Minimum;
-  EXPECT_EQ(cell(view, 0, 3), QString::fromStdString(screeningCells(minimum, false, species)[3]));
+  click(*window, "Copy");
+  EXPECT_EQ(dialogs.clipboard, cli({"--species", "both", "--criterion", "min"}));
 }
 
 // On paper nothing is cut: the columns fit the page, a long refusal wraps in a taller row, and
 // the cells keep the colours they have on screen.
 TEST_F(ScreeningWindowTest, PrintedTableFitsThePageAndKeepsTheColours) {
   std::vector<ScreeningRow> rows(3);
-  for (int r = 0; r < 3; ++r) {
-    rows[r].substance = r + 1;
-    rows[r].name = "Substance with a name of some length " + std::to_string(r + 1);
-    rows[r].checked = true;
-  }
-  rows[0].burden = 0.25;
-  rows[0].burdenCell = "0.250";
-  rows[0].above = true;
+  for (ScreeningRow& row : rows) row.name = "Substance with a name of some length";
+  rows[0].above = rows[0].checked = true;
+  rows[0].verdict = CheckVerdict::Agrees;
   rows[1].stop = RunStop::NotSolvable;
-  rows[1].checked = false;
   rows[1].burdenCell = rows[1].refusal = FeedRun::kNotSolvable;
-  rows[2].burdenCell = "0.050";
+  rows[2].checked = true;
   rows[2].verdict = CheckVerdict::Differs;
-  rows[2].verdictCell = "differs";
-  rows[2].trueOptimumCell = "0.060";
   ScreeningTable model(species, nullptr);
   model.setRows(rows, false);
   QTableView view;
