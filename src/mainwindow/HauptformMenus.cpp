@@ -82,7 +82,7 @@ void Hauptform::showAbout(bool modal) {
 }
 
 void Hauptform::buildScreeningEntry(QMenu* program) {
-  m_screeningEntry = program->addAction(QString::fromUtf8(kScreeningCaption));
+  m_screeningEntry = program->addAction(QString::fromUtf8(kScreeningEntry));
   m_screeningEntry->setObjectName("screening");
   connect(m_screeningEntry, &QAction::triggered, this, &Hauptform::screening_Click);
 }

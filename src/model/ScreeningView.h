@@ -14,6 +14,7 @@ class MainWindowModel;
 // The screening window's texts and rules, decided here so that a test without a window sees
 // them. Columns are those of screeningHeadings().
 constexpr const char* kScreeningCaption = "Screen all substances";
+constexpr const char* kScreeningEntry = "S&creen all substances";  // the menu's, with its key
 constexpr const char* kScreeningBothSpecies = "Both";
 constexpr const char* kScreeningScenarios = "All 16 scenarios";
 constexpr const char* kScreeningStart = "Start";

@@ -245,6 +245,7 @@ TEST_F(ScreeningMainWindowTest, EntryOpensTheWindowAndADoubleClickSelectsTheRun)
   ASSERT_TRUE(start());
   QAction* entry = find<QAction>("screening");
   EXPECT_TRUE(entry->isVisible());
+  EXPECT_EQ(entry->text().remove('&'), "Screen all substances");
   entry->trigger();
   auto* screening = find<ScreeningWindow>("Screening");
   ASSERT_NE(screening, nullptr);
