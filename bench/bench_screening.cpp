@@ -2,11 +2,14 @@
 // process around it: BM_Screening/threads/scenarios. With PESCAVO_LARGEST_INPUT=DIR the table
 // is DIR's feedstuff.tab with Species.tab and Fishmeal.tab (scripts/measure-screening makes the
 // largest one there); without it the sample tables.
+//   bench_screening --write-full-table=PATH   writes the largest table with every component
+//                                              available to every substance, and ends
 
 #include <benchmark/benchmark.h>
 
 #include <atomic>
 #include <cstdlib>
+#include <cstring>
 #include <string>
 #include <vector>
 
@@ -54,6 +57,35 @@ BENCHMARK(BM_Screening)
     ->Unit(benchmark::kMillisecond)
     ->UseRealTime();
 
+// 998 substances and 1000 components, each with a residue for every substance: the most a
+// screening can be asked to run.
+ComponentTable fullTable() {
+  const char* const categories[5] = {"By-Products", "Cereal Grains/ Crop Seeds", "Fat",
+                                     "Forages/Fodders", "Roots and Tubers"};
+  ComponentTable table;
+  for (int s = 1; s <= ComponentTable::kMaxSubstances; ++s)
+    table.addSubstance("Example substance " + std::to_string(s));
+  for (int i = 1; i <= ComponentTable::kMaxComponents; ++i) {
+    table.addComponent({categories[i % 5], "Crop " + std::to_string(i), "commodity",
+                        "4-00-" + std::to_string(100 + i), 5 + (i % 60) * 0.75, 1 + (i % 20) * 0.5,
+                        85 + (i % 10) * 0.5, 5.0 * (1 + i % 8), 2.5 * (1 + i % 8)});
+    for (int s = 1; s <= ComponentTable::kMaxSubstances; ++s)
+      table.setResidue(s, i, ((i + s) % 997) * 0.001 + 0.005);
+  }
+  return table;
+}
+
 }  // namespace
 
-BENCHMARK_MAIN();
+int main(int argc, char** argv) {
+  constexpr const char* kWrite = "--write-full-table=";
+  if (argc == 2 && std::strncmp(argv[1], kWrite, std::strlen(kWrite)) == 0) {
+    writeComponentTable(fullTable(), argv[1] + std::strlen(kWrite), '.');
+    return 0;
+  }
+  benchmark::Initialize(&argc, argv);
+  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
+  benchmark::RunSpecifiedBenchmarks();
+  benchmark::Shutdown();
+  return 0;
+}

@@ -51,8 +51,8 @@ struct ScreeningRow {
 
 struct ScreeningResult {
   std::vector<ScreeningRow> rows;  // in substance order, then species, criterion, scenario
-  int total = 0;                   // runs asked for
-  bool cancelled = false;          // rows then holds the runs done before the stop
+  int total = 0;           // runs asked for; a sweep that stops at a refused run makes fewer
+  bool cancelled = false;  // rows then holds the runs done before the stop
 };
 
 // Runs a screening over one table on worker threads, each with its own FeedRun. The table

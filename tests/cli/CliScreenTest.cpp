@@ -1,0 +1,197 @@
+#include <gtest/gtest.h>
+#include <signal.h>
+#include <stdlib.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <regex>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "cli/Cli.h"
+#include "tables/ComponentTable.h"
+
+namespace fs = std::filesystem;
+
+namespace pescavo {
+namespace {
+
+constexpr size_t kRuns = 16;  // of a sweep
+const char kNotSolvable[] = "The problem is not solvable. Add more or try different components.";
+
+// pescavo-cli screen over a private copy of the sample tables.
+class CliScreenTest : public ::testing::Test {
+ protected:
+  struct Outcome {
+    int status;
+    std::string out;
+    std::string err;
+  };
+
+  void SetUp() override {
+    std::string folder = (fs::temp_directory_path() / "pescavo-screen-XXXXXX").string();
+    ASSERT_NE(::mkdtemp(folder.data()), nullptr);
+    m_root = folder;
+    fs::copy(PESCAVO_SAMPLE_INPUT, input());
+    m_substance = lines(cli({"substances"}).out).at(0);
+  }
+  void TearDown() override { fs::remove_all(m_root); }
+
+  std::string input() const { return (m_root / "Input").string(); }
+  Outcome cli(std::vector<std::string> args) const {
+    args.insert(args.begin(), {"--input", input(), "--report-folder", m_root.string()});
+    std::ostringstream out, err;
+    const int status = runCli(args, '.', out, err);
+    return {status, out.str(), err.str()};
+  }
+  static std::vector<std::string> lines(const std::string& text) {
+    std::vector<std::string> result;
+    std::istringstream in(text);
+    for (std::string line; std::getline(in, line);) result.push_back(line);
+    return result;
+  }
+
+  fs::path m_root;
+  std::string m_substance;
+};
+
+std::vector<std::string> cells(const std::string& line) {
+  std::vector<std::string> result;
+  std::istringstream in(line);
+  for (std::string cell; std::getline(in, cell, '\t');) result.push_back(cell);
+  if (!line.empty() && line.back() == '\t') result.emplace_back();
+  return result;
+}
+
+// Every row of screen is what optimize and verify say of that substance and options, and with
+// --scenarios what sweep and verify --scenarios say of each run; screen writes no report.
+TEST_F(CliScreenTest, ScreenRowsAreTheRunsOfTheOtherCommands) {
+  const Outcome screen = cli({"screen", "--species", "both", "--criterion", "min"});
+  ASSERT_EQ(screen.status, 0) << screen.err;
+  EXPECT_FALSE(fs::exists(m_root / "Report.txt"));
+  const std::vector<std::string> rows = lines(screen.out);
+  const size_t substances = lines(cli({"substances"}).out).size();
+  ASSERT_EQ(rows.size(), 1 + 2 * substances);
+  EXPECT_EQ(rows[0],
+            "Number\tSubstance\tSpecies\tCriterion\tBurden (mg/kg feed DM)\tAbove 0.1\t"
+            "Independent check\tTrue optimum");
+  for (size_t k = 1; k < rows.size(); ++k) {
+    const std::vector<std::string> row = cells(rows[k]);
+    ASSERT_EQ(row.size(), 8u) << rows[k];
+    const std::vector<std::string> options = {"--substance-number",
+                                              row[0],
+                                              "--all",
+                                              "--species",
+                                              row[2] == "Common carp" ? "carp" : "trout",
+                                              "--criterion",
+                                              "min"};
+    std::vector<std::string> args = {"verify"};
+    args.insert(args.end(), options.begin(), options.end());
+    const std::vector<std::string> verified = lines(cli(args).out);
+    ASSERT_EQ(verified.size(), 2u) << rows[k];
+    EXPECT_EQ(verified[0],
+              "Minimum content dietary burden based on " + row[1] + " is " + row[4] + " mg/kg.");
+    EXPECT_EQ(row[5], std::stod(row[4]) > 0.1 ? "yes" : "no") << rows[k];
+    EXPECT_EQ(verified[1].rfind("Independent check: " + row[6], 0), 0u) << verified[1];
+  }
+
+  const Outcome scenarios = cli({"screen", "--scenarios", "--species", "trout"});
+  ASSERT_EQ(scenarios.status, 0) << scenarios.err;
+  const std::vector<std::string> runs = lines(scenarios.out);
+  ASSERT_EQ(runs.size(), 1 + kRuns * substances);
+  for (size_t s = 0; s < substances; ++s) {
+    const std::string number = std::to_string(s + 1);
+    const std::vector<std::string> swept =
+        lines(cli({"sweep", "--substance-number", number, "--all", "--species", "trout"}).out);
+    const std::vector<std::string> verdicts = lines(
+        cli({"verify", "--scenarios", "--substance-number", number, "--all", "--species", "trout"})
+            .out);
+    ASSERT_EQ(swept.size(), kRuns);
+    ASSERT_EQ(verdicts.size(), kRuns);
+    for (size_t run = 0; run < kRuns; ++run) {
+      const std::vector<std::string> row = cells(runs[1 + s * kRuns + run]);
+      ASSERT_EQ(row.size(), 9u);
+      EXPECT_EQ(row[0], number);
+      EXPECT_EQ(row[4], std::to_string(run + 1));
+      const std::string burden = cells(swept[run]).at(2);
+      EXPECT_EQ(row[5], burden == "-" ? kNotSolvable : burden) << swept[run];
+      EXPECT_EQ(row[7], cells(verdicts[run]).at(1)) << verdicts[run];
+    }
+  }
+}
+
+TEST_F(CliScreenTest, ScreenTakesTheOptionsOfTheRunsItMakes) {
+  const Outcome csv = cli({"--decimal", ",", "screen", "--format", "csv", "--no-mrbd"});
+  ASSERT_EQ(csv.status, 0) << csv.err;
+  // The burden's decimal comma is quoted; the number of runs is said on stderr.
+  EXPECT_TRUE(std::regex_search(lines(csv.out).at(1), std::regex(R"(,"\d+,\d{3}",(yes|no),)")))
+      << csv.out;
+  EXPECT_EQ(csv.err, "Screening 5 substances: 5 runs\n");
+  for (const std::vector<std::string>& bad :
+       {std::vector<std::string>{"screen", "--substance", m_substance},
+        {"screen", "--all"},
+        {"screen", "--format", "xml"},
+        {"screen", "--scenarios", "--no-pc"},
+        {"screen", "--fishmeal", "9"},
+        {"optimize", "--substance", m_substance, "--all", "--species", "both"},
+        {"optimize", "--substance", m_substance, "--all", "--format", "csv"}}) {
+    const Outcome refused = cli(bad);
+    EXPECT_EQ(refused.status, 2) << bad.back();
+    EXPECT_EQ(refused.err.rfind("pescavo-cli: ", 0), 0u) << refused.err;
+    EXPECT_TRUE(refused.out.empty());
+  }
+}
+
+// Ctrl+C during a long screening: the runner stops, prints the rows done and says so.
+TEST_F(CliScreenTest, CtrlCStopsAScreeningWithTheRowsDone) {
+  ComponentTable table;
+  for (int s = 1; s <= 300; ++s) table.addSubstance("Substance " + std::to_string(s));
+  for (int i = 1; i <= 150; ++i) {
+    const int c = table.addComponent({"Forages/Fodders", "Crop " + std::to_string(i), "feed", "",
+                                      10.0 + i % 40, 1.0 + i % 20, 90, 40, 40});
+    for (int s = 1; s <= 300; ++s) table.setResidue(s, c, (i * s) % 17 * 0.01 + 0.01);
+  }
+  writeComponentTable(table, input() + "/feedstuff.tab", '.');
+  int out[2], err[2];
+  ASSERT_EQ(::pipe(out), 0);
+  ASSERT_EQ(::pipe(err), 0);
+  const pid_t child = ::fork();
+  ASSERT_GE(child, 0);
+  if (child == 0) {
+    ::dup2(out[1], 1);
+    ::dup2(err[1], 2);
+    ::close(out[0]);
+    ::close(err[0]);
+    const std::string folder = input();
+    ::execl(PESCAVO_CLI, PESCAVO_CLI, "--input", folder.c_str(), "screen", "--scenarios",
+            static_cast<char*>(nullptr));
+    ::_exit(127);
+  }
+  ::close(out[1]);
+  ::close(err[1]);
+  // The runner says how many runs it makes once Ctrl+C is in its hands.
+  std::string said;
+  char c = 0;
+  while (said.find('\n') == std::string::npos && ::read(err[0], &c, 1) == 1) said += c;
+  EXPECT_EQ(said, "Screening 300 substances: 4800 runs\n");
+  ::kill(child, SIGINT);
+  std::string printed, rest;
+  char buffer[4096];
+  for (ssize_t n; (n = ::read(out[0], buffer, sizeof buffer)) > 0;) printed.append(buffer, n);
+  for (ssize_t n; (n = ::read(err[0], buffer, sizeof buffer)) > 0;) rest.append(buffer, n);
+  int status = 0;
+  ASSERT_EQ(::waitpid(child, &status, 0), child);
+  ASSERT_TRUE(WIFEXITED(status)) << "ended by signal " << WTERMSIG(status);
+  EXPECT_EQ(WEXITSTATUS(status), 130);
+  const std::vector<std::string> rows = lines(printed);
+  ASSERT_FALSE(rows.empty());
+  EXPECT_EQ(rows[0].rfind("Number\tSubstance\t", 0), 0u);
+  EXPECT_LT(rows.size(), 4801u);
+  for (size_t k = 1; k < rows.size(); ++k) EXPECT_EQ(cells(rows[k]).size(), 9u) << rows[k];
+  EXPECT_EQ(rest, "Stopped after " + std::to_string(rows.size() - 1) + " of 4800 runs.\n");
+}
+
+}  // namespace
+}  // namespace pescavo
