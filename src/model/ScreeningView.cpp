@@ -1,6 +1,7 @@
 #include "model/ScreeningView.h"
 
 #include <algorithm>
+#include <cstdlib>
 
 #include "model/MainWindowModel.h"
 
@@ -8,38 +9,67 @@ namespace pescavo {
 
 namespace {
 
-enum class Kind { Count, Text, Burden };
-
 // Without scenarios the columns after the criterion move one to the left.
 int logical(int column, bool scenarios) { return !scenarios && column >= 4 ? column + 1 : column; }
 
-constexpr int kNumber = 0, kScenario = 4, kBurden = 5, kTrueOptimum = 8;
-constexpr int kVerdict = 7;
+enum Column {
+  kNumber,
+  kName,
+  kSpecies,
+  kCriterion,
+  kScenario,
+  kBurden,
+  kAbove,
+  kVerdict,
+  kTrueOptimum
+};
 
-Kind kindOf(int column, bool scenarios) {
-  switch (logical(column, scenarios)) {
+// A figure cell's value, with either decimal separator; nothing for an empty cell.
+std::optional<double> figure(const std::string& cell) {
+  if (cell.empty()) return std::nullopt;
+  std::string text = cell;
+  std::replace(text.begin(), text.end(), ',', '.');
+  return std::strtod(text.c_str(), nullptr);
+}
+
+// Refused runs, then those below the limit, then those above: as the cells read.
+int aboveKey(const ScreeningRow& row) { return row.stop == RunStop::None ? int(row.above) : -1; }
+
+bool less(const ScreeningRow& a, const ScreeningRow& b, int column) {
+  switch (column) {
     case kNumber:
+      return a.substance < b.substance;
+    case kName:
+      return a.name < b.name;
+    case kSpecies:
+      return a.species < b.species;
+    case kCriterion:
+      return a.criterion < b.criterion;
     case kScenario:
-      return Kind::Count;
+      return a.scenario < b.scenario;
     case kBurden:
-      return Kind::Burden;
+      return a.stop == RunStop::None ? a.burden < b.burden : a.refusal < b.refusal;
+    case kAbove:
+      return aboveKey(a) < aboveKey(b);
+    case kVerdict:
+      return a.verdictCell < b.verdictCell;
     default:
-      return Kind::Text;
+      return figure(a.trueOptimumCell) < figure(b.trueOptimumCell);
   }
 }
 
-const std::string& textKey(const ScreeningRow& row, int column, bool scenarios) {
-  static const std::string kNone;
-  switch (logical(column, scenarios)) {
-    case 1:
-      return row.name;
-    case kVerdict:
-      return row.verdictCell;
-    case kTrueOptimum:
-      return row.trueOptimumCell;
-    default:
-      return kNone;
+// A run without the figure a column ranks by goes after the figures either way.
+std::optional<bool> figureFirst(const ScreeningRow& a, const ScreeningRow& b, int column) {
+  bool hasA = true, hasB = true;
+  if (column == kBurden) {
+    hasA = a.stop == RunStop::None;
+    hasB = b.stop == RunStop::None;
+  } else if (column == kTrueOptimum) {
+    hasA = !a.trueOptimumCell.empty();
+    hasB = !b.trueOptimumCell.empty();
   }
+  if (hasA == hasB) return std::nullopt;
+  return hasA;
 }
 
 }  // namespace
@@ -87,35 +117,12 @@ std::vector<int> screeningOrder(const std::vector<ScreeningRow>& rows, int colum
                                 bool scenarios) {
   std::vector<int> order(rows.size());
   for (std::size_t i = 0; i < rows.size(); ++i) order[i] = static_cast<int>(i);
-  const Kind kind = kindOf(column, scenarios);
   const int c = logical(column, scenarios);
-  // Refused runs, then those below the limit, then those above: as the cells read.
-  const auto above = [](const ScreeningRow& row) {
-    return row.stop == RunStop::None ? int(row.above) : -1;
-  };
-  const auto less = [&](const ScreeningRow& a, const ScreeningRow& b) {
-    switch (kind) {
-      case Kind::Count:
-        return c == kNumber ? a.substance < b.substance : a.scenario < b.scenario;
-      case Kind::Burden:
-        return a.stop == RunStop::None ? a.burden < b.burden : a.refusal < b.refusal;
-      case Kind::Text:
-        break;
-    }
-    if (c == 6) return above(a) < above(b);
-    if (c == 2) return a.species < b.species;
-    if (c == 3) return a.criterion < b.criterion;
-    return textKey(a, column, scenarios) < textKey(b, column, scenarios);
-  };
   std::stable_sort(order.begin(), order.end(), [&](int left, int right) {
     const ScreeningRow& a = rows[static_cast<std::size_t>(left)];
     const ScreeningRow& b = rows[static_cast<std::size_t>(right)];
-    // A refusal has no burden to rank: it goes after the burdens either way.
-    if (kind == Kind::Burden) {
-      const bool resultA = a.stop == RunStop::None, resultB = b.stop == RunStop::None;
-      if (resultA != resultB) return resultA;
-    }
-    return descending ? less(b, a) : less(a, b);
+    if (const std::optional<bool> first = figureFirst(a, b, c)) return *first;
+    return descending ? less(b, a, c) : less(a, b, c);
   });
   return order;
 }

@@ -58,6 +58,14 @@ TEST(ScreeningOrderTest, AboveColumnSortsRefusedThenNoThenYes) {
   EXPECT_EQ(substances(rows, screeningOrder(rows, 5, true, false)), (std::vector<int>{1, 3, 2}));
 }
 
+TEST(ScreeningOrderTest, TrueOptimaSortByValueThoseWithoutLast) {
+  std::vector<ScreeningRow> rows = {run(1, 1), run(2, 1), run(3, 1)};
+  rows[0].trueOptimumCell = "10,250";  // a decimal comma reads as well
+  rows[2].trueOptimumCell = "9.500";
+  EXPECT_EQ(substances(rows, screeningOrder(rows, 7, false, false)), (std::vector<int>{3, 1, 2}));
+  EXPECT_EQ(substances(rows, screeningOrder(rows, 7, true, false)), (std::vector<int>{1, 3, 2}));
+}
+
 TEST(ScreeningStyleTest, RowsAboveTheLimitAreRedAndDisputedRunsMarkedAsInTheScenarioTable) {
   const Rgb red{255, 0, 0};
   const ScreeningCellStyle plain = screeningCellStyle(run(1, 0.1), 4, false);
