@@ -34,6 +34,7 @@ class SilentDialogs : public DesktopDialogs {
   std::string clipboardText() override { return {}; }
   void setClipboardImage(const QImage&) override {}
   bool openWithDesktop(const std::string&) override { return true; }
+  std::string saveFileName(const std::string&, const std::string&) override { return {}; }
   std::vector<std::string> messages;
 };
 

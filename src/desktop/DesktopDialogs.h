@@ -24,6 +24,9 @@ class DesktopDialogs : public Dialogs {
   // Opens a file with the desktop's handler for its type (the text editor for .txt, the help
   // viewer for .chm); false when nothing could open it.
   virtual bool openWithDesktop(const std::string& path) = 0;
+  // The save dialog: the file chosen, proposed first, of the type filter ("CSV files (*.csv)");
+  // empty when the user cancels.
+  virtual std::string saveFileName(const std::string& proposed, const std::string& filter) = 0;
 };
 
 }  // namespace pescavo

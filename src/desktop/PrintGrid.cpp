@@ -118,7 +118,7 @@ class PagePainter {
     if (background.isValid()) m_painter.fillRect(rect, background);
     m_painter.setPen(QPen(Qt::darkGray, m_scale));
     m_painter.drawRect(rect);
-    m_painter.setPen(Qt::black);
+    m_painter.setPen(cell.foreground.isValid() ? cell.foreground : QColor(Qt::black));
     const double padding = 2 * m_scale;
     m_painter.drawText(rect.adjusted(padding, 0, -padding, 0),
                        int(cell.alignment) | Qt::TextWordWrap, cell.text);

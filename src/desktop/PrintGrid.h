@@ -15,6 +15,7 @@ struct PrintCell {
   QString text;
   Qt::Alignment alignment = Qt::AlignLeft | Qt::AlignVCenter;
   QColor background;  // invalid: none
+  QColor foreground;  // invalid: black
 };
 
 // A grid to print. Widths and heights are in the screen's device-independent pixels (96 to the

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QDesktopServices>
+#include <QFileDialog>
 #include <QImage>
 #include <QMessageBox>
 #include <QPrintDialog>
@@ -51,6 +52,12 @@ void QtDialogs::setClipboardImage(const QImage& image) {
 
 bool QtDialogs::openWithDesktop(const std::string& path) {
   return QDesktopServices::openUrl(QUrl::fromLocalFile(QString::fromStdString(path)));
+}
+
+std::string QtDialogs::saveFileName(const std::string& proposed, const std::string& filter) {
+  return QFileDialog::getSaveFileName(parent(), kTitle, QString::fromStdString(proposed),
+                                      QString::fromStdString(filter))
+      .toStdString();
 }
 
 }  // namespace pescavo

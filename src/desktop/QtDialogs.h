@@ -19,6 +19,7 @@ class QtDialogs : public DesktopDialogs {
   std::string clipboardText() override;
   void setClipboardImage(const QImage& image) override;
   bool openWithDesktop(const std::string& path) override;
+  std::string saveFileName(const std::string& proposed, const std::string& filter) override;
 
  private:
   QWidget* parent() const;

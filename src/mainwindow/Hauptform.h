@@ -20,6 +20,7 @@ namespace pescavo {
 
 class DesktopDialogs;
 class Report;
+class ScreeningWindow;
 class Dialog;
 class HelpWindow;
 class Ueber;
@@ -100,6 +101,13 @@ class Hauptform : public QMainWindow {
   void buildAllOptionsEntry(QMenu* program);
   void allOptions_Toggled(bool on);
   QAction* m_allOptions = nullptr;
+
+  // HauptformMenus.cpp: "Screen all substances", one window at a time.
+  void buildScreeningEntry(QMenu* program);
+  void showScreeningEntry();
+  void screening_Click();
+  QAction* m_screeningEntry = nullptr;
+  QPointer<ScreeningWindow> m_screening;
 
   // HauptformMenus.cpp
   void save_Click();

@@ -192,6 +192,7 @@ void Hauptform::buildMenus() {
   connect(item(program, "exit", "e&xit", QKeySequence("Ctrl+E")), &QAction::triggered, this,
           &Hauptform::exit_Click);
   buildAllOptionsEntry(program);
+  buildScreeningEntry(program);
   QMenu* edit = menuBar()->addMenu("&Edit");
   edit->setObjectName(controlName(C::MenuEdit));
   connect(item(edit, "MenuFischfutter", "&Feed components"), &QAction::triggered, this,
@@ -281,6 +282,7 @@ void Hauptform::applyLayout() {
     if (!caption.isEmpty() && state.accessibleName.empty())
       widget->setAccessibleName(withoutAccelerator(state.caption));
   }
+  showScreeningEntry();
   auto* chosenCaption = control<QLabel>(C::Label1);
   QPalette palette = chosenCaption->palette();
   palette.setColor(QPalette::WindowText,

@@ -1,10 +1,14 @@
+#include <QAction>
 #include <QFileInfo>
+#include <QMenu>
 
 #include "desktop/DesktopDialogs.h"
 #include "mainwindow/Dialog.h"
 #include "mainwindow/Hauptform.h"
 #include "mainwindow/HelpWindow.h"
 #include "mainwindow/Ueber.h"
+#include "model/ScreeningView.h"
+#include "screening/ScreeningWindow.h"
 
 namespace pescavo {
 
@@ -76,6 +80,37 @@ void Hauptform::showAbout(bool modal) {
   }
   m_about->show();
   m_about->raise();
+}
+
+void Hauptform::buildScreeningEntry(QMenu* program) {
+  m_screeningEntry = program->addAction(QString::fromUtf8(kScreeningEntry));
+  m_screeningEntry->setObjectName("screening");
+  connect(m_screeningEntry, &QAction::triggered, this, &Hauptform::screening_Click);
+}
+
+void Hauptform::showScreeningEntry() {
+  m_screeningEntry->setVisible(screeningEntryShown(*m_model));
+}
+
+// The window screens a copy of the tables as they are now; a double click brings its run back
+// here.
+void Hauptform::screening_Click() {
+  if (!m_screening) {
+    m_screening =
+        new ScreeningWindow(m_model->table(), m_model->speciesTable(), m_model->fishmealTable(),
+                            m_model->decimalSeparator(), screeningRequest(*m_model), m_dialogs,
+                            m_startFolder, this, cursorFile());
+    m_screening->setAttribute(Qt::WA_DeleteOnClose);
+    m_screening->onRunChosen = [this](const ScreeningRow& row) {
+      if (!selectScreeningRun(*m_model, row)) return;
+      showAll();
+      raise();
+      activateWindow();
+    };
+  }
+  m_screening->show();
+  m_screening->raise();
+  m_screening->activateWindow();
 }
 
 }  // namespace pescavo

@@ -35,4 +35,12 @@ bool ScriptedDialogs::openWithDesktop(const std::string& path) {
   return openSucceeds;
 }
 
+std::string ScriptedDialogs::saveFileName(const std::string& proposed, const std::string&) {
+  proposedNames.push_back(proposed);
+  if (saveNames.empty()) return {};
+  std::string name = saveNames.front();
+  saveNames.pop_front();
+  return name;
+}
+
 }  // namespace pescavo

@@ -23,6 +23,8 @@ class ScriptedDialogs : public DesktopDialogs {
   std::string clipboardText() override { return clipboard; }
   void setClipboardImage(const QImage& image) override { clipboardImage = image; }
   bool openWithDesktop(const std::string& path) override;
+  // The next scripted file name; none left: cancelled.
+  std::string saveFileName(const std::string& proposed, const std::string& filter) override;
 
   std::deque<bool> answers;
   std::vector<std::string> messages;                  // information texts in the order shown
@@ -34,6 +36,8 @@ class ScriptedDialogs : public DesktopDialogs {
   QImage clipboardImage;
   std::vector<std::string> opened;
   bool openSucceeds = true;  // false: no program of the desktop could open the file
+  std::deque<std::string> saveNames;
+  std::vector<std::string> proposedNames;  // what each save dialog proposed
 };
 
 }  // namespace pescavo

@@ -1,0 +1,188 @@
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <string>
+#include <vector>
+
+#include "model/MainWindowModel.h"
+#include "model/ScreeningView.h"
+#include "support/RecordingDialogs.h"
+
+namespace pescavo {
+namespace {
+
+// A run with a result, or refused when why is given.
+ScreeningRow run(int substance, double burden, CheckVerdict verdict = CheckVerdict::Agrees,
+                 const std::string& why = "") {
+  ScreeningRow row;
+  row.substance = substance;
+  row.burden = burden;
+  row.above = aboveBurdenLimit(burden);
+  row.checked = why.empty();
+  row.verdict = verdict;
+  if (!why.empty()) row.stop = RunStop::AllZero;
+  row.refusal = why;
+  return row;
+}
+ScreeningRow refused(int substance, const std::string& why) {
+  return run(substance, 0, CheckVerdict::CouldNotRun, why);
+}
+
+std::vector<int> substances(const std::vector<ScreeningRow>& rows, const std::vector<int>& order) {
+  std::vector<int> numbers;
+  for (int i : order) numbers.push_back(rows[static_cast<std::size_t>(i)].substance);
+  return numbers;
+}
+
+// Columns without scenarios: number, name, species, criterion, burden, above, check, optimum.
+TEST(ScreeningOrderTest, NumbersAndBurdensSortByValueRefusalsLastAndTiesKeepTheirOrder) {
+  const std::vector<ScreeningRow> rows = {run(10, 0.2), refused(2, "zero"), run(9, 10.0),
+                                          run(1, 0.05), run(3, 0.2),        refused(4, "a")};
+  EXPECT_EQ(substances(rows, screeningOrder(rows, 0, false, false)),
+            (std::vector<int>{1, 2, 3, 4, 9, 10}));
+  // "10.000" would come before "0.200" by its characters.
+  EXPECT_EQ(substances(rows, screeningOrder(rows, 4, false, false)),
+            (std::vector<int>{1, 10, 3, 9, 4, 2}));
+  EXPECT_EQ(substances(rows, screeningOrder(rows, 4, true, false)),
+            (std::vector<int>{9, 10, 3, 1, 2, 4}));
+  // With scenarios the burden is one column further right, the scenario before it.
+  std::vector<ScreeningRow> runs = {run(1, 0.3), run(1, 0.1), run(1, 0.2)};
+  for (int s = 0; s < 3; ++s) runs[static_cast<std::size_t>(s)].scenario = 12 - 5 * s;
+  EXPECT_EQ(screeningOrder(runs, 4, false, true), (std::vector<int>{2, 1, 0}));
+  EXPECT_EQ(screeningOrder(runs, 5, false, true), (std::vector<int>{1, 2, 0}));
+}
+
+TEST(ScreeningOrderTest, AboveColumnSortsRefusedThenNoThenYes) {
+  const std::vector<ScreeningRow> rows = {run(1, 0.5), refused(2, "zero"), run(3, 0.01)};
+  EXPECT_EQ(substances(rows, screeningOrder(rows, 5, false, false)), (std::vector<int>{2, 3, 1}));
+  EXPECT_EQ(substances(rows, screeningOrder(rows, 5, true, false)), (std::vector<int>{1, 3, 2}));
+}
+
+TEST(ScreeningOrderTest, TrueOptimaSortByValueThoseWithoutLast) {
+  std::vector<ScreeningRow> rows = {run(1, 1), run(2, 1), run(3, 1)};
+  rows[0].trueOptimumCell = "10,250";  // a decimal comma reads as well
+  rows[2].trueOptimumCell = "9.500";
+  EXPECT_EQ(substances(rows, screeningOrder(rows, 7, false, false)), (std::vector<int>{3, 1, 2}));
+  EXPECT_EQ(substances(rows, screeningOrder(rows, 7, true, false)), (std::vector<int>{1, 3, 2}));
+}
+
+TEST(ScreeningStyleTest, RowsAboveTheLimitAreRedAndDisputedRunsMarkedAsInTheScenarioTable) {
+  const Rgb red{255, 0, 0};
+  const ScreeningCellStyle plain = screeningCellStyle(run(1, 0.1), 4, false);
+  EXPECT_FALSE(plain.text);
+  EXPECT_FALSE(plain.background);
+  for (int column : {0, 1, 4, 5})
+    EXPECT_EQ(screeningCellStyle(run(1, 0.1001), column, false).text, red);
+
+  const ScreeningRow differs = run(1, 0.5, CheckVerdict::Differs);
+  const RunMark mark = *scenarioRunMark(CheckVerdict::Differs, true);
+  for (int column = 0; column < 8; ++column) {
+    const ScreeningCellStyle style = screeningCellStyle(differs, column, false);
+    EXPECT_EQ(style.background, mark.background) << column;
+    // The check's two cells take the scenario table's text; the rest stays red.
+    EXPECT_EQ(style.text, column >= 6 ? mark.checkText : red) << column;
+    EXPECT_EQ(style.bold, column >= 6) << column;
+  }
+  EXPECT_FALSE(screeningCellStyle(differs, 6, true).bold);  // the scenario column moved it
+  EXPECT_TRUE(screeningCellStyle(differs, 7, true).bold);
+  // A refused run never reached the check: nothing to mark.
+  EXPECT_FALSE(screeningCellStyle(refused(1, "zero"), 0, false).background);
+  ScreeningRow notChecked = run(1, 0.01, CheckVerdict::CouldNotRun);
+  EXPECT_EQ(screeningCellStyle(notChecked, 0, false).background,
+            scenarioRunMark(CheckVerdict::CouldNotRun, true)->background);
+}
+
+// Three substances over five components that meet both species' targets; B has no residue.
+class ScreeningSelectTest : public ::testing::Test {
+ protected:
+  ScreeningSelectTest() : model(dialogs, '.') {}
+  void SetUp() override {
+    for (const char* name : {"A", "B", "C"}) table.addSubstance(name);
+    const FeedComponent components[] = {{"By-Products", "Wheat", "feed", "1", 13, 2, 88, 40, 30},
+                                        {"By-Products", "Soy", "feed", "2", 50, 2, 89, 35, 25},
+                                        {"Fat", "Oil", "oil", "3", 0, 99, 99, 10, 20},
+                                        {"By-Products", "Corn", "feed", "4", 9, 4, 88, 40, 20},
+                                        {"By-Products", "Target", "feed", "5", 38, 12, 90, 60, 60}};
+    for (const FeedComponent& c : components) table.addComponent(c);
+    for (int i = 1; i <= 5; ++i) {
+      table.setResidue(1, i, 0.02 * i);
+      table.setResidue(3, i, 0.3 / i);
+    }
+    model.setAllOptions(true);
+    model.load(table, species, fishmeal, false);
+  }
+  std::vector<ScreeningRow> screen(const ScreeningRequest& request) {
+    const std::atomic<bool> cancel{false};
+    return Screening(model.table(), species, fishmeal, '.').run(request, {}, cancel).rows;
+  }
+
+  ComponentTable table;
+  const std::vector<FishSpecies> species = {{"Common carp", 8, 35}, {"Rainbow trout", 15, 42}};
+  const std::vector<FishMealGrade> fishmeal = {{60, 12}, {62, 11}, {65, 10}, {68, 9}};
+  RecordingDialogs dialogs;
+  MainWindowModel model;
+};
+
+// "Optimize" after the double click makes the row's run again, whatever the window showed.
+TEST_F(ScreeningSelectTest, SelectedRunRepeatsAsASingleRun) {
+  ScreeningRequest request;
+  request.species = {0, 1};
+  request.criteria = {Criterion::Minimum};
+  request.scenarios = true;
+  request.base.fishmealGrade = 0;
+  const std::vector<ScreeningRow> rows = screen(request);
+  int repeated = 0;
+  for (const ScreeningRow& row : rows) {
+    if (row.stop != RunStop::None || (row.scenario % 5 != 3 && row.scenario != 16)) continue;
+    model.selectSubstance(1);  // elsewhere, with other options, before the double click
+    model.options().setSpeciesOption(row.species == 0 ? Species::RainbowTrout
+                                                      : Species::CommonCarp);
+    model.options().setPseudoComponents({!row.options.pseudo.pc, true, false});
+    ASSERT_TRUE(selectScreeningRun(model, row));
+    EXPECT_EQ(model.substancePosition(), row.substance - 1);
+    EXPECT_EQ(model.selection().chosen().size(), model.selection().available().size());
+    model.Optimierung_Click();
+    ASSERT_TRUE(model.visible(ControlId::Ergebnis)) << row.name << " " << row.scenario;
+    const RunOptions& took = model.lastRun().options();
+    EXPECT_EQ(took.criterion, row.options.criterion);
+    EXPECT_EQ(took.species, row.options.species);
+    EXPECT_EQ(took.fishmealGrade, row.options.fishmealGrade);
+    EXPECT_EQ(took.mrbd, row.options.mrbd);
+    EXPECT_EQ(took.pseudo.pc, row.options.pseudo.pc);
+    EXPECT_EQ(took.pseudo.f, row.options.pseudo.f);
+    EXPECT_EQ(model.lastRun().result().burden, row.burden) << row.name << " " << row.scenario;
+    ++repeated;
+  }
+  EXPECT_GE(repeated, 12);  // of A and C, both species, scenarios 3, 8, 13 and 16
+  EXPECT_TRUE(dialogs.messages.empty());
+}
+
+TEST_F(ScreeningSelectTest, AChangedSubstanceListRefusesTheRun) {
+  const std::vector<ScreeningRow> rows = screen(ScreeningRequest());
+  ASSERT_EQ(rows.size(), 3u);
+  model.Add_Click();  // editing: the main window has no place for a run now
+  EXPECT_FALSE(selectScreeningRun(model, rows[2]));
+  EXPECT_TRUE(dialogs.messages.empty());
+  model.Abbrechen_Click();
+
+  model.selectSubstance(0);
+  model.Loeschen_Click();  // A goes; C moves up to place 2
+  ASSERT_EQ(model.table().substanceCount(), 2);
+  EXPECT_FALSE(selectScreeningRun(model, rows[2]));
+  EXPECT_EQ(dialogs.messages, std::vector<std::string>{kScreeningListChanged});
+}
+
+TEST_F(ScreeningSelectTest, EntryGoesWithTheEditMenu) {
+  EXPECT_TRUE(screeningEntryShown(model));
+  model.Add_Click();
+  EXPECT_FALSE(screeningEntryShown(model));
+  model.Abbrechen_Click();
+  model.setAllOptions(false);
+  EXPECT_FALSE(screeningEntryShown(model));
+  model.setAllOptions(true);
+  model.load(table, species, fishmeal, true);
+  EXPECT_FALSE(screeningEntryShown(model));  // the simple layout stays as it is
+}
+
+}  // namespace
+}  // namespace pescavo

@@ -1,0 +1,278 @@
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QElapsedTimer>
+#include <QHeaderView>
+#include <QLabel>
+#include <QListWidget>
+#include <QProcess>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSettings>
+#include <QSignalSpy>
+#include <QTableView>
+#include <QTest>
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+#include "ScriptedDialogs.h"
+#include "desktop/Styles.h"
+#include "mainwindow/HauptformFixture.h"
+#include "model/AllOptionsLayout.h"
+#include "model/ScreeningView.h"
+#include "screening/ScreeningPrint.h"
+#include "screening/ScreeningTable.h"
+#include "screening/ScreeningWindow.h"
+#include "tables/ComponentTable.h"
+#include "tables/FishTables.h"
+
+namespace pescavo {
+namespace {
+
+const std::string kSample = PESCAVO_SAMPLE_INPUT;
+
+// As many substances as a table may hold, each with residues on a third of 300 components:
+// with scenarios far more work than a test waits for.
+ComponentTable largeTable() {
+  ComponentTable table;
+  for (int s = 1; s <= ComponentTable::kMaxSubstances; ++s)
+    table.addSubstance("Substance " + std::to_string(s));
+  for (int i = 1; i <= 300; ++i) {
+    table.addComponent({"By-Products", "Crop " + std::to_string(i), "feed", "4-00", 5.0 + (i % 60),
+                        1 + (i % 20) * 0.5, 85 + (i % 10) * 0.5, 5.0 * (1 + i % 8),
+                        2.5 * (1 + i % 8)});
+    for (int s = 1; s <= ComponentTable::kMaxSubstances; ++s)
+      if ((i * 7 + s * 3) % 3 == 0) table.setResidue(s, i, ((i + s) % 997) * 0.001 + 0.005);
+  }
+  return table;
+}
+
+class ScreeningWindowTest : public ::testing::Test {
+ protected:
+  std::unique_ptr<ScreeningWindow> open(const ComponentTable& table, bool scenarios) {
+    ScreeningRequest request;
+    request.scenarios = scenarios;
+    auto window = std::make_unique<ScreeningWindow>(table, species, fishmeal, '.', request, dialogs,
+                                                    folder.string());
+    spy = std::make_unique<QSignalSpy>(window.get(), &ScreeningWindow::finished);
+    window->show();
+    return window;
+  }
+  template <typename T = QWidget>
+  static T* child(QWidget& window, const char* name) {
+    T* widget = window.findChild<T*>(name);
+    EXPECT_NE(widget, nullptr) << name;
+    return widget;
+  }
+  static void click(QWidget& window, const char* name) {
+    QTest::mouseClick(child<QPushButton>(window, name), Qt::LeftButton);
+  }
+  static void clickHeader(QTableView* view, int column) {
+    QHeaderView* header = view->horizontalHeader();
+    const QPoint at(header->sectionViewportPosition(column) + header->sectionSize(column) / 2,
+                    header->height() / 2);
+    QTest::mouseClick(header->viewport(), Qt::LeftButton, {}, at);
+  }
+  static QString cell(QTableView* view, int row, int column) {
+    return view->model()->index(row, column).data().toString();
+  }
+  // Waits until the workers have made some runs; the window's timer must get its turn meanwhile.
+  static void waitForProgress(QWidget& window) {
+    auto* progress = child<QProgressBar>(window, "Progress");
+    QTRY_VERIFY_WITH_TIMEOUT(progress->value() > 0, 20000);
+    EXPECT_LT(progress->value(), progress->maximum());
+  }
+  void TearDown() override { std::filesystem::remove_all(folder); }
+
+  const std::vector<FishSpecies> species = readSpeciesTable(kSample + "/Species.tab");
+  const std::vector<FishMealGrade> fishmeal = readFishmealTable(kSample + "/Fishmeal.tab");
+  const ComponentTable sample = readComponentTable(kSample + "/feedstuff.tab");
+  const std::filesystem::path folder = [] {
+    auto path = std::filesystem::temp_directory_path() / "pescavo-screening-window";
+    std::filesystem::create_directories(path);
+    return path;
+  }();
+  ScriptedDialogs dialogs;
+  std::unique_ptr<QSignalSpy> spy;
+};
+
+TEST_F(ScreeningWindowTest, CancelStopsTheScreeningWithinASecondAndShowsTheRowsDone) {
+  const auto window = open(largeTable(), true);
+  waitForProgress(*window);
+  EXPECT_FALSE(child(*window, "Copy")->isEnabled());
+
+  QElapsedTimer clock;
+  clock.start();
+  click(*window, "Cancel");
+  ASSERT_TRUE(spy->count() == 1 || spy->wait(1000));
+  EXPECT_LT(clock.elapsed(), 1000);
+  EXPECT_FALSE(window->running());
+
+  auto* view = child<QTableView>(*window, "ScreeningGrid");
+  const int total = ComponentTable::kMaxSubstances * 16;
+  EXPECT_GT(view->model()->rowCount(), 0);
+  EXPECT_LT(view->model()->rowCount(), total);
+  EXPECT_EQ(cell(view, 0, 0), "1");  // the rows done, from the first substance on
+  const QString counts = QString("%1 of %2 runs").arg(view->model()->rowCount()).arg(total);
+  EXPECT_EQ(child<QLabel>(*window, "Status")->text(), "Cancelled after " + counts);
+  EXPECT_TRUE(child(*window, "Copy")->isEnabled());
+}
+
+TEST_F(ScreeningWindowTest, ClosingWhileScreeningStopsTheWorkers) {
+  const auto window = open(largeTable(), true);
+  waitForProgress(*window);
+  QElapsedTimer clock;
+  clock.start();
+  window->close();
+  EXPECT_FALSE(window->running());
+  EXPECT_LT(clock.elapsed(), 1000);
+}
+
+TEST_F(ScreeningWindowTest, HeaderClicksSortAndTheOutputsFollowTheOrderShown) {
+  const auto window = open(sample, true);
+  ASSERT_TRUE(spy->wait(20000));
+  auto* view = child<QTableView>(*window, "ScreeningGrid");
+  const int rows = view->model()->rowCount();
+  ASSERT_EQ(rows, sample.substanceCount() * 16);
+  EXPECT_EQ(child<QLabel>(*window, "Status")->text(), QString("%1 runs screened").arg(rows));
+
+  clickHeader(view, 5);  // the burden, largest first on the second click
+  clickHeader(view, 5);
+  const QString largest = cell(view, 0, 5);
+  for (int r = 1; r < rows && !cell(view, r, 6).isEmpty(); ++r)
+    EXPECT_GE(largest.toDouble(), cell(view, r, 5).toDouble()) << r;
+  // Above the limit in red, as the core says, on screen; below it in the view's own colour.
+  ASSERT_EQ(cell(view, 0, 6), "yes");
+  EXPECT_EQ(view->model()->index(0, 1).data(Qt::ForegroundRole).value<QBrush>().color(),
+            QColor(255, 0, 0));
+  EXPECT_FALSE(view->model()->index(rows - 1, 1).data(Qt::ForegroundRole).isValid());
+
+  // Copied, saved and printed in the order shown.
+  click(*window, "Copy");
+  QStringList shown;
+  for (int c = 0; c < view->model()->columnCount(); ++c) shown << cell(view, 0, c);
+  const std::size_t second = dialogs.clipboard.find('\n') + 1;
+  EXPECT_EQ(dialogs.clipboard.substr(second, dialogs.clipboard.find('\n', second) - second),
+            shown.join('\t').toStdString());
+  click(*window, "Save");  // cancelled: nothing written
+  EXPECT_EQ(dialogs.proposedNames,
+            std::vector<std::string>{(folder / kScreeningFileName).string()});
+  dialogs.saveNames = {(folder / "chosen.csv").string()};
+  click(*window, "Save");
+  std::ifstream csv(folder / "chosen.csv");
+  const std::string text(std::istreambuf_iterator<char>(csv), {});
+  EXPECT_EQ(text.substr(0, text.find('\n') + 1), screeningHeaderLine(true, ScreeningFormat::Csv));
+  EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), rows + 1);
+  dialogs.printPdf = (folder / "screening.pdf").string();
+  click(*window, "Print");
+  EXPECT_GT(std::filesystem::file_size(dialogs.printPdf), 1000u);
+}
+
+// The window's rows are those of the command-line runner, figure for figure, for the choices
+// it shows.
+TEST_F(ScreeningWindowTest, RowsAreThoseOfTheCommandLineForTheChoicesShown) {
+  const auto cli = [](const QStringList& arguments) {
+    QProcess process;
+    process.setWorkingDirectory(QString::fromStdString(kSample + "/.."));
+    process.start(PESCAVO_CLI, QStringList{"screen"} + arguments);
+    EXPECT_TRUE(process.waitForFinished(20000));
+    return process.readAllStandardOutput().toStdString();
+  };
+  const auto window = open(sample, true);
+  ASSERT_TRUE(spy->wait(20000));
+  click(*window, "Copy");
+  EXPECT_EQ(dialogs.clipboard, cli({"--scenarios"}));
+  EXPECT_EQ(std::count(dialogs.clipboard.begin(), dialogs.clipboard.end(), '\n'),
+            1 + sample.substanceCount() * 16);
+
+  child<QComboBox>(*window, "SpeciesChoice")->setCurrentIndex(2);  // both
+  child<QComboBox>(*window, "CriterionChoice")->setCurrentIndex(1);
+  child<QCheckBox>(*window, "Scenarios")->setChecked(false);
+  click(*window, "Start");
+  ASSERT_TRUE(spy->wait(20000));
+  click(*window, "Copy");
+  EXPECT_EQ(dialogs.clipboard, cli({"--species", "both", "--criterion", "min"}));
+}
+
+// On paper nothing is cut: the columns fit the page, a long refusal wraps in a taller row, and
+// the cells keep the colours they have on screen.
+TEST_F(ScreeningWindowTest, PrintedTableFitsThePageAndKeepsTheColours) {
+  std::vector<ScreeningRow> rows(3);
+  for (ScreeningRow& row : rows) row.name = "Substance with a name of some length";
+  rows[0].above = rows[0].checked = true;
+  rows[0].verdict = CheckVerdict::Agrees;
+  rows[1].stop = RunStop::NotSolvable;
+  rows[1].burdenCell = rows[1].refusal = FeedRun::kNotSolvable;
+  rows[2].checked = true;
+  rows[2].verdict = CheckVerdict::Differs;
+  ScreeningTable model(species, nullptr);
+  model.setRows(rows, false);
+  QTableView view;
+  view.setModel(&model);
+  for (double page : {2000.0, 700.0}) {
+    const PrintTable table = screeningPrintTable(model, view, page);
+    ASSERT_EQ(table.rows.size(), 4u);
+    int total = 0;
+    for (int width : table.widths) total += width;
+    EXPECT_LE(total, page);
+    const QFontMetrics metrics(table.font);
+    for (std::size_t r = 0; r < table.rows.size(); ++r)
+      for (std::size_t c = 0; c < table.widths.size(); ++c) {
+        const QRect room(0, 0, table.widths[c] - 4, 10000);
+        EXPECT_LE(metrics.boundingRect(room, Qt::TextWordWrap, table.rows[r][c].text).height(),
+                  table.heights[r])
+            << page << " " << r << " " << c;
+      }
+    EXPECT_EQ(table.heights[2] > table.heights[1], page < 1000) << page;
+  }
+  const PrintTable table = screeningPrintTable(model, view, 2000);
+  EXPECT_EQ(table.rows[1][1].foreground, QColor(255, 0, 0));
+  EXPECT_FALSE(table.rows[2][1].foreground.isValid());
+  EXPECT_EQ(table.rows[3][0].background,
+            qcolor(scenarioRunMark(CheckVerdict::Differs, true)->background));
+}
+
+// The main window's side: the menu entry and the double click.
+class ScreeningMainWindowTest : public HauptformTest {};
+
+TEST_F(ScreeningMainWindowTest, EntryOpensTheWindowAndADoubleClickSelectsTheRun) {
+  QSettings().setValue(kAllOptionsSetting, true);
+  ASSERT_TRUE(start());
+  QAction* entry = find<QAction>("screening");
+  EXPECT_TRUE(entry->isVisible());
+  EXPECT_EQ(entry->text().remove('&'), "Screen all substances");
+  entry->trigger();
+  auto* screening = find<ScreeningWindow>("Screening");
+  ASSERT_NE(screening, nullptr);
+  // The hand from the input folder over its buttons, as in every window.
+  QWidget* copy = screening->findChild<QWidget*>("Copy");
+  QEvent enter(QEvent::Enter);
+  QCoreApplication::sendEvent(copy, &enter);
+  EXPECT_EQ(copy->cursor().shape(), Qt::BitmapCursor);
+  QSignalSpy finished(screening, &ScreeningWindow::finished);
+  ASSERT_TRUE(finished.wait(20000));
+  auto* view = screening->findChild<QTableView*>("ScreeningGrid");
+  // The third substance, screened for carp at the maximum: the main window shows it so.
+  find<QRadioButton>("Option4")->click();  // trout, to see the run's species come back
+  const QRect third = view->visualRect(view->model()->index(2, 1));
+  // A double click is a press and release first, as from a mouse.
+  QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, third.center());
+  QTest::mouseDClick(view->viewport(), Qt::LeftButton, {}, third.center());
+  EXPECT_EQ(find<QListWidget>("Schadstoffliste")->currentRow(), 2);
+  EXPECT_EQ(items("Fischfutter2").size(), items("Fischfutter1").size());
+  EXPECT_TRUE(find<QRadioButton>("Option3")->isChecked());
+
+  entry->trigger();  // the same window comes to the front
+  EXPECT_EQ(window->findChildren<ScreeningWindow*>().size(), 1);
+  window->findChild<QAction*>("allOptions")->trigger();
+  EXPECT_FALSE(entry->isVisible());
+  QSettings().setValue(kAllOptionsSetting, false);
+}
+
+}  // namespace
+}  // namespace pescavo
