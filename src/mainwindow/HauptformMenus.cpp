@@ -96,10 +96,10 @@ void Hauptform::showScreeningEntry() {
 // here.
 void Hauptform::screening_Click() {
   if (!m_screening) {
-    m_screening =
-        new ScreeningWindow(m_model->table(), m_model->speciesTable(), m_model->fishmealTable(),
-                            m_model->decimalSeparator(), screeningRequest(*m_model), m_dialogs,
-                            m_startFolder, this, cursorFile());
+    m_screening = new ScreeningWindow(m_model->database().table(), m_model->runInput().species,
+                                      m_model->runInput().fishmeal, m_model->decimalSeparator(),
+                                      screeningRequest(*m_model), m_dialogs, m_startFolder, this,
+                                      cursorFile());
     m_screening->setAttribute(Qt::WA_DeleteOnClose);
     m_screening->onRunChosen = [this](const ScreeningRow& row) {
       if (!selectScreeningRun(*m_model, row)) return;

@@ -137,8 +137,8 @@ std::string screeningText(const std::vector<ScreeningRow>& rows, const std::vect
 }
 
 bool selectScreeningRun(MainWindowModel& model, const ScreeningRow& row) {
-  if (model.editor().editing()) return false;
-  const ComponentTable& table = model.table();
+  if (model.substances().editor().editing()) return false;
+  const ComponentTable& table = model.database().table();
   if (row.substance < 1 || row.substance > table.substanceCount() ||
       table.substanceName(row.substance) != row.name) {
     model.dialogs().information(kScreeningListChanged);

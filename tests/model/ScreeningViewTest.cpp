@@ -113,7 +113,7 @@ class ScreeningSelectTest : public ::testing::Test {
   }
   std::vector<ScreeningRow> screen(const ScreeningRequest& request) {
     const std::atomic<bool> cancel{false};
-    return Screening(model.table(), species, fishmeal, '.').run(request, {}, cancel).rows;
+    return Screening(model.database().table(), species, fishmeal, '.').run(request, {}, cancel).rows;
   }
 
   ComponentTable table;
@@ -160,23 +160,23 @@ TEST_F(ScreeningSelectTest, SelectedRunRepeatsAsASingleRun) {
 TEST_F(ScreeningSelectTest, AChangedSubstanceListRefusesTheRun) {
   const std::vector<ScreeningRow> rows = screen(ScreeningRequest());
   ASSERT_EQ(rows.size(), 3u);
-  model.Add_Click();  // editing: the main window has no place for a run now
+  model.substances().Add_Click();  // editing: the main window has no place for a run now
   EXPECT_FALSE(selectScreeningRun(model, rows[2]));
   EXPECT_TRUE(dialogs.messages.empty());
-  model.Abbrechen_Click();
+  model.substances().Abbrechen_Click();
 
   model.selectSubstance(0);
-  model.Loeschen_Click();  // A goes; C moves up to place 2
-  ASSERT_EQ(model.table().substanceCount(), 2);
+  model.substances().Loeschen_Click();  // A goes; C moves up to place 2
+  ASSERT_EQ(model.database().table().substanceCount(), 2);
   EXPECT_FALSE(selectScreeningRun(model, rows[2]));
   EXPECT_EQ(dialogs.messages, std::vector<std::string>{kScreeningListChanged});
 }
 
 TEST_F(ScreeningSelectTest, EntryGoesWithTheEditMenu) {
   EXPECT_TRUE(screeningEntryShown(model));
-  model.Add_Click();
+  model.substances().Add_Click();
   EXPECT_FALSE(screeningEntryShown(model));
-  model.Abbrechen_Click();
+  model.substances().Abbrechen_Click();
   model.setAllOptions(false);
   EXPECT_FALSE(screeningEntryShown(model));
   model.setAllOptions(true);
