@@ -9,6 +9,7 @@
 
 #include "model/MainWindowModel.h"
 #include "support/RecordingDialogs.h"
+#include "tables/NumericText.h"
 
 namespace pescavo {
 namespace {
@@ -45,14 +46,17 @@ class EditingTest : public ::testing::Test {
       out += model.database().table().substanceName(s) + ";";
     return out;
   }
-  std::string column5() const {
+  std::string column(int c) const {
     std::string out;
-    for (int r = 1; r < editor().grid().rowCount(); ++r) out += editor().grid().text(r, 5) + ";";
+    for (int r = 1; r < editor().grid().rowCount(); ++r) out += editor().grid().text(r, c) + ";";
     return out;
   }
-  std::string column4() const {
+  // Residue/basis of substance s of the model's table, component by component.
+  std::string stored(int s) const {
     std::string out;
-    for (int r = 1; r < editor().grid().rowCount(); ++r) out += editor().grid().text(r, 4) + ";";
+    for (int i = 1; i <= 5; ++i)
+      out += generalForm(model.database().table().residue(s, i), '.') + "/" +
+             std::to_string(model.database().table().basis(s, i)) + " ";
     return out;
   }
   // Substance s of the model's table has the residues and codes of substance from of `table`.
@@ -138,8 +142,8 @@ TEST_F(EditingTest, AddCancelAddStartsAFreshSubstance) {
   EXPECT_TRUE(editor().editing());
   EXPECT_FALSE(edit().editMode());
   EXPECT_EQ(editor().nameText(), "New substance");
-  EXPECT_EQ(column5(), "0;0;0;0;0;");
-  EXPECT_EQ(column4(), "STMR;STMR;STMR;STMR;STMR;");
+  EXPECT_EQ(column(5), "0;0;0;0;0;");
+  EXPECT_EQ(column(4), "STMR;STMR;STMR;STMR;STMR;");
   editor().setNameText("Typed");
   editor().setGridCursor(2, 4, 4);
   edit().ArtSchadstoffwertCombo_Click(1);
@@ -152,10 +156,10 @@ TEST_F(EditingTest, AddCancelAddStartsAFreshSubstance) {
 
   edit().Add_Click();
   EXPECT_EQ(editor().nameText(), "New substance");
-  EXPECT_EQ(column5(), "0;0;0;0;0;");
-  EXPECT_EQ(column4(), "STMR;STMR;STMR;STMR;STMR;");
+  EXPECT_EQ(column(5), "0;0;0;0;0;");
+  EXPECT_EQ(column(4), "STMR;STMR;STMR;STMR;STMR;");
   ASSERT_TRUE(edit().leaveEditing());
-  for (int i = 1; i <= 5; ++i) EXPECT_EQ(model.database().table().basis(5, i), 0);
+  EXPECT_EQ(stored(5), "0/0 0/0 0/0 0/0 0/0 ");
 
   // A start-up in the middle of an edit leaves no edit behind.
   edit().Edit_Click();
@@ -170,8 +174,8 @@ TEST_F(EditingTest, EditTwoValuesThenDoneThenTheExitAsks) {
   edit().Schadstoffliste_DblClick();
   EXPECT_TRUE(edit().editMode());
   EXPECT_EQ(editor().nameText(), "Beta");
-  EXPECT_EQ(column5(), "2.1;2.2;0;2.4;2.5;");
-  EXPECT_EQ(column4(), "STMR-P;STMR;STMR-P;STMR;STMR-P;");
+  EXPECT_EQ(column(5), "2.1;2.2;0;2.4;2.5;");
+  EXPECT_EQ(column(4), "STMR-P;STMR;STMR-P;STMR;STMR-P;");
 
   openEditBox(2);
   EXPECT_EQ(editor().grid().editText(), "2.2");
@@ -191,11 +195,7 @@ TEST_F(EditingTest, EditTwoValuesThenDoneThenTheExitAsks) {
   EXPECT_EQ(model.layout().at(ControlId::Ende).caption, "Exit");
   EXPECT_EQ(names(), "Alpha;Beta (new);Gamma;Delta;");
   EXPECT_EQ(model.substancePosition(), 1);
-  const double expected[5] = {2.1, 1.5, 0, 3.5, 2.5};
-  for (int i = 1; i <= 5; ++i) {
-    EXPECT_EQ(model.database().table().residue(2, i), expected[i - 1]);
-    EXPECT_EQ(model.database().table().basis(2, i), table.basis(2, i));
-  }
+  EXPECT_EQ(stored(2), "2.1/1 1.5/0 0/1 3.5/0 2.5/1 ");
   expectSubstance(1, 1);
   expectSubstance(3, 3);
   EXPECT_EQ(model.selection().available().size(), 4u);
@@ -230,19 +230,14 @@ TEST_F(EditingTest, DoneAfterAddSelectsTheNewLastSubstance) {
   openEditBox(3);
   editor().EingabeSchadstoff_Paste("0.25\r\n1.5\r\n");
   EXPECT_FALSE(visible(C::EingabeSchadstoff));
-  EXPECT_EQ(column5(), "0;0;0.25;1.5;0;");
+  EXPECT_EQ(column(5), "0;0;0.25;1.5;0;");
   editor().setGridCursor(4, 4, 3);
   edit().ArtSchadstoffwertCombo_Click(1);
   ASSERT_TRUE(edit().leaveEditing());
   EXPECT_EQ(names(), "Alpha;Epsilon;");
   EXPECT_EQ(model.substancePosition(), 1);
   EXPECT_TRUE(model.enabled(ControlId::Loeschen));
-  const double residues[5] = {0, 0, 0.25, 1.5, 0};
-  const std::int16_t codes[5] = {0, 0, 1, 1, 0};
-  for (int i = 1; i <= 5; ++i) {
-    EXPECT_EQ(model.database().table().residue(2, i), residues[i - 1]);
-    EXPECT_EQ(model.database().table().basis(2, i), codes[i - 1]);
-  }
+  EXPECT_EQ(stored(2), "0/0 0/0 0.25/1 1.5/1 0/0 ");
   ASSERT_EQ(model.selection().available().size(), 2u);
   EXPECT_EQ(model.selection().available()[1].text, "Soybean (feed)");
   EXPECT_EQ(model.selection().available()[1].artSchadstoffwert, "1");
@@ -331,7 +326,7 @@ TEST_F(EditingTest, DecimalCommaLocaleStillEditsWithAPoint) {
   model.setDecimalSeparator(',');
   model.selectSubstance(2);
   edit().Edit_Click();
-  EXPECT_EQ(column5(), "12.5;0.30000000000000004;0.00001;0.3333333333333333;3.5;");
+  EXPECT_EQ(column(5), "12.5;0.30000000000000004;0.00001;0.3333333333333333;3.5;");
   ASSERT_TRUE(edit().leaveEditing());
   expectSubstance(3, 3);  // bit for bit
 
@@ -350,7 +345,7 @@ TEST_F(EditingTest, InPlaceEditorsAndTheFlag) {
   editor().setGridCursor(2, 4, 1);
   EXPECT_EQ(editor().schadstoffwerte_Click(), SubstanceEditing::GridEditor::BasisChooser);
   edit().ArtSchadstoffwertCombo_Click(1);
-  EXPECT_EQ(column4(), "STMR-P;STMR-P;STMR;STMR-P;STMR;");
+  EXPECT_EQ(column(4), "STMR-P;STMR-P;STMR;STMR-P;STMR;");
 
   editor().setGridCursor(1, 5, 2);
   EXPECT_EQ(edit().schadstoffwerte_KeyDown(ResidueGrid::kKeyC, true), "1.1\r\n1.2\r\n");
@@ -422,9 +417,7 @@ TEST_F(EditingTest, TypingWithoutEnterIsKept) {
   openEditBox(5);
   type("3.5");
   ASSERT_TRUE(edit().leaveEditing());  // "Done" with the box still open
-  EXPECT_EQ(model.database().table().residue(1, 2), 7);
-  EXPECT_EQ(model.database().table().residue(1, 4), 9);
-  EXPECT_EQ(model.database().table().residue(1, 5), 3.5);
+  EXPECT_EQ(stored(1), "1.1/0 7/1 1.3/0 9/1 3.5/0 ");
 
   edit().Edit_Click();  // Cancel still discards what was typed
   openEditBox(1);
