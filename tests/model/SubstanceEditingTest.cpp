@@ -5,6 +5,8 @@
 #include <deque>
 #include <filesystem>
 #include <string>
+#include <tuple>
+#include <utility>
 #include <vector>
 
 #include "model/MainWindowModel.h"
@@ -282,24 +284,27 @@ TEST_F(EditingTest, EditingLayoutAndBack) {
 }
 
 TEST_F(EditingTest, SimpleLayoutAfterDoneAndCancel) {
+  // The width, the left edges of "Exit" and the logo; where shown, the fish-meal chooser's top.
+  const auto placed = [this] {
+    const MainWindowLayout& l = model.layout();
+    return std::tuple(l.width(), l.at(C::Ende).left, l.at(C::Image1).left);
+  };
+  const std::tuple simple(MainWindowLayout::kSimpleWidth, 7000, 7840);
   load(true);
   EXPECT_EQ(model.layout().width(), MainWindowLayout::kSimpleWidth);
   edit().Edit_Click();
   // The editing controls need the full width; the fish-meal chooser hides with its caption.
-  EXPECT_EQ(model.layout().width(), MainWindowLayout::kFullWidth);
-  EXPECT_EQ(model.layout().at(ControlId::Ende).left, 15840);
-  EXPECT_EQ(model.layout().at(ControlId::Image1).left, 16680);
+  EXPECT_EQ(placed(), std::tuple(MainWindowLayout::kFullWidth, 15840, 16680));
   EXPECT_FALSE(visible(C::Fischmehl) || visible(C::FischmehlCaption));
   EXPECT_TRUE(visible(C::Abbrechen));
 
   ASSERT_FALSE(edit().Ende_Click());
-  EXPECT_EQ(model.layout().width(), MainWindowLayout::kSimpleWidth);
-  EXPECT_EQ(model.layout().at(ControlId::Ende).left, 7000);
-  EXPECT_EQ(model.layout().at(ControlId::Image1).left, 7840);
+  EXPECT_EQ(placed(), simple);
   EXPECT_EQ(model.layout().at(ControlId::Ende).caption, "Exit");
   EXPECT_TRUE(visible(C::Fischmehl) && visible(C::FischmehlCaption));
-  EXPECT_EQ(model.layout().at(ControlId::Fischmehl).top, 3600);
-  EXPECT_EQ(model.layout().at(ControlId::FischmehlCaption).top, 3250);
+  EXPECT_EQ(
+      std::pair(model.layout().at(C::Fischmehl).top, model.layout().at(C::FischmehlCaption).top),
+      std::pair(3600, 3250));
   EXPECT_EQ(model.options().fishmealGrade(), 1);
   for (ControlId name : {C::Fischfutter2, C::alle_rein, C::Rein, C::raus, C::Label31, C::Check1})
     EXPECT_FALSE(visible(name)) << controlName(name);
@@ -308,7 +313,7 @@ TEST_F(EditingTest, SimpleLayoutAfterDoneAndCancel) {
   load(true);
   edit().Add_Click();
   edit().Abbrechen_Click();
-  EXPECT_EQ(model.layout().width(), MainWindowLayout::kSimpleWidth);
+  EXPECT_EQ(placed(), simple);
   EXPECT_EQ(model.layout().at(ControlId::Fischmehl).top, 3600);
   EXPECT_FALSE(visible(C::Fischfutter2));
   EXPECT_EQ(model.options().fishmealGrade(), 1);
