@@ -251,9 +251,7 @@ TEST_F(ComponentEditorTest, EditingKeys) {
   editor.gridKeyPress('z');
   editor.gridKeyPress('{');
   EXPECT_EQ(editor.cell(1, 1), "Az");
-  editor.gridKeyPress(8);
-  editor.gridKeyPress(8);
-  editor.gridKeyPress(8);
+  for (int k = 0; k < 3; ++k) editor.gridKeyPress(8);
   EXPECT_EQ(editor.cell(1, 1), "");
 }
 
