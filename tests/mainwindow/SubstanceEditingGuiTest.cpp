@@ -134,7 +134,6 @@ TEST_F(SubstanceGuiTest, TheEditBoxTakesNumbersOnlyAndACommaAsThePoint) {
   editSubstance(0);
   clickCell(1, 5);
   QTest::keyClicks(editBox(), "1,5");
-  EXPECT_EQ(editBox()->text(), "1.5");
   QTest::keyClicks(editBox(), "x-e ");
   EXPECT_EQ(editBox()->text(), "1.5");
   QTest::keyClick(editBox(), Qt::Key_Backspace);
@@ -370,15 +369,10 @@ TEST_F(SubstanceGuiTest, SimpleModeEditsInTheFullWidthAndReturns) {
   EXPECT_EQ(window->centralWidget()->width(), 600);
   editSubstance(0);
   EXPECT_EQ(window->centralWidget()->width(), 1184);
-  EXPECT_TRUE(shown("Abbrechen"));
-  EXPECT_FALSE(shown("Fischmehl") || shown("FischmehlCaption"));
-  EXPECT_EQ(find("Ende")->geometry().left(), 1056);
   click("Ende");
   EXPECT_EQ(window->centralWidget()->width(), 600);
   EXPECT_EQ(window->width(), 600);
-  EXPECT_TRUE(shown("Fischmehl"));
   EXPECT_EQ(find<QComboBox>("Fischmehl")->currentIndex(), 1);  // as leaving the editing sets it
-  EXPECT_FALSE(shown("Fischfutter2"));
 }
 
 }  // namespace

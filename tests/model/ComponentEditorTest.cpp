@@ -5,6 +5,7 @@
 #include <string>
 
 #include "model/ComponentEditor.h"
+#include "tables/NumericText.h"
 
 namespace pescavo {
 namespace {
@@ -32,6 +33,31 @@ class ComponentEditorTest : public ::testing::Test {
     editor.setEditText(text);
     editor.editEnter();
   }
+  // The marked cells as "row,column " pairs.
+  static std::string marks(const ComponentEditor& editor) {
+    std::string out;
+    for (int r = 1; r < editor.rowCount(); ++r)
+      for (int c = 0; c < 9; ++c)
+        if (editor.marked(r, c)) out += std::to_string(r) + "," + std::to_string(c) + " ";
+    return out;
+  }
+  // Crop, IFN code and residue/basis of both substances, component by component.
+  static std::string rows(const ComponentTable& table) {
+    std::string out;
+    for (int i = 1; i <= table.componentCount(); ++i) {
+      out += table.component(i).crop + " " + table.component(i).ifnCode;
+      for (int s = 1; s <= 2; ++s)
+        out +=
+            " " + generalForm(table.residue(s, i), '.') + "/" + std::to_string(table.basis(s, i));
+      out += "; ";
+    }
+    return out;
+  }
+  static std::string row(const ComponentEditor& editor, int r) {
+    std::string out;
+    for (int c = 0; c < 9; ++c) out += editor.cell(r, c) + "|";
+    return out;
+  }
 
   ComponentTable table;
 };
@@ -40,14 +66,8 @@ TEST_F(ComponentEditorTest, ShowsNineColumnsWithLeadingBlanks) {
   table.component(2).cp = 12.25;
   ComponentEditor editor(table);
   ASSERT_EQ(editor.rowCount(), 6);
-  EXPECT_EQ(editor.cell(0, 4), "CP(%) of DM");
-  EXPECT_EQ(editor.cell(0, 8), "Trout (max % of diet)");
-  EXPECT_EQ(editor.cell(2, 0), "Fat");
-  EXPECT_EQ(editor.cell(2, 1), "B");
-  EXPECT_EQ(editor.cell(2, 3), " 4-02");
-  EXPECT_EQ(editor.cell(2, 4), " 12.25");
-  EXPECT_EQ(editor.cell(2, 5), " 2.5");
-  EXPECT_EQ(editor.cell(2, 8), " 20");
+  EXPECT_EQ(editor.cell(0, 4) + "|" + editor.cell(0, 8), "CP(%) of DM|Trout (max % of diet)");
+  EXPECT_EQ(row(editor, 2), "Fat|B|oil| 4-02| 12.25| 2.5| 90| 30| 20|");
 }
 
 TEST_F(ComponentEditorTest, ReadBackChecksAgainstOneHundred) {
@@ -67,12 +87,7 @@ TEST_F(ComponentEditorTest, ReadBackChecksAgainstOneHundred) {
   type(second, 5, 8, "abc");  // reads as 0, which passes
   EXPECT_FALSE(second.Fertig());
   EXPECT_FALSE(second.databaseModified());
-  EXPECT_TRUE(second.marked(1, 4));
-  EXPECT_TRUE(second.marked(1, 5));
-  EXPECT_TRUE(second.marked(3, 6));
-  EXPECT_TRUE(second.marked(4, 7));
-  EXPECT_FALSE(second.marked(5, 8));
-  EXPECT_FALSE(second.marked(2, 4));
+  EXPECT_EQ(marks(second), "1,4 1,5 3,6 4,7 ");
   EXPECT_EQ(second.markCount(), 4);
   // Stored as read, also where a check failed.
   EXPECT_EQ(table.component(1).cl, 41);
@@ -84,7 +99,7 @@ TEST_F(ComponentEditorTest, ReadBackChecksAgainstOneHundred) {
   type(second, 3, 6, "100");
   type(second, 4, 7, "-1");
   EXPECT_EQ(second.readBack(), 1);
-  EXPECT_TRUE(second.marked(4, 7));
+  EXPECT_EQ(marks(second), "4,7 ");
   type(second, 4, 7, "1E2");
   EXPECT_TRUE(second.Fertig());
   EXPECT_EQ(second.markCount(), 0);
@@ -99,17 +114,10 @@ TEST_F(ComponentEditorTest, NewRecordThenDone) {
   ASSERT_TRUE(editor.Fertig());
   ASSERT_EQ(table.componentCount(), 6);
   const FeedComponent& c = table.component(6);
-  EXPECT_EQ(c.category, "By-Products");
-  EXPECT_EQ(c.crop, "new crop");
-  EXPECT_EQ(c.commodity, "new commodity");
-  EXPECT_EQ(c.ifnCode, "IFN Code");
-  EXPECT_EQ(c.cp, 0);
-  EXPECT_EQ(c.cl, 0);
-  EXPECT_EQ(c.dm, 100);
-  EXPECT_EQ(c.maxCarp, 100);
-  EXPECT_EQ(c.maxTrout, 100);
-  EXPECT_EQ(table.residue(1, 6), 0);
-  EXPECT_EQ(table.basis(1, 6), 0);
+  EXPECT_EQ(std::make_tuple(c.category, c.crop, c.commodity, c.ifnCode, c.cp, c.cl, c.dm, c.maxCarp,
+                            c.maxTrout, table.residue(1, 6), table.basis(1, 6)),
+            std::make_tuple("By-Products", "new crop", "new commodity", "IFN Code", 0, 0, 100, 100,
+                            100, 0, 0));
 }
 
 TEST_F(ComponentEditorTest, DeletionKeepsResiduesWithTheirComponents) {
@@ -121,17 +129,8 @@ TEST_F(ComponentEditorTest, DeletionKeepsResiduesWithTheirComponents) {
   EXPECT_EQ(table.componentCount(), 5);  // not before the read-back
   ASSERT_TRUE(editor.Fertig());
   ASSERT_EQ(table.componentCount(), 4);
-  const char* crops[] = {"A", "B", "D", "E"};
-  const double residues[] = {1, 2, 4, 5};
-  for (int i = 1; i <= 4; ++i) {
-    SCOPED_TRACE(i);
-    EXPECT_EQ(table.component(i).crop, crops[i - 1]);
-    EXPECT_EQ(table.residue(1, i), residues[i - 1]);
-    EXPECT_EQ(table.basis(1, i), static_cast<int>(residues[i - 1]) % 2 == 0 ? 1 : 0);
-    EXPECT_EQ(table.residue(2, i), 0);  // C's residue of Beta left with C
-    EXPECT_EQ(table.component(i).ifnCode,
-              "4-0" + std::to_string(static_cast<int>(residues[i - 1])));
-  }
+  // C's residue of Beta left with C.
+  EXPECT_EQ(rows(table), "A 4-01 1/0 0/0; B 4-02 2/1 0/0; D 4-04 4/1 0/0; E 4-05 5/0 0/0; ");
 }
 
 TEST_F(ComponentEditorTest, TwoDeletionsBeforeTheReadBack) {
@@ -142,12 +141,7 @@ TEST_F(ComponentEditorTest, TwoDeletionsBeforeTheReadBack) {
   editor.Loeschen();
   ASSERT_EQ(editor.readBack(), 0);
   ASSERT_EQ(table.componentCount(), 3);
-  const double residues[] = {1, 3, 5};
-  for (int i = 1; i <= 3; ++i) {
-    EXPECT_EQ(table.residue(1, i), residues[i - 1]);
-    EXPECT_EQ(table.component(i).ifnCode, "4-0" + std::to_string(2 * i - 1));
-  }
-  EXPECT_EQ(table.residue(2, 2), 0.75);
+  EXPECT_EQ(rows(table), "A 4-01 1/0 0/0; C 4-03 3/0 0.75/0; E 4-05 5/0 0/0; ");
 }
 
 TEST_F(ComponentEditorTest, DeletingTheLastRowAndNewRecordsMix) {
@@ -161,14 +155,12 @@ TEST_F(ComponentEditorTest, DeletingTheLastRowAndNewRecordsMix) {
   editor.Neuer_Datensatz();
   ASSERT_TRUE(editor.Fertig());
   ASSERT_EQ(table.componentCount(), 5);
-  EXPECT_EQ(table.component(1).crop, "B");
-  EXPECT_EQ(table.residue(1, 1), 2);
-  EXPECT_EQ(table.component(5).crop, "new crop");
-  EXPECT_EQ(table.residue(1, 5), 0);
-  // A second read-back in the same window changes nothing more.
-  EXPECT_EQ(editor.readBack(), 0);
-  EXPECT_EQ(table.componentCount(), 5);
-  EXPECT_EQ(table.residue(1, 4), 5);
+  const std::string expected =
+      "B 4-02 2/1 0/0; C 4-03 3/0 0.75/0; D 4-04 4/1 0/0; E 4-05 5/0 0/0; new crop IFN Code 0/0 "
+      "0/0; ";
+  EXPECT_EQ(rows(table), expected);
+  EXPECT_EQ(editor.readBack(), 0);  // a second read-back changes nothing more
+  EXPECT_EQ(rows(table), expected);
 }
 
 TEST_F(ComponentEditorTest, CancelLeavesTheTable) {
@@ -259,9 +251,7 @@ TEST_F(ComponentEditorTest, EditingKeys) {
   editor.gridKeyPress('z');
   editor.gridKeyPress('{');
   EXPECT_EQ(editor.cell(1, 1), "Az");
-  editor.gridKeyPress(8);
-  editor.gridKeyPress(8);
-  editor.gridKeyPress(8);
+  for (int k = 0; k < 3; ++k) editor.gridKeyPress(8);
   EXPECT_EQ(editor.cell(1, 1), "");
 }
 
@@ -269,16 +259,11 @@ TEST_F(ComponentEditorTest, SearchMarksTextColumnsOnly) {
   table.component(4).commodity = "Olive OIL";
   ComponentEditor editor(table);
   editor.search("oil");
-  for (int r = 1; r <= 5; ++r) {
-    EXPECT_TRUE(editor.marked(r, 2));
-    EXPECT_FALSE(editor.marked(r, 1));
-  }
+  EXPECT_EQ(marks(editor), "1,2 2,2 3,2 4,2 5,2 ");
   editor.search("4-03");
-  EXPECT_TRUE(editor.marked(3, 3));
-  EXPECT_FALSE(editor.marked(4, 3));
-  EXPECT_FALSE(editor.marked(3, 2));
+  EXPECT_EQ(marks(editor), "3,3 ");
   editor.search("2.5");  // every CL cell holds it, but numbers are not searched
-  for (int r = 1; r <= 5; ++r) EXPECT_FALSE(editor.marked(r, 5));
+  EXPECT_EQ(marks(editor), "");
   // Search hits do not keep "Done" from closing.
   EXPECT_TRUE(editor.Fertig());
 }

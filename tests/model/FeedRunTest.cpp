@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "model/FeedRun.h"
@@ -54,13 +55,10 @@ TEST_F(FeedRunTest, LadenBuildsTheProgrammeFromTheLists) {
   EXPECT_EQ(p.ifnCode[2], "IFN-Rape");
   const double pseudo[3][2] = {{8, 70}, {0.1, 0.1}, {100, 0}};  // PC of grade 4, CC, F
   const VariableKind kinds[3] = {VariableKind::PC, VariableKind::CC, VariableKind::F};
-  for (int k = 0; k < 3; ++k) {
-    EXPECT_EQ(p.lipid[3 + k], pseudo[k][0]);
-    EXPECT_EQ(p.protein[3 + k], pseudo[k][1]);
-    EXPECT_EQ(p.residue[3 + k], 0);
-    EXPECT_EQ(p.maxInclusion[3 + k], 100);
-    EXPECT_EQ(p.kind[3 + k], kinds[k]);
-  }
+  for (int k = 0; k < 3; ++k)
+    EXPECT_EQ(std::tuple(p.lipid[3 + k], p.protein[3 + k], p.residue[3 + k], p.maxInclusion[3 + k],
+                         p.kind[3 + k]),
+              std::tuple(pseudo[k][0], pseudo[k][1], 0.0, 100.0, kinds[k]));
   EXPECT_EQ(p.name, (std::vector<std::string>{"Wheat (feed)", "Soybean (feed)", "Rape (feed)", "PC",
                                               "CC", "F"}));
   EXPECT_EQ(p.kind[0], VariableKind::Component);
@@ -185,16 +183,13 @@ TEST_F(FeedRunTest, ReportValuesComeFromTheMatchedEntryAndTheRunsOptions) {
   ReportValues values;
   run.fillReportValues(input(), "Example A", values);
   ASSERT_EQ(values.components.size(), 1u);
-  EXPECT_EQ(values.components[0].category, "Second");
-  EXPECT_EQ(values.components[0].basisLabel, "STMR-P");
-  EXPECT_EQ(values.components[0].storedResidue, 0.25);
-  EXPECT_EQ(values.components[0].maxInclusion, 90);
-  EXPECT_EQ(values.speciesName, "Rainbow trout");
-  EXPECT_EQ(values.criterionText, "Minimum content");
-  EXPECT_EQ(values.fishmealProtein, 68);
   ASSERT_EQ(values.pseudos.size(), 1u);
-  EXPECT_EQ(values.pseudos[0].kind, VariableKind::PC);
-  EXPECT_EQ(values.substance, "Example A");
+  const ReportComponent& c = values.components[0];
+  EXPECT_EQ(std::make_tuple(c.category, c.basisLabel, c.storedResidue, c.maxInclusion,
+                            values.speciesName, values.criterionText, values.fishmealProtein,
+                            values.pseudos[0].kind, values.substance),
+            std::make_tuple("Second", "STMR-P", 0.25, 90, "Rainbow trout", "Minimum content", 68,
+                            VariableKind::PC, "Example A"));
 }
 
 }  // namespace

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -46,36 +48,24 @@ struct Step {
   View view;
 };
 
+const std::map<char, std::function<void(ReportViewState&)>>& events() {
+  static const std::map<char, std::function<void(ReportViewState&)>> kEvents = {
+      {'l', [](ReportViewState& s) { s.load(); }},
+      {'o', [](ReportViewState& s) { s.openSingle(); }},
+      {'e', [](ReportViewState& s) { s.openSingle(true); }},
+      {'x', [](ReportViewState& s) { s.toggleExplanation(); }},
+      {'a', [](ReportViewState& s) { s.openAllScenarios(); }},
+      {'1', [](ReportViewState& s) { s.toggleTable(); }},
+      {'2', [](ReportViewState& s) { s.toggleChart(); }},
+      {'3', [](ReportViewState& s) { s.toggleFullReport(); }}};
+  return kEvents;
+}
+
 void play(Window window, const std::vector<Step>& steps) {
   ReportViewState state(window);
   for (std::size_t i = 0; i < steps.size(); ++i) {
     SCOPED_TRACE("step " + std::to_string(i) + " '" + steps[i].event + "'");
-    switch (steps[i].event) {
-      case 'l':
-        state.load();
-        break;
-      case 'o':
-        state.openSingle();
-        break;
-      case 'e':
-        state.openSingle(true);
-        break;
-      case 'x':
-        state.toggleExplanation();
-        break;
-      case 'a':
-        state.openAllScenarios();
-        break;
-      case '1':
-        state.toggleTable();
-        break;
-      case '2':
-        state.toggleChart();
-        break;
-      case '3':
-        state.toggleFullReport();
-        break;
-    }
+    events().at(steps[i].event)(state);
     EXPECT_EQ(shown(state), steps[i].controls);
     EXPECT_EQ(state.view(), steps[i].view);
   }

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cmath>
 #include <cstdint>
 #include <limits>
@@ -34,6 +35,13 @@ ComponentTable smallTable() {
 class GridTest : public ::testing::Test {
  protected:
   void SetUp() override { grid.startEditing(lade_Schadstoffwerte(table, 2), table, 2); }
+  // The rows marked in column c.
+  std::string marks(int c) const {
+    std::string rows;
+    for (int r = 0; r < grid.rowCount(); ++r)
+      if (grid.marked(r, c)) rows += std::to_string(r) + " ";
+    return rows;
+  }
   std::string column5() const {
     std::string texts;
     for (int r = 1; r < grid.rowCount(); ++r) texts += grid.text(r, 5) + ";";
@@ -53,26 +61,18 @@ TEST(EditBoxKeys, NumericFilterOnTextAndCaret) {
   EXPECT_EQ(key.caret, 3);
 
   // The comma's point goes to the end whatever the caret; the caret follows it.
-  key = ResidueGrid::filterEditKey("25", 0, ',');
-  EXPECT_EQ(key.text, "25.");
-  EXPECT_EQ(key.caret, 3);
-  key = ResidueGrid::filterEditKey("25", 1, '7');  // typed at the caret
-  EXPECT_EQ(key.text, "275");
-  EXPECT_EQ(key.caret, 2);
-  key = ResidueGrid::filterEditKey("275", 2, ResidueGrid::kBackspace);
-  EXPECT_EQ(key.text, "25");
-  EXPECT_EQ(key.caret, 1);
-
+  const auto after = [](const std::string& text, int caret, int typed) {
+    const EditBoxKey k = ResidueGrid::filterEditKey(text, caret, typed);
+    return k.text + " " + std::to_string(k.caret) + (k.taken ? "" : " dropped");
+  };
+  EXPECT_EQ(after("25", 0, ','), "25. 3");
+  EXPECT_EQ(after("25", 1, '7'), "275 2");  // typed at the caret
+  EXPECT_EQ(after("275", 2, ResidueGrid::kBackspace), "25 1");
   for (int dropped :
-       {int{'-'}, int{'+'}, int{'e'}, int{'E'}, int{' '}, int{'a'}, ResidueGrid::kEnter, 3, 22}) {
-    key = ResidueGrid::filterEditKey("1.2", 1, dropped);
-    EXPECT_FALSE(key.taken) << dropped;
-    EXPECT_EQ(key.text, "1.2");
-    EXPECT_EQ(key.caret, 1);
-  }
+       {int{'-'}, int{'+'}, int{'e'}, int{'E'}, int{' '}, int{'a'}, ResidueGrid::kEnter, 3, 22})
+    EXPECT_EQ(after("1.2", 1, dropped), "1.2 1 dropped") << dropped;
   // Several points can be typed; the stored number ends at the second.
-  key = ResidueGrid::filterEditKey("1.2", 3, '.');
-  EXPECT_EQ(key.text, "1.2.");
+  EXPECT_EQ(after("1.2", 3, '.'), "1.2. 4");
 }
 
 TEST_F(GridTest, TypedKeysReplaceTheEditBoxSelection) {
@@ -182,54 +182,43 @@ TEST_F(GridTest, KeysOnTheGridEditColumnFive) {
 }
 
 TEST_F(GridTest, SearchMarksCellsContainingTheTextInAnyCase) {
+  const auto all = [&] {
+    std::string cells;
+    for (int c = 0; c < 6; ++c) cells += marks(c) + "|";
+    return cells;
+  };
   grid.search("mAiZe");
-  const bool expected[5][4] = {{false, false, false, false},
-                               {false, true, false, false},
-                               {false, false, false, false},
-                               {false, true, false, false},
-                               {false, false, true, false}};
-  for (int r = 0; r <= 4; ++r) {
-    for (int c = 0; c < 6; ++c) EXPECT_EQ(grid.marked(r, c), c < 4 && expected[r][c]) << r << c;
-  }
+  EXPECT_EQ(all(), "|1 3 |4 ||||");
   grid.search("4-00-3");  // a new search clears the earlier marks
-  EXPECT_FALSE(grid.marked(1, 1));
-  EXPECT_TRUE(grid.marked(4, 3));
+  EXPECT_EQ(all(), "|||4 |||");
   grid.search("GRAINS/ CROP");
-  EXPECT_TRUE(grid.marked(1, 0) && grid.marked(2, 0));
-  EXPECT_FALSE(grid.marked(3, 0));
+  EXPECT_EQ(all(), "1 2 ||||||");
 
   // The search sees what the cells hold now, and Latin-1 capitals match their small letters.
   grid.setCursor(2, 2, 2);
   grid.setEditBox("Ölsaat ÉCORCE", 0, 0);
   grid.enterEditBox();
-  grid.search("écorce");
-  EXPECT_TRUE(grid.marked(2, 2));
-  grid.search("öl");
-  EXPECT_TRUE(grid.marked(2, 2));
-  grid.search("x");
-  EXPECT_FALSE(grid.marked(2, 2));
+  for (const char* text : {"écorce", "öl", "x"}) {
+    grid.search(text);
+    EXPECT_EQ(marks(2), *text == 'x' ? "" : "2 ") << text;
+  }
 
   grid.search("maize");
   grid.home();  // every start of editing clears them
-  EXPECT_FALSE(grid.marked(1, 1));
+  EXPECT_EQ(all(), "||||||");
 }
 
 TEST_F(GridTest, ValuesTheTableCannotHoldAreMarked) {
   grid.setCursor(1, 5, 1);
   grid.paste("1000000\r\n1000000.5\r\n1E999\r\n-1\r\n");
   EXPECT_EQ(grid.markUnstorableValues(), 2);
-  EXPECT_FALSE(grid.marked(1, 5));
-  EXPECT_TRUE(grid.marked(2, 5));
-  EXPECT_TRUE(grid.marked(3, 5));
-  EXPECT_FALSE(grid.marked(4, 5));  // negative: no value, as in the file
+  EXPECT_EQ(marks(5), "2 3 ");  // negative: no value, as in the file
   grid.paste("1\r\n2\r\n3\r\n");
   EXPECT_EQ(grid.markUnstorableValues(), 0);
-  EXPECT_FALSE(grid.marked(2, 5));
+  EXPECT_EQ(marks(5), "");
   // Non-numeric text stores its leading number.
   grid.paste("1.2.3\r\n5 % maybe\r\nabc\r\n");
-  EXPECT_EQ(grid.value(1), 1.2);
-  EXPECT_EQ(grid.value(2), 5);
-  EXPECT_EQ(grid.value(3), 0);
+  EXPECT_EQ((std::array{grid.value(1), grid.value(2), grid.value(3)}), (std::array{1.2, 5.0, 0.0}));
   // A pasted decimal comma is the value it shows, not the 0 before it.
   grid.paste("0,5\r\n");
   EXPECT_EQ(grid.value(1), 0.5);
@@ -248,10 +237,10 @@ TEST(BasisCopyTest, ReadsThroughUntilSetAndFreezesBeforeTheTableChanges) {
 
   copy.freeze(table);
   table.deleteSubstance(1);
-  EXPECT_EQ(copy.code(table, 1, 1), 0);  // substance 1 as copied, not the one moved there
-  EXPECT_EQ(copy.code(table, 2, 3), 0);
-  EXPECT_EQ(copy.code(table, 2, 4), 0);
-  EXPECT_EQ(copy.code(table, 2, 1), 1);
+  // Substance 1 as copied, not the one moved there.
+  EXPECT_EQ((std::array{copy.code(table, 1, 1), copy.code(table, 2, 1), copy.code(table, 2, 3),
+                        copy.code(table, 2, 4)}),
+            (std::array<std::int16_t, 4>{0, 1, 0, 0}));
   copy.copyAll();  // a new copy
   EXPECT_EQ(copy.code(table, 1, 1), 1);
 }

@@ -7,6 +7,7 @@
 #include <random>
 #include <string>
 #include <string_view>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -209,11 +210,10 @@ TEST(ScenarioSweep, LabelsAndPrintTitleAndTheDetailsCheck) {
   s.m.setDecimalSeparator(',');
   ASSERT_TRUE(Optimierung2_Click(s.m));
   const ReportLabels labels = reportLabels(s.m);
-  EXPECT_EQ(labels.substance, "Substance A");
-  EXPECT_EQ(labels.speciesName, "Common carp");
-  EXPECT_EQ(labels.speciesTargets, "(10,00% Lipid; 40,00% Protein)");
-  EXPECT_EQ(labels.printTitle,
-            "Pescavo - Substance: Substance A\tSpecies: Common carp(10,00% Lipid; 40,00% Protein)");
+  EXPECT_EQ(labels.substance + "|" + labels.speciesName + "|" + labels.speciesTargets + "|" +
+                labels.printTitle,
+            "Substance A|Common carp|(10,00% Lipid; 40,00% Protein)|Pescavo - Substance: "
+            "Substance A\tSpecies: Common carp(10,00% Lipid; 40,00% Protein)");
   const ScenarioDetails details = runScenarioDetails(s.m, 2);
   ASSERT_TRUE(details.shown);
   EXPECT_EQ(details.labels.printTitle, labels.printTitle);
@@ -233,15 +233,12 @@ TEST(ScenarioSweep, RunsWhereTheMethodErrsCarryTheVerdict) {
   m.report().reportFolder = folder.string();
   ASSERT_TRUE(Optimierung2_Click(m));
   const ReportState& report = m.report();
-  for (int run : {1, 2}) {
-    EXPECT_EQ(report.scenarioCells[run][2], "3.000");
-    EXPECT_EQ(report.scenarioChecks[run - 1].verdict, CheckVerdict::Differs);
-    EXPECT_EQ(report.scenarioVerdicts[run - 1], "differs");
-    EXPECT_EQ(report.scenarioTrueOptima[run - 1], "5.000");
-    EXPECT_EQ(report.scenarioVerdictTooltips[run - 1].rfind(
-                  "Differs from an independent LP solver: the true minimum is 5.000 mg/kg", 0),
-              0u);
-  }
+  for (int run : {1, 2})
+    EXPECT_EQ(std::tuple(report.scenarioCells[run][2], report.scenarioChecks[run - 1].verdict,
+                         report.scenarioVerdicts[run - 1], report.scenarioTrueOptima[run - 1],
+                         report.scenarioVerdictTooltips[run - 1].substr(0, 70)),
+              std::tuple("3.000", CheckVerdict::Differs, "differs", "5.000",
+                         "Differs from an independent LP solver: the true minimum is 5.000 mg/kg"));
   const ScenarioDetails details = runScenarioDetails(m, 0);
   EXPECT_EQ(details.verdict, CheckVerdict::Differs);
   EXPECT_EQ(details.checkSentence.rfind("Independent check: the true minimum is 5.000 mg/kg", 0),

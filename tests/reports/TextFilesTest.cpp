@@ -112,6 +112,17 @@ std::vector<Writer> writers() {
        [](const std::string& text) { return text; }}};
 }
 
+// The writer refuses with the report file's path and the system's reason.
+::testing::AssertionResult refuses(const Writer& w, const std::string& path, int reason,
+                                   const std::string& text = "text") {
+  const auto error = errorOf([&] { w.write(path, text); });
+  if (!error) return ::testing::AssertionFailure() << w.name << " wrote " << path;
+  if (error->file() != path || error->what() != message(path, reason))
+    return ::testing::AssertionFailure()
+           << w.name << ": " << error->file() << ": " << error->what();
+  return ::testing::AssertionSuccess();
+}
+
 TEST_F(TextFilesTest, WriteAllReplacesEveryByteOfTheOldFile) {
   const std::string path = file("Report.txt");
   put(path, std::string(5000, 'o') + "\r\n");
@@ -174,14 +185,8 @@ TEST_F(TextFilesTest, AReplacedFileKeepsItsModeAndANewOneFollowsTheUmask) {
 }
 
 TEST_F(TextFilesTest, AMissingFolderIsNamedByTheReportFile) {
-  for (const Writer& w : writers()) {
-    SCOPED_TRACE(w.name);
-    const std::string path = file(std::string("missing/") + w.file);
-    const auto error = errorOf([&] { w.write(path, "text"); });
-    ASSERT_TRUE(error.has_value());
-    EXPECT_EQ(error->file(), path);
-    EXPECT_EQ(std::string(error->what()), message(path, ENOENT));
-  }
+  for (const Writer& w : writers())
+    EXPECT_TRUE(refuses(w, file(std::string("missing/") + w.file), ENOENT));
   EXPECT_TRUE(names().empty());
 }
 
@@ -189,14 +194,10 @@ TEST_F(TextFilesTest, AMissingFolderIsNamedByTheReportFile) {
 TEST_F(TextFilesTest, AFolderInThePlaceOfTheReportIsLeftAloneWithNoTemporaryFile) {
   for (const Writer& w : writers()) {
     if (std::string(w.name) == "txt_AppendLine") continue;  // fails reading, before any write
-    SCOPED_TRACE(w.name);
     const std::string path = file(w.file);
     fs::create_directory(path);
-    const auto error = errorOf([&] { w.write(path, "text"); });
-    ASSERT_TRUE(error.has_value());
-    EXPECT_EQ(error->file(), path);
-    EXPECT_EQ(std::string(error->what()), message(path, EISDIR));
-    EXPECT_TRUE(fs::is_empty(path));
+    EXPECT_TRUE(refuses(w, path, EISDIR));
+    EXPECT_TRUE(fs::is_empty(path)) << w.name;
   }
   EXPECT_EQ(names(), (std::vector<std::string>{"Report.rtf", "Report.txt"}));
 }
@@ -213,14 +214,7 @@ TEST_F(TextFilesTest, AReadOnlyFolderKeepsTheOldReports) {
     GTEST_SKIP() << "folder permissions are not enforced for this user";
   }
 
-  for (const Writer& w : writers()) {
-    SCOPED_TRACE(w.name);
-    const std::string path = file(w.file);
-    const auto error = errorOf([&] { w.write(path, "new text"); });
-    ASSERT_TRUE(error.has_value());
-    EXPECT_EQ(error->file(), path);
-    EXPECT_EQ(std::string(error->what()), message(path, EACCES));
-  }
+  for (const Writer& w : writers()) EXPECT_TRUE(refuses(w, file(w.file), EACCES));
   EXPECT_EQ(bytes(txt), "old text\r\n");
   EXPECT_EQ(bytes(rtf), "{\\rtf1 old}");
   EXPECT_EQ(names(), (std::vector<std::string>{"Report.rtf", "Report.txt"}));
@@ -246,12 +240,8 @@ TEST_F(TextFilesTest, AFullDiskKeepsTheOldReportsAndLeavesNoTemporaryFile) {
     if (::setrlimit(RLIMIT_FSIZE, &small) != 0) ::_exit(100);
     int misbehaved = 0;
     const std::vector<Writer> all = writers();
-    for (std::size_t i = 0; i < all.size(); ++i) {
-      const std::string path = file(all[i].file);
-      const auto error = errorOf([&] { all[i].write(path, big); });
-      if (!error || error->file() != path || error->what() != message(path, EFBIG))
-        misbehaved |= 1 << i;
-    }
+    for (std::size_t i = 0; i < all.size(); ++i)
+      if (!refuses(all[i], file(all[i].file), EFBIG, big)) misbehaved |= 1 << i;
     ::_exit(misbehaved);
   }
 
