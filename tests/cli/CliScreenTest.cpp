@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "cli/Cli.h"
+#include "cli/CliFixture.h"
 #include "tables/ComponentTable.h"
 
 namespace fs = std::filesystem;
@@ -22,48 +23,7 @@ constexpr size_t kRuns = 16;  // of a sweep
 const char kNotSolvable[] = "The problem is not solvable. Add more or try different components.";
 
 // pescavo-cli screen over a private copy of the sample tables.
-class CliScreenTest : public ::testing::Test {
- protected:
-  struct Outcome {
-    int status;
-    std::string out;
-    std::string err;
-  };
-
-  void SetUp() override {
-    std::string folder = (fs::temp_directory_path() / "pescavo-screen-XXXXXX").string();
-    ASSERT_NE(::mkdtemp(folder.data()), nullptr);
-    m_root = folder;
-    fs::copy(PESCAVO_SAMPLE_INPUT, input());
-    m_substance = lines(cli({"substances"}).out).at(0);
-  }
-  void TearDown() override { fs::remove_all(m_root); }
-
-  std::string input() const { return (m_root / "Input").string(); }
-  Outcome cli(std::vector<std::string> args) const {
-    args.insert(args.begin(), {"--input", input(), "--report-folder", m_root.string()});
-    std::ostringstream out, err;
-    const int status = runCli(args, '.', out, err);
-    return {status, out.str(), err.str()};
-  }
-  static std::vector<std::string> lines(const std::string& text) {
-    std::vector<std::string> result;
-    std::istringstream in(text);
-    for (std::string line; std::getline(in, line);) result.push_back(line);
-    return result;
-  }
-
-  fs::path m_root;
-  std::string m_substance;
-};
-
-std::vector<std::string> cells(const std::string& line) {
-  std::vector<std::string> result;
-  std::istringstream in(line);
-  for (std::string cell; std::getline(in, cell, '\t');) result.push_back(cell);
-  if (!line.empty() && line.back() == '\t') result.emplace_back();
-  return result;
-}
+class CliScreenTest : public CliFixture {};
 
 // Every row of screen is what optimize and verify say of that substance and options, and with
 // --scenarios what sweep and verify --scenarios say of each run; screen writes no report.

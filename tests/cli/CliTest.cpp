@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "cli/Cli.h"
+#include "cli/CliFixture.h"
 #include "engine/LpWriter.h"
 #include "tables/ComponentTable.h"
 #include "tables/FishTables.h"
@@ -20,12 +21,6 @@ namespace fs = std::filesystem;
 
 namespace pescavo {
 namespace {
-
-struct Outcome {
-  int status;
-  std::string out;
-  std::string err;
-};
 
 std::string run(const std::string& command) {
   std::string output;
@@ -37,46 +32,12 @@ std::string run(const std::string& command) {
   return output;
 }
 
-std::vector<std::string> fields(const std::string& line) {
-  std::vector<std::string> cells;
-  std::istringstream in(line);
-  for (std::string cell; std::getline(in, cell, '\t');) cells.push_back(cell);
-  if (!line.empty() && line.back() == '\t') cells.push_back("");
-  return cells;
-}
-
-// Runs the command line over a private copy of the sample tables that a test may break.
-class CliTest : public ::testing::Test {
+class CliTest : public CliFixture {
  protected:
-  void SetUp() override {
-    std::string folder = (fs::temp_directory_path() / "pescavo-cli-XXXXXX").string();
-    ASSERT_NE(::mkdtemp(folder.data()), nullptr);
-    m_root = folder;
-    fs::copy(PESCAVO_SAMPLE_INPUT, input());
-    m_substance = lines(cli({"substances"}).out).at(0);
-  }
-  void TearDown() override { fs::remove_all(m_root); }
-
-  std::string input() const { return (m_root / "Input").string(); }
-  Outcome cli(std::vector<std::string> args) const {
-    args.insert(args.begin(), {"--input", input(), "--report-folder", m_root.string()});
-    std::ostringstream out, err;
-    const int status = runCli(args, '.', out, err);
-    return {status, out.str(), err.str()};
-  }
-  static std::vector<std::string> lines(const std::string& text) {
-    std::vector<std::string> result;
-    std::istringstream in(text);
-    for (std::string line; std::getline(in, line);) result.push_back(line);
-    return result;
-  }
   std::string readFile(const std::string& name) const {
     std::ifstream in(m_root / name, std::ios::binary);
     return std::string(std::istreambuf_iterator<char>(in), {});
   }
-
-  fs::path m_root;
-  std::string m_substance;
 };
 
 // Every table is read before any command runs: a refused one stops the command with exit code
@@ -288,7 +249,7 @@ TEST_F(CliTest, IndependentCheckAgreesOnTheSampleData) {
   ASSERT_EQ(rows.size(), 16u);
   for (size_t run = 0; run < rows.size(); ++run) {
     // "N, agrees, the reported burden, the same true optimum" ("-" and "not solvable").
-    const auto f = fields(rows[run]);
+    const auto f = cells(rows[run]);
     ASSERT_EQ(f.size(), 4u) << rows[run];
     EXPECT_EQ(f[0] + " " + f[1], std::to_string(run + 1) + " agrees");
     EXPECT_EQ(f[2] == "-" ? "not solvable" : f[2], f[3]) << rows[run];
@@ -339,11 +300,11 @@ TEST_F(CliTest, ExplainGivesTheRatesARerunConfirms) {
   const auto available = lines(cli({"components", "--substance", m_substance}).out);
   ASSERT_EQ(rows.size(), 4 + available.size());
   EXPECT_EQ(rows[0], "constraint\tbinding\tlimit\trate\tfrom\tto");
-  for (std::size_t r = 1; r < rows.size(); ++r) EXPECT_EQ(fields(rows[r]).size(), 6u) << rows[r];
-  EXPECT_EQ(fields(rows[1])[0] + fields(rows[2])[0] + fields(rows[3])[0], "lipidproteinsum");
+  for (std::size_t r = 1; r < rows.size(); ++r) EXPECT_EQ(cells(rows[r]).size(), 6u) << rows[r];
+  EXPECT_EQ(cells(rows[1])[0] + cells(rows[2])[0] + cells(rows[3])[0], "lipidproteinsum");
   tsvArgs.insert(tsvArgs.begin(), {"--decimal", ","});
-  const std::string commaRate = fields(lines(cli(tsvArgs).out).at(3))[3];
-  EXPECT_EQ(commaRate, std::regex_replace(fields(rows[3])[3], std::regex("\\."), ","));
+  const std::string commaRate = cells(lines(cli(tsvArgs).out).at(3))[3];
+  EXPECT_EQ(commaRate, std::regex_replace(cells(rows[3])[3], std::regex("\\."), ","));
 
   const Outcome text = cli(run);
   ASSERT_EQ(text.status, 0);
@@ -355,15 +316,15 @@ TEST_F(CliTest, ExplainGivesTheRatesARerunConfirms) {
   ComponentTable table = readComponentTable(path);
   int relaxed = 0;
   for (std::size_t r = 4; r < rows.size(); ++r) {
-    const auto cells = fields(rows[r]);
-    if (cells[1] != "yes" || std::stod(cells[5]) < std::stod(cells[2]) + 1) continue;
+    const auto row = cells(rows[r]);
+    if (row[1] != "yes" || std::stod(row[5]) < std::stod(row[2]) + 1) continue;
     for (int i = 1; i <= table.componentCount(); ++i) {
       FeedComponent& c = table.component(i);
-      if (c.crop + " (" + c.commodity + ")" != cells[0]) continue;
+      if (c.crop + " (" + c.commodity + ")" != row[0]) continue;
       c.maxCarp += 1;
       writeComponentTable(table, path, '.');
       const double after = burdenOf(lines(cli(run).out).at(0));
-      EXPECT_NEAR(after - before, std::stod(cells[3]), 0.001) << cells[0];
+      EXPECT_NEAR(after - before, std::stod(row[3]), 0.001) << row[0];
       c.maxCarp -= 1;
       ++relaxed;
     }

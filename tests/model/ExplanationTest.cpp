@@ -9,31 +9,21 @@
 
 #include "model/Explanation.h"
 #include "model/FeedRun.h"
+#include "support/HandMadeLists.h"
 
 namespace pescavo {
 namespace {
 
-class ExplanationTest : public ::testing::Test {
+class ExplanationTest : public HandMadeLists {
  protected:
   void add(const std::string& text, WorkingSetEntry entry) {
-    available.push_back({text, "feed", "Cereal", "0"});
-    working.push_back(std::move(entry));
+    addAvailable(text, "Cereal", std::move(entry));
     chosen = available;
-  }
-  RunInput input(char separator = '.') const {
-    return {species, fishmeal, available, working, chosen, 7, separator};
   }
   Explanation runAndExplain(const RunOptions& options = RunOptions()) {
     EXPECT_EQ(run.run(input(), options), RunStop::None);
     return explainRun(run);
   }
-
-  std::vector<FishSpecies> species = {{"Common carp", 8, 35}, {"Rainbow trout", 15, 42}};
-  std::vector<FishMealGrade> fishmeal = {{60, 12}, {62, 11}, {65, 10}, {68, 9}, {70, 8}};
-  std::vector<ListEntry> available;
-  std::vector<WorkingSetEntry> working;
-  std::vector<ListEntry> chosen;
-  FeedRun run;
 };
 
 // {lipid, protein, residue, carp, trout, dm, IFN}: a feed of the sample's kind with PC, CC, F.

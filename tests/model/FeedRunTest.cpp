@@ -5,23 +5,16 @@
 #include <vector>
 
 #include "model/FeedRun.h"
+#include "support/HandMadeLists.h"
 
 namespace pescavo {
 namespace {
 
-// Hand-made lists: what the component selection would hold for one substance.
-class FeedRunTest : public ::testing::Test {
+class FeedRunTest : public HandMadeLists {
  protected:
-  void addAvailable(const std::string& text, const std::string& category, WorkingSetEntry entry) {
-    available.push_back({text, "feed", category, "0"});
-    working.push_back(std::move(entry));
-  }
   void choose(std::initializer_list<int> positions) {
     chosen.clear();
     for (int p : positions) chosen.push_back(available.at(p));
-  }
-  RunInput input(char separator = '.') const {
-    return {species, fishmeal, available, working, chosen, 7, separator};
   }
   static RunOptions options(bool pc, bool cc, bool f, bool mrbd = true) {
     RunOptions o;
@@ -29,13 +22,6 @@ class FeedRunTest : public ::testing::Test {
     o.mrbd = mrbd;
     return o;
   }
-
-  std::vector<FishSpecies> species = {{"Common carp", 8, 35}, {"Rainbow trout", 15, 42}};
-  std::vector<FishMealGrade> fishmeal = {{60, 12}, {62, 11}, {65, 10}, {68, 9}, {70, 8}};
-  std::vector<ListEntry> available;
-  std::vector<WorkingSetEntry> working;
-  std::vector<ListEntry> chosen;
-  FeedRun run;
 };
 
 TEST_F(FeedRunTest, LadenBuildsTheProgrammeFromTheLists) {

@@ -113,7 +113,9 @@ class ScreeningSelectTest : public ::testing::Test {
   }
   std::vector<ScreeningRow> screen(const ScreeningRequest& request) {
     const std::atomic<bool> cancel{false};
-    return Screening(model.database().table(), species, fishmeal, '.').run(request, {}, cancel).rows;
+    return Screening(model.database().table(), species, fishmeal, '.')
+        .run(request, {}, cancel)
+        .rows;
   }
 
   ComponentTable table;
