@@ -1,6 +1,7 @@
 #pragma once
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <QAbstractButton>
 #include <QColor>
@@ -33,7 +34,8 @@ class HauptformTest : public ::testing::Test {
  protected:
   void SetUp() override {
     const std::string test = ::testing::UnitTest::GetInstance()->current_test_info()->name();
-    m_folder = std::filesystem::temp_directory_path() / ("pescavo-gui-" + test);
+    m_folder = std::filesystem::temp_directory_path() /
+               ("pescavo-gui-" + test + "-" + std::to_string(::getpid()));
     std::filesystem::remove_all(m_folder);
     std::filesystem::create_directories(m_folder);
     std::filesystem::copy(PESCAVO_SAMPLE_INPUT, input());

@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
@@ -19,7 +20,8 @@ class MainWindowFilesTest : public ::testing::Test {
   MainWindowFilesTest() : model(dialogs, '.') {}
   void SetUp() override {
     const std::string test = ::testing::UnitTest::GetInstance()->current_test_info()->name();
-    folder = std::filesystem::temp_directory_path() / ("pescavo-model-" + test);
+    folder = std::filesystem::temp_directory_path() /
+             ("pescavo-model-" + test + "-" + std::to_string(::getpid()));
     std::filesystem::remove_all(folder);
     std::filesystem::create_directories(folder);
     std::filesystem::copy(PESCAVO_SAMPLE_INPUT, folder / "Input");

@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
@@ -20,7 +21,8 @@ class SubstanceDatabaseTest : public ::testing::Test {
  protected:
   void SetUp() override {
     const std::string test = ::testing::UnitTest::GetInstance()->current_test_info()->name();
-    folder = std::filesystem::temp_directory_path() / ("pescavo-database-" + test);
+    folder = std::filesystem::temp_directory_path() /
+             ("pescavo-database-" + test + "-" + std::to_string(::getpid()));
     std::filesystem::remove_all(folder);
     std::filesystem::copy(PESCAVO_SAMPLE_INPUT, folder);
     database.read(folder.string());

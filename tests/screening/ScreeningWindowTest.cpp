@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <stdlib.h>
 
 #include <QAction>
 #include <QCheckBox>
@@ -19,6 +20,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <stdexcept>
 
 #include "ScriptedDialogs.h"
 #include "desktop/Styles.h"
@@ -93,9 +95,11 @@ class ScreeningWindowTest : public ::testing::Test {
   const std::vector<FishMealGrade> fishmeal = readFishmealTable(kSample + "/Fishmeal.tab");
   const ComponentTable sample = readComponentTable(kSample + "/feedstuff.tab");
   const std::filesystem::path folder = [] {
-    auto path = std::filesystem::temp_directory_path() / "pescavo-screening-window";
-    std::filesystem::create_directories(path);
-    return path;
+    // Its own folder: ctest runs the tests of this file side by side.
+    std::string path =
+        (std::filesystem::temp_directory_path() / "pescavo-screening-window-XXXXXX").string();
+    if (::mkdtemp(path.data()) == nullptr) throw std::runtime_error("no temporary folder");
+    return std::filesystem::path(path);
   }();
   ScriptedDialogs dialogs;
   std::unique_ptr<QSignalSpy> spy;
