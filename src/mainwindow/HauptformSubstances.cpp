@@ -45,6 +45,7 @@ void Hauptform::connectSubstanceEditing() {
   connect(substances, &QListWidget::itemDoubleClicked, this,
           [this] { substanceCommand(&SubstanceEditing::Schadstoffliste_DblClick); });
   auto* listKeys = new EventHook(
+      {QEvent::KeyPress},
       [this](QObject*, QEvent* event) { return Schadstoffliste_KeyDown(event); }, this);
   listKeys->watch(substances);
   const auto command = [this](ControlId name, void (SubstanceEditing::*operation)()) {
@@ -72,6 +73,8 @@ void Hauptform::connectSubstanceEditing() {
   box->setContextMenuPolicy(Qt::NoContextMenu);
   box->setAcceptDrops(false);
   auto* boxEvents = new EventHook(
+      {QEvent::KeyPress, QEvent::MouseButtonPress, QEvent::MouseButtonRelease,
+       QEvent::MouseButtonDblClick},
       [this](QObject*, QEvent* event) { return EingabeSchadstoff_Event(event); }, this);
   boxEvents->watch(box);
   connect(box, &QLineEdit::textEdited, this, &Hauptform::editBoxChanged);
@@ -97,6 +100,7 @@ void Hauptform::connectSubstanceEditing() {
   connect(control<QAbstractButton>(C::Go), &QAbstractButton::clicked, this, &Hauptform::Go_Click);
   auto* name = control<QLineEdit>(C::Schadstoffname);
   auto* nameClicks = new EventHook(
+      {QEvent::MouseButtonRelease},
       [name](QObject*, QEvent* event) {
         if (event->type() == QEvent::MouseButtonRelease && button(event) == Qt::LeftButton)
           name->selectAll();
@@ -219,8 +223,6 @@ void Hauptform::schadstoffwerte_Wheel(int rotation) {
   if (top) m_gridView->setTopRow(*top);
 }
 
-// Only key and mouse events reach the model: the others come also while the window is
-// being taken down.
 bool Hauptform::EingabeSchadstoff_Event(QEvent* event) {
   switch (event->type()) {
     case QEvent::KeyPress:

@@ -1,8 +1,11 @@
 #pragma once
 
+#include <QEvent>
 #include <QObject>
+#include <algorithm>
 #include <array>
 #include <functional>
+#include <initializer_list>
 #include <string>
 #include <vector>
 
@@ -20,18 +23,24 @@ namespace pescavo {
 // Escape 27, Delete 46, letters 65 to 90); 0 for a key without one.
 int virtualKey(const QKeyEvent& event);
 
-// Hands the events of the widgets it watches to a handler before they get them; the handler's
-// true keeps an event from its widget.
+// Hands the events of the kinds it is given, of the widgets it watches, to a handler before
+// they get them; the handler's true keeps an event from its widget. Other kinds never reach the
+// handler: a window's hide events still come while its destructor has already run.
 class EventHook : public QObject {
  public:
   using Handler = std::function<bool(QObject* watched, QEvent* event)>;
-  EventHook(Handler handler, QObject* parent) : QObject(parent), m_handler(std::move(handler)) {}
+  EventHook(std::initializer_list<QEvent::Type> types, Handler handler, QObject* parent)
+      : QObject(parent), m_types(types), m_handler(std::move(handler)) {}
   void watch(QObject* object) { object->installEventFilter(this); }
 
  protected:
-  bool eventFilter(QObject* watched, QEvent* event) override { return m_handler(watched, event); }
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (std::find(m_types.begin(), m_types.end(), event->type()) == m_types.end()) return false;
+    return m_handler(watched, event);
+  }
 
  private:
+  std::vector<QEvent::Type> m_types;
   Handler m_handler;
 };
 
