@@ -40,6 +40,10 @@ int runOptimize(MainWindowModel& model, const CliOptions& options, std::ostream&
                 std::ostream& err);
 int runReport(MainWindowModel& model, const CliOptions& options, std::ostream& out,
               std::ostream& err);
+// The one-line usage shown with a bad command line, and what --help prints.
+const char* cliUsage();
+const char* cliHelp();
+
 int runSweep(MainWindowModel& model, const CliOptions& options, std::ostream& out,
              std::ostream& err);
 int runLp(MainWindowModel& model, const CliOptions& options, std::ostream& out, std::ostream& err);
