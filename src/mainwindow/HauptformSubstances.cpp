@@ -124,7 +124,7 @@ bool Hauptform::Schadstoffliste_KeyDown(QEvent* event) {
   const bool control = key->modifiers() & Qt::ControlModifier;
   m_model->substances().Schadstoffliste_KeyDown(code, control);
   // Delete and Ctrl+C are the model's; every other key moves through the list as usual.
-  if (code != ResidueGrid::kDelete && !(code == ResidueGrid::kKeyC && control)) return false;
+  if (code != VirtualKey::kDelete && !(code == VirtualKey::kKeyC && control)) return false;
   showAll();
   return true;
 }
@@ -277,7 +277,7 @@ bool Hauptform::EingabeSchadstoff_KeyPress(QEvent* event) {
   // Delete, Tab and the caret keys are the box's own; what they did is reported after.
   if (key->key() == Qt::Key_Delete || key->key() == Qt::Key_Tab || key->key() == Qt::Key_Backtab)
     return false;
-  int character = key->key() == Qt::Key_Backspace ? ResidueGrid::kBackspace : -1;
+  int character = key->key() == Qt::Key_Backspace ? VirtualKey::kBackspace : -1;
   if (character < 0 && !key->text().isEmpty()) character = key->text().at(0).unicode();
   if (character < 0) return false;
   m_model->substances().editor().EingabeSchadstoff_KeyPress(character);

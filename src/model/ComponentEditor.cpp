@@ -4,21 +4,16 @@
 #include <cmath>
 
 #include "model/ResidueGrid.h"
+#include "model/VirtualKeys.h"
 #include "tables/ComponentViews.h"
 #include "tables/NumericText.h"
 
 namespace pescavo {
 
+using namespace VirtualKey;
+
 namespace {
 
-constexpr int kBackspace = 8;
-constexpr int kEscape = 27;
-constexpr int kDelete = 46;
-constexpr int kKeypadZero = 96;
-constexpr int kKeypadNine = 105;
-constexpr int kKeypadDecimal = 110;
-constexpr int kCommaKey = 188;
-constexpr int kPeriodKey = 190;
 constexpr int kFirstNumberColumn = 4;
 constexpr int kSearchColumns = 4;
 

@@ -4,19 +4,16 @@
 #include <cmath>
 #include <utility>
 
+#include "model/VirtualKeys.h"
 #include "reports/ResultTables.h"
 #include "tables/ComponentViews.h"
 #include "tables/NumericText.h"
 
 namespace pescavo {
 
-namespace {
+using namespace VirtualKey;
 
-constexpr int kKeypadZero = 96;
-constexpr int kKeypadNine = 105;
-constexpr int kKeypadDecimal = 110;
-constexpr int kCommaKey = 188;
-constexpr int kPeriodKey = 190;
+namespace {
 
 // Where the character before pos starts, so that Backspace never splits a UTF-8 sequence.
 std::size_t previousCharacter(std::string_view text, std::size_t pos) {

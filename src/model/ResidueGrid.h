@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "model/VirtualKeys.h"
 #include "tables/ComponentTable.h"
 
 namespace pescavo {
@@ -66,13 +67,6 @@ class ResidueGrid {
   static constexpr int kValueColumn = 5;
   static constexpr int kSearchColumns = 4;  // category, crop, commodity, IFN code
   static constexpr double kMaxResidue = ComponentTable::kMaxResidue;  // mg/kg
-
-  // Key codes as the grid's key handler sees them.
-  static constexpr int kBackspace = 8;
-  static constexpr int kEnter = 13;
-  static constexpr int kEscape = 27;
-  static constexpr int kDelete = 46;
-  static constexpr int kKeyC = 67;
 
   // Rows as lade_Schadstoffwerte gives them. Marks are cleared and row 1, column 5 becomes the
   // current cell.

@@ -35,9 +35,9 @@ void SubstanceEditing::Schadstoffliste_DblClick() {
 }
 
 void SubstanceEditing::Schadstoffliste_KeyDown(int key, bool control) {
-  if (key == ResidueGrid::kDelete)
+  if (key == VirtualKey::kDelete)
     Loeschen_Click();
-  else if (key == ResidueGrid::kKeyC && control)
+  else if (key == VirtualKey::kKeyC && control)
     Kopieren_Click();
 }
 
@@ -203,7 +203,7 @@ void SubstanceEditing::Loeschen_Click() {
 std::optional<std::string> SubstanceEditing::schadstoffwerte_KeyDown(int key, bool control) {
   if (!m_editor.editing()) return std::nullopt;
   std::optional<std::string> clipboard = m_editor.grid().gridKey(key, control);
-  if (key == ResidueGrid::kEscape) Abbrechen_Click();
+  if (key == VirtualKey::kEscape) Abbrechen_Click();
   return clipboard;
 }
 

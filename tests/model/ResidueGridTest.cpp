@@ -67,9 +67,9 @@ TEST(EditBoxKeys, NumericFilterOnTextAndCaret) {
   };
   EXPECT_EQ(after("25", 0, ','), "25. 3");
   EXPECT_EQ(after("25", 1, '7'), "275 2");  // typed at the caret
-  EXPECT_EQ(after("275", 2, ResidueGrid::kBackspace), "25 1");
+  EXPECT_EQ(after("275", 2, VirtualKey::kBackspace), "25 1");
   for (int dropped :
-       {int{'-'}, int{'+'}, int{'e'}, int{'E'}, int{' '}, int{'a'}, ResidueGrid::kEnter, 3, 22})
+       {int{'-'}, int{'+'}, int{'e'}, int{'E'}, int{' '}, int{'a'}, VirtualKey::kEnter, 3, 22})
     EXPECT_EQ(after("1.2", 1, dropped), "1.2 1 dropped") << dropped;
   // Several points can be typed; the stored number ends at the second.
   EXPECT_EQ(after("1.2", 3, '.'), "1.2. 4");
@@ -81,7 +81,7 @@ TEST_F(GridTest, TypedKeysReplaceTheEditBoxSelection) {
   EXPECT_EQ(grid.editText(), "7");
   EXPECT_FALSE(grid.typeIntoEditBox('x'));
   grid.setEditBox("123", 1, 1);  // Backspace takes the selection only
-  EXPECT_TRUE(grid.typeIntoEditBox(ResidueGrid::kBackspace));
+  EXPECT_TRUE(grid.typeIntoEditBox(VirtualKey::kBackspace));
   EXPECT_EQ(grid.editText(), "13");
   EXPECT_EQ(grid.editSelectionStart(), 1);
   grid.setEditBox("123", 0, 2);  // a comma leaves the selection and appends
@@ -160,25 +160,25 @@ TEST_F(GridTest, SelectionFillsAndCopiesWhicheverEndIsActive) {
 
 TEST_F(GridTest, KeysOnTheGridEditColumnFive) {
   grid.setCursor(2, 1, 2);
-  const int keys[] = {ResidueGrid::kDelete, '1', 188, 98, 190, 110, 57, ResidueGrid::kBackspace};
+  const int keys[] = {VirtualKey::kDelete, '1', 188, 98, 190, 110, 57, VirtualKey::kBackspace};
   for (int key : keys) EXPECT_EQ(grid.gridKey(key, false), std::nullopt);
   EXPECT_EQ(grid.column(), 5);
   EXPECT_EQ(grid.text(2, 5), "1.2..");
   EXPECT_EQ(grid.text(2, 1), "Wheat");
   // Letters, Enter, Escape and control keys change no text.
-  for (int key : {65, ResidueGrid::kEnter, ResidueGrid::kEscape, 86, 112})
+  for (int key : {65, VirtualKey::kEnter, VirtualKey::kEscape, 86, 112})
     EXPECT_EQ(grid.gridKey(key, false), std::nullopt);
-  EXPECT_EQ(grid.gridKey(ResidueGrid::kKeyC, false), std::nullopt);
+  EXPECT_EQ(grid.gridKey(VirtualKey::kKeyC, false), std::nullopt);
   EXPECT_EQ(grid.text(2, 5), "1.2..");
-  EXPECT_EQ(grid.gridKey(ResidueGrid::kKeyC, true), "1.2..");
+  EXPECT_EQ(grid.gridKey(VirtualKey::kKeyC, true), "1.2..");
 
   grid.setCursor(4, 0, 4);
-  grid.gridKey(ResidueGrid::kDelete, false);
-  EXPECT_EQ(grid.gridKey(ResidueGrid::kBackspace, false), std::nullopt);  // empty stays empty
+  grid.gridKey(VirtualKey::kDelete, false);
+  EXPECT_EQ(grid.gridKey(VirtualKey::kBackspace, false), std::nullopt);  // empty stays empty
   EXPECT_EQ(grid.text(4, 5), "");
   EXPECT_EQ(grid.value(4), 0);
   grid.setCursor(4, 5, 3);
-  EXPECT_EQ(grid.gridKey(ResidueGrid::kKeyC, true), "0.30000000000000004\r\n\r\n");
+  EXPECT_EQ(grid.gridKey(VirtualKey::kKeyC, true), "0.30000000000000004\r\n\r\n");
 }
 
 TEST_F(GridTest, SearchMarksCellsContainingTheTextInAnyCase) {

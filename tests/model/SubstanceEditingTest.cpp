@@ -98,7 +98,7 @@ TEST_F(EditingTest, DeletingKeepsEverySubstanceWithItsValuesAndCodes) {
 
   load();
   model.selectSubstance(1);
-  edit().Schadstoffliste_KeyDown(ResidueGrid::kDelete, false);  // no question asked
+  edit().Schadstoffliste_KeyDown(VirtualKey::kDelete, false);  // no question asked
   EXPECT_TRUE(dialogs.questions.empty());
   EXPECT_EQ(names(), "Alpha;Gamma;Delta;");
   EXPECT_EQ(model.substancePosition(), 1);
@@ -125,8 +125,8 @@ TEST_F(EditingTest, CopyAppendsWithoutMarkingTheDatabase) {
   EXPECT_EQ(names(), "Alpha;Beta;Gamma;Delta;Gamma;");
   EXPECT_EQ(model.substancePosition(), 4);
   expectSubstance(5, 3);
-  edit().Schadstoffliste_KeyDown(ResidueGrid::kKeyC, true);
-  edit().Schadstoffliste_KeyDown(ResidueGrid::kKeyC, false);  // C alone does nothing
+  edit().Schadstoffliste_KeyDown(VirtualKey::kKeyC, true);
+  edit().Schadstoffliste_KeyDown(VirtualKey::kKeyC, false);  // C alone does nothing
   EXPECT_EQ(model.database().table().substanceCount(), 6);
   EXPECT_FALSE(model.database().modified());
   EXPECT_TRUE(edit().Ende_Click());
@@ -187,8 +187,7 @@ TEST_F(EditingTest, EditTwoValuesThenDoneThenTheExitAsks) {
   EXPECT_EQ(editor().EingabeSchadstoff_Enter(), 3);  // on to the next row
   EXPECT_EQ(editor().grid().editText(), "0");
   editor().setGridCursor(4, 1, 4);  // typing on the grid goes to column 5
-  for (int key : {ResidueGrid::kDelete, 96 + 3, 190, 53})
-    edit().schadstoffwerte_KeyDown(key, false);
+  for (int key : {VirtualKey::kDelete, 96 + 3, 190, 53}) edit().schadstoffwerte_KeyDown(key, false);
   EXPECT_EQ(editor().grid().column(), 5);
   editor().setNameText("Beta (new)");
 
@@ -214,7 +213,7 @@ TEST_F(EditingTest, EscapeOnTheGridCancels) {
   editor().setGridCursor(1, 5, 1);
   edit().schadstoffwerte_KeyDown('7', false);
   EXPECT_EQ(editor().grid().text(1, 5), "1.17");
-  EXPECT_EQ(edit().schadstoffwerte_KeyDown(ResidueGrid::kEscape, false), std::nullopt);
+  EXPECT_EQ(edit().schadstoffwerte_KeyDown(VirtualKey::kEscape, false), std::nullopt);
   EXPECT_FALSE(editor().editing());
   EXPECT_FALSE(edit().editMode());
   expectSubstance(1, 1);
@@ -350,7 +349,7 @@ TEST_F(EditingTest, InPlaceEditorsAndTheFlag) {
   EXPECT_EQ(column(4), "STMR-P;STMR-P;STMR;STMR-P;STMR;");
 
   editor().setGridCursor(1, 5, 2);
-  EXPECT_EQ(edit().schadstoffwerte_KeyDown(ResidueGrid::kKeyC, true), "1.1\r\n1.2\r\n");
+  EXPECT_EQ(edit().schadstoffwerte_KeyDown(VirtualKey::kKeyC, true), "1.1\r\n1.2\r\n");
   // None of this touched the flag, in either state.
   EXPECT_FALSE(model.database().modified());
   edit().Abbrechen_Click();
@@ -397,7 +396,7 @@ TEST_F(EditingTest, ListKeysWhileEditingKeepTheCopyOfTheCodes) {
   // Editing Alpha, the (covered) list takes Delete: Alpha goes, Beta becomes current, and
   // "Done" stores the grid and the codes as copied when editing began over Beta.
   edit().Edit_Click();
-  edit().Schadstoffliste_KeyDown(ResidueGrid::kDelete, false);
+  edit().Schadstoffliste_KeyDown(VirtualKey::kDelete, false);
   EXPECT_EQ(names(), "Beta;Gamma;Delta;");
   ASSERT_TRUE(edit().leaveEditing());
   EXPECT_EQ(names(), "Alpha;Gamma;Delta;");
