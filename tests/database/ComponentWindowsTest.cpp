@@ -10,6 +10,7 @@
 #include <QTest>
 
 #include "ScriptedDialogs.h"
+#include "WidgetLookup.h"
 #include "database/Futterkomponenten.h"
 #include "database/Komponentenliste.h"
 
@@ -28,15 +29,6 @@ class ComponentWindowsTest : public ::testing::Test {
           {"Fat", crops[i - 1], i == 3 ? "Olive oil" : "meal", "4-0", 10.0 + i, 2, 90, 30, 20});
       table.setResidue(1, i, i == 4 ? 0 : i);
     }
-  }
-  template <typename T>
-  static T* child(QWidget& window, const char* name) {
-    T* widget = window.findChild<T*>(name);
-    EXPECT_NE(widget, nullptr) << name;
-    return widget;
-  }
-  static void click(QWidget& window, const char* name) {
-    QTest::mouseClick(child<QPushButton>(window, name), Qt::LeftButton);
   }
   // A click on the grid cell, as the user does it.
   static void clickCell(QTableWidget* grid, int row, int column) {

@@ -18,6 +18,7 @@
 #include <string>
 
 #include "ScriptedDialogs.h"
+#include "WidgetLookup.h"
 #include "model/MainWindowModel.h"
 #include "model/ReportViewState.h"
 #include "reports/TextFiles.h"
@@ -82,15 +83,6 @@ class ReportWindowTest : public ::testing::Test {
   std::string file(const std::string& name) const { return (root / name).string(); }
   std::string reportFile() const { return txt_ReadAll(file("Report.txt")); }
 
-  template <typename T = QWidget>
-  static T* child(QWidget& window, const char* name) {
-    T* found = window.findChild<T*>(name);
-    EXPECT_NE(found, nullptr) << name;
-    return found;
-  }
-  static void click(QWidget& window, const char* name) {
-    if (auto* button = child<QPushButton>(window, name)) QTest::mouseClick(button, Qt::LeftButton);
-  }
   static QString caption(QWidget& window, const char* name) {
     auto* button = child<QPushButton>(window, name);
     return button ? button->text() : QString();

@@ -23,6 +23,7 @@
 #include <stdexcept>
 
 #include "ScriptedDialogs.h"
+#include "WidgetLookup.h"
 #include "desktop/Styles.h"
 #include "mainwindow/HauptformFixture.h"
 #include "model/AllOptionsLayout.h"
@@ -64,15 +65,6 @@ class ScreeningWindowTest : public ::testing::Test {
     spy = std::make_unique<QSignalSpy>(window.get(), &ScreeningWindow::finished);
     window->show();
     return window;
-  }
-  template <typename T = QWidget>
-  static T* child(QWidget& window, const char* name) {
-    T* widget = window.findChild<T*>(name);
-    EXPECT_NE(widget, nullptr) << name;
-    return widget;
-  }
-  static void click(QWidget& window, const char* name) {
-    QTest::mouseClick(child<QPushButton>(window, name), Qt::LeftButton);
   }
   static void clickHeader(QTableView* view, int column) {
     QHeaderView* header = view->horizontalHeader();
