@@ -14,6 +14,10 @@
 
 namespace pescavo {
 
+// A burden above this is red wherever it is shown, mg/kg feed dry matter.
+constexpr double kBurdenLimit = 0.1;
+inline bool aboveBurdenLimit(double burden) { return burden > kBurdenLimit; }
+
 // What a run reads besides its options. Everything referred to outlives the run's use of it.
 struct RunInput {
   const std::vector<FishSpecies>& species;

@@ -132,7 +132,7 @@ void MainWindowModel::EinfacheOptimierung() {
   if (stop != RunStop::None) return stopRun(m_run.message(stop, false));
   if (m_options.allScenariosMode()) return Ergebnis_ausblenden();
   m_result.text = m_run.statement(substanceName());
-  m_result.red = m_run.result().burden > 0.1;
+  m_result.red = aboveBurdenLimit(m_run.result().burden);
   m_layout.show({C::Ergebnis, C::ReportButton, C::Gegenpruefung});
   m_resultChanges = inputChanges();
 }

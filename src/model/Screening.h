@@ -15,10 +15,6 @@ namespace pescavo {
 
 class ComponentSelection;
 
-// A burden above this is red wherever it is shown, mg/kg feed dry matter.
-constexpr double kBurdenLimit = 0.1;
-inline bool aboveBurdenLimit(double burden) { return burden > kBurdenLimit; }
-
 // What to screen: every substance of the table in the full layout over all its available
 // components, once per species and criterion, and with scenarios once per run of the sweep.
 struct ScreeningRequest {
