@@ -106,17 +106,24 @@ bool Simplex::phase1Passes() {
     // A basic column's objective entry is 0, so only non-basic columns can qualify.
     for (int c = 1; c <= 2 * n + 3; ++c) {
       if (slotOf[c] >= 0 && objective[slotOf[c]] > 0) {
-        if (!Pivotsuche(c)) return false;
+        if (!pivotPhase1(c)) return writePending(), false;
         pivoted = true;
       }
     }
     // A pass without a pivot leaves the tableau as it was, so every later pass would too.
     if (!pivoted) break;
   }
+  writePending();
   return true;
 }
 
 bool Simplex::Pivotsuche(int c) {
+  const bool pivoted = pivotPhase1(c);
+  writePending();
+  return pivoted;
+}
+
+bool Simplex::pivotPhase1(int c) {
   // Sign repair before: after the first repair every later one finds nothing to turn.
   if (!m_rhsNonNegative) repairSigns();
   return pivot(c, m_n + 5, kPhase1Failure);
@@ -144,16 +151,34 @@ bool Simplex::phase2Passes() {
     bool pivoted = false;
     for (int c = 1; c <= 2 * n; ++c) {
       if (slotOf[c] >= 0 && objective[slotOf[c]] > 0) {
-        if (!Pivotsuche2(c)) return false;
+        if (!pivot(c, n + 4, kPhase2Failure)) return writePending(), false;
         pivoted = true;
       }
     }
     if (!pivoted) break;
   }
+  writePending();
   return true;
 }
 
-bool Simplex::Pivotsuche2(int c) { return pivot(c, m_n + 4, kPhase2Failure); }
+bool Simplex::Pivotsuche2(int c) {
+  const bool pivoted = pivot(c, m_n + 4, kPhase2Failure);
+  writePending();
+  return pivoted;
+}
+
+double Simplex::current(int i, int slot) const {
+  const double* cells = m_tableau.row(i);
+  return m_tableau.pending.pending(i) ? m_tableau.pending.current(cells, i, slot) : cells[slot];
+}
+
+void Simplex::writePending() {
+  PendingPivots& pending = m_tableau.pending;
+  if (pending.empty()) return;
+  for (const int i : pending.rows())
+    if (pending.pending(i)) pending.write(i, m_tableau.row(i));
+  pending.clear();
+}
 
 bool Simplex::pivot(int c, int lastRow, const char* failure) {
   const int r = ratioTest(c);
@@ -164,6 +189,7 @@ bool Simplex::pivot(int c, int lastRow, const char* failure) {
   eliminate(r, c, lastRow);
   if (!m_rhsNonNegative) repairSigns();
   ++m_result.pivots;
+  if (m_tableau.pending.full()) writePending();
   return true;
 }
 
@@ -206,7 +232,7 @@ int Simplex::ratioTest(int c) {
     while (bits != 0) {
       const int i = static_cast<int>(w * 64) + __builtin_ctzll(bits);
       bits &= bits - 1;
-      const double a = i == unstored ? t.boundUnit[c - 1] : t.row(i)[slot];
+      const double a = i == unstored ? t.boundUnit[c - 1] : current(i, slot);
       factorRows[factors] = i;
       factors += a != 0;
       if (a > 0) {
@@ -276,9 +302,11 @@ __attribute__((target_clones("avx512f", "avx2", "default"))) void pivotLines(
 // pivot row before the pivot: there 0 + (-f) * y is (-f) * y.
 void Simplex::eliminate(int r, int c, int lastRow) {
   SimplexTableau& t = m_tableau;
+  PendingPivots& pending = t.pending;
   const int slot = t.slotOf[c];
   double* rhs = t.rhs.data();
   double* pivot = t.row(r);
+  if (pending.pending(r)) pending.write(r, pivot);
   const double p = pivot[slot];
   // The pivot row's non-zero cells lie in the lines [first, last); the pivot cell itself is
   // one. A row still as laid out holds just that cell.
@@ -288,31 +316,51 @@ void Simplex::eliminate(int r, int c, int lastRow) {
   int last = m_n;
   while (pivot[last - 1] == 0) --last;
   last = (last + kLine - 1) / kLine * kLine;
-  // The constraint rows with a factor were noted by the ratio test; the objective rows follow.
-  int factors = m_factorCount;
-  for (int i = m_n + 4; i <= lastRow; ++i) {
-    if (t.row(i)[slot] != 0) m_factorRows[factors++] = i;
-  }
+  // The constraint rows with a factor were noted by the ratio test. On a large tableau their
+  // updates wait in `pending`; the objective rows, read at every column of a pass, and the
+  // constraint rows of a small tableau are updated at once.
+  const bool delay = pending.enabled();
+  int objectiveRows[2];
+  int* updated = delay ? objectiveRows : m_factorRows.data();  // the rows updated at once
   int count = 0;
-  for (int k = 0; k < factors; ++k) {
-    const int i = m_factorRows[k];
-    if (i == r) continue;
+  if (!delay) {
+    for (int k = 0; k < m_factorCount; ++k) {
+      const int i = m_factorRows[k];
+      if (i == r) continue;
+      double* cells = t.row(i);
+      m_rowCells[count] = cells;
+      m_minusF[count] = -cells[slot];
+      updated[count++] = i;
+    }
+  }
+  for (int i = m_n + 4; i <= lastRow; ++i) {
     double* cells = t.row(i);
+    if (cells[slot] == 0) continue;
     m_rowCells[count] = cells;
     m_minusF[count] = -cells[slot];
-    m_factorRows[count++] = i;
+    updated[count++] = i;
   }
   pivotLines(pivot, p, m_rowCells.data(), m_minusF.data(), count, first, last);
   rhs[r] = rhs[r] / p;
   const double leaving = t.basicValue[r] / p;
   for (int k = 0; k < count; ++k) {
-    const int i = m_factorRows[k];
-    const double minusF = m_minusF[k];
-    rhs[i] = rhs[i] + minusF * rhs[r];
-    m_rowCells[k][slot] = minusF * leaving;
+    const int i = updated[k];
+    rhs[i] = rhs[i] + m_minusF[k] * rhs[r];
+    m_rowCells[k][slot] = m_minusF[k] * leaving;
     // The sign repair after the pivot: with no right-hand side below 0 before, only the rows
     // just changed can need a turn (the pivot row is divided by p > 0).
     if (m_rhsNonNegative && i <= m_n + 3 && rhs[i] < 0) negateRow(i);
+  }
+  if (delay) {
+    const int number = pending.addPivot(pivot, first, last, slot, leaving);
+    for (int k = 0; k < m_factorCount; ++k) {
+      const int i = m_factorRows[k];
+      if (i == r) continue;
+      const double minusF = -current(i, slot);
+      pending.addUpdate(i, number, minusF);
+      rhs[i] = rhs[i] + minusF * rhs[r];
+      if (m_rhsNonNegative && rhs[i] < 0) negateRow(i);
+    }
   }
   pivot[slot] = leaving;
   t.basicValue[r] = p / p;
@@ -323,7 +371,10 @@ void Simplex::eliminate(int r, int c, int lastRow) {
 }
 
 void Simplex::negateRow(int i) {
-  negate(m_tableau.row(i), m_n);
+  if (i <= m_n + 3 && m_tableau.pending.pending(i))
+    m_tableau.pending.addTurn(i);
+  else
+    negate(m_tableau.row(i), m_n);
   m_tableau.rhs[i] = -m_tableau.rhs[i];
   m_tableau.basicValue[i] = -m_tableau.basicValue[i];
 }

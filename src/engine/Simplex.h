@@ -71,6 +71,11 @@ class Simplex {
   void repairSigns();
   // Ratio test, pivot and sign repair after it on rows 1..lastRow.
   bool pivot(int c, int lastRow, const char* failure);
+  bool pivotPhase1(int c);
+  // Cell `slot` of constraint row i, pending pivots included.
+  double current(int i, int slot) const;
+  // Writes every pending pivot into the rows, so that the tableau can be read.
+  void writePending();
   bool phase2Passes();
   void readOut(bool minimum);
   void fail(const char* text);

@@ -14,6 +14,7 @@ void SimplexTableau::reset(int n) {
   m_cells.resize(static_cast<std::size_t>(n + 5) * m_stride + 7);
   m_offset = (64 - reinterpret_cast<std::uintptr_t>(m_cells.data()) % 64) % 64 / sizeof(double);
   m_stored.assign((n + 4 + 63) / 64, 0);
+  pending.reset(n + 3, n, m_stride, m_cells.size() * sizeof(double) >= delayFromBytes);
   for (int i = 1; i <= 3; ++i) markStored(i);
   basis.resize(n + 4);
   basis[0] = 0;

@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <vector>
 
+#include "engine/PendingPivots.h"
+
 namespace pescavo {
 
 // The two-phase tableau of n variables: rows 1..n + 5, columns 1..2n + 4 (see Simplex.h), as
@@ -23,7 +25,11 @@ namespace pescavo {
 // 4. Every cell is computed as ReferenceSimplex computes it, x + (-f) * y or x / p, one IEEE
 //    operation per lane whatever the vector width, in the same order of pivots: the results
 //    are the same bits as the plain form's (the engine tests compare them).
-// 5. Once no constraint row has a right-hand side below 0, a sign repair can only be needed in
+// 5. On a tableau of delayFromBytes or more, a constraint row's cells may lag behind the
+//    pivots made: what they still need is in `pending`, and whoever reads a cell of such a row
+//    takes it from there. Right-hand sides, basic values and the objective rows are always up
+//    to date.
+// 6. Once no constraint row has a right-hand side below 0, a sign repair can only be needed in
 //    the rows a pivot has just changed. A pass without a pivot ends the phase: every later pass
 //    would find the same tableau.
 class SimplexTableau {
@@ -65,6 +71,12 @@ class SimplexTableau {
   std::vector<int> factorRows;
   std::vector<double*> rowCells;
   std::vector<double> minusF;
+  PendingPivots pending;
+  // Pivots wait in `pending` only on a tableau larger than the nearer caches (measured on the
+  // full layout: quicker from about 500 variables, slower at 340). Tests lower it to take that
+  // path on small feeds.
+  static constexpr std::size_t kDelayFromBytes = 3 << 19;
+  std::size_t delayFromBytes = kDelayFromBytes;
 
  private:
   int m_n = 0;
