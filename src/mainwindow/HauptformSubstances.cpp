@@ -176,13 +176,11 @@ void Hauptform::followGridScroll() {
   const ControlState& grid = layout.at(C::schadstoffwerte);
   if (box) {
     // Placing selects the box's text; scrolling leaves it as the user had it.
-    const ResidueGrid& cells = m_model->substances().editor().grid();
-    const std::string text = cells.editText();
-    const int start = cells.editSelectionStart();
-    const int length = cells.editSelectionLength();
+    const NumericEditBox kept = m_model->substances().editor().grid().editBox();
     m_model->substances().editor().Eingabefeld_platzieren(
         grid.left, grid.top, m_gridView->cellPlace(m_editBoxCell.first, m_editBoxCell.second));
-    m_model->substances().editor().setEditBox(text, start, length);
+    m_model->substances().editor().setEditBox(kept.text(), kept.selectionStart(),
+                                              kept.selectionLength());
   }
   if (chooser) {
     m_model->substances().editor().Auswahlfeld_platzieren(
@@ -287,10 +285,10 @@ bool Hauptform::EingabeSchadstoff_KeyPress(QEvent* event) {
 
 void Hauptform::showEditBox() {
   auto* box = control<QLineEdit>(C::EingabeSchadstoff);
-  const ResidueGrid& grid = m_model->substances().editor().grid();
-  const std::string& text = grid.editText();
-  const int start = unitsBefore(text, grid.editSelectionStart());
-  const int end = unitsBefore(text, grid.editSelectionStart() + grid.editSelectionLength());
+  const NumericEditBox& edit = m_model->substances().editor().grid().editBox();
+  const std::string& text = edit.text();
+  const int start = unitsBefore(text, edit.selectionStart());
+  const int end = unitsBefore(text, edit.selectionStart() + edit.selectionLength());
   m_showingEditBox = true;
   const QString shown = QString::fromStdString(text);
   if (box->text() != shown) box->setText(shown);

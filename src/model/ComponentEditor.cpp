@@ -7,6 +7,7 @@
 #include "model/VirtualKeys.h"
 #include "tables/ComponentViews.h"
 #include "tables/NumericText.h"
+#include "tables/Utf8.h"
 
 namespace pescavo {
 
@@ -30,10 +31,7 @@ const ComponentEditor::Row kHeaders = {"Category",
 std::string shown(double value) { return " " + generalForm(value, '.'); }
 
 void dropLastCharacter(std::string& text) {
-  if (text.empty()) return;
-  std::size_t pos = text.size() - 1;
-  while (pos > 0 && (static_cast<unsigned char>(text[pos]) & 0xC0) == 0x80) --pos;
-  text.erase(pos);
+  if (!text.empty()) text.erase(characterStart(text, text.size() - 1));
 }
 
 // What feedstuff.tab can hold as a percentage.

@@ -43,7 +43,7 @@ TwipsRect ResidueEditor::Eingabefeld_platzieren(int gridLeft, int gridTop, const
   box.top = place.top;
   box.width = place.width;
   box.height = place.height;
-  m_grid.selectAllOfEditBox();
+  m_grid.editBox().selectAll();
   return place;
 }
 

@@ -51,12 +51,12 @@ class ResidueEditor {
   // what the box shows after the platform's own editing (caret moves, mouse selection), Enter
   // (the row the box moves to; nothing when it hides), Ctrl+C (the text for the clipboard),
   // Ctrl+V, click, double-click.
-  bool EingabeSchadstoff_KeyPress(int key) { return m_grid.typeIntoEditBox(key); }
+  bool EingabeSchadstoff_KeyPress(int key) { return m_grid.editBox().type(key); }
   void setEditBox(std::string text, int selectionStart, int selectionLength) {
-    m_grid.setEditBox(std::move(text), selectionStart, selectionLength);
+    m_grid.editBox().set(std::move(text), selectionStart, selectionLength);
   }
   std::optional<int> EingabeSchadstoff_Enter();
-  std::string EingabeSchadstoff_Copy() const { return m_grid.editText(); }
+  std::string EingabeSchadstoff_Copy() const { return m_grid.editBox().text(); }
   void EingabeSchadstoff_Paste(std::string_view clipboard);
   void EingabeSchadstoff_Click();
   void EingabeSchadstoff_DblClick();

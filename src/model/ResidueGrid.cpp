@@ -8,22 +8,11 @@
 #include "reports/ResultTables.h"
 #include "tables/ComponentViews.h"
 #include "tables/NumericText.h"
+#include "tables/Utf8.h"
 
 namespace pescavo {
 
 using namespace VirtualKey;
-
-namespace {
-
-// Where the character before pos starts, so that Backspace never splits a UTF-8 sequence.
-std::size_t previousCharacter(std::string_view text, std::size_t pos) {
-  if (pos == 0) return 0;
-  --pos;
-  while (pos > 0 && (static_cast<unsigned char>(text[pos]) & 0xC0) == 0x80) --pos;
-  return pos;
-}
-
-}  // namespace
 
 // Lower case for ASCII and the Latin-1 capitals (UTF-8 C3 80 to C3 9E, without the
 // multiplication sign), which keeps every byte count as it is.
@@ -109,8 +98,7 @@ void ResidueGrid::reset(std::vector<std::array<std::string, kColumns>> rows) {
     for (int c = 0; c < kSearchColumns; ++c)
       m_folded[r * kSearchColumns + static_cast<std::size_t>(c)] = searchFold(m_cells[r][c]);
   }
-  m_editText.clear();
-  m_editStart = m_editLength = 0;
+  m_editBox.set("", 0, 0);
   home();
 }
 
@@ -168,78 +156,27 @@ void ResidueGrid::setCursor(int row, int column, int selectionEnd) {
   m_selectionEnd = std::clamp(selectionEnd, 1, rowCount() - 1);
 }
 
-void ResidueGrid::setEditBox(std::string text, int selectionStart, int selectionLength) {
-  m_editText = std::move(text);
-  const int size = static_cast<int>(m_editText.size());
-  m_editStart = std::clamp(selectionStart, 0, size);
-  m_editLength = std::clamp(selectionLength, 0, size - m_editStart);
-}
-
-void ResidueGrid::selectAllOfEditBox() {
-  m_editStart = 0;
-  m_editLength = static_cast<int>(m_editText.size());
-}
-
-EditBoxKey ResidueGrid::filterEditKey(std::string_view text, int caret, int key) {
-  EditBoxKey result{false, std::string(text), std::clamp(caret, 0, static_cast<int>(text.size()))};
-  const std::optional<int> passed = filterKey(key, result.text, result.caret);
-  if (!passed) {
-    result.taken = key == ',';  // the comma has appended its point
-    return result;
-  }
-  if (*passed == kEnter) return result;  // Enter commits; it is no character of the text
-  const auto at = static_cast<std::size_t>(result.caret);
-  if (*passed == kBackspace) {
-    const std::size_t from = previousCharacter(result.text, at);
-    result.text.erase(from, at - from);
-    result.caret = static_cast<int>(from);
-  } else {
-    result.text.insert(at, 1, static_cast<char>(*passed));
-    ++result.caret;
-  }
-  result.taken = true;
-  return result;
-}
-
-bool ResidueGrid::typeIntoEditBox(int key) {
-  std::string text = m_editText;
-  int caret = m_editStart + m_editLength;
-  const bool typing = key == kBackspace || key == '.' || (key >= '0' && key <= '9');
-  if (typing && m_editLength > 0) {  // a typed key first takes the selection away
-    text.erase(static_cast<std::size_t>(m_editStart), static_cast<std::size_t>(m_editLength));
-    caret = m_editStart;
-    if (key == kBackspace) {
-      setEditBox(std::move(text), caret, 0);
-      return true;
-    }
-  }
-  EditBoxKey result = filterEditKey(text, caret, key);
-  if (!result.taken) return false;
-  setEditBox(std::move(result.text), result.caret, 0);
-  return true;
-}
-
 void ResidueGrid::openEditBox() {
-  setEditBox(text(m_row, m_column), 0, 0);
+  m_editBox.set(text(m_row, m_column), 0, 0);
   m_boxRow = m_row;
 }
 
 void ResidueGrid::keepEditBoxText() {
-  if (m_boxRow >= 1 && m_boxRow < rowCount() && text(m_boxRow, kValueColumn) != m_editText)
-    setText(m_boxRow, kValueColumn, m_editText);
+  if (m_boxRow >= 1 && m_boxRow < rowCount() && text(m_boxRow, kValueColumn) != m_editBox.text())
+    setText(m_boxRow, kValueColumn, m_editBox.text());
 }
 
 std::optional<int> ResidueGrid::enterEditBox() {
   if (rowCount() < 2) return std::nullopt;
-  setText(m_row, m_column, m_editText);
+  setText(m_row, m_column, m_editBox.text());
   if (m_row >= rowCount() - 1) {
     m_boxRow = -1;
     return std::nullopt;
   }
   m_selectionEnd = ++m_row;
   m_boxRow = m_row;
-  m_editText = text(m_row, m_column);
-  selectAllOfEditBox();
+  m_editBox.set(text(m_row, m_column), 0, 0);
+  m_editBox.selectAll();
   return m_row;
 }
 
@@ -256,7 +193,8 @@ void ResidueGrid::paste(std::string_view clipboard) {
 
 void ResidueGrid::fillSelectionFromEditBox() {
   if (rowCount() < 2) return;
-  for (int r = firstSelected(); r <= lastSelected(); ++r) setText(r, kValueColumn, m_editText);
+  for (int r = firstSelected(); r <= lastSelected(); ++r)
+    setText(r, kValueColumn, m_editBox.text());
 }
 
 void ResidueGrid::showBasisOfCurrentCell() {
@@ -285,7 +223,7 @@ std::optional<std::string> ResidueGrid::gridKey(int key, bool control) {
   } else if (key == kCommaKey || key == kPeriodKey || key == kKeypadDecimal) {
     cell += '.';
   } else if (key == kBackspace) {
-    cell.erase(previousCharacter(cell, cell.size()));
+    if (!cell.empty()) cell.erase(characterStart(cell, cell.size() - 1));
   } else if (key >= '0' && key <= '9') {
     cell += static_cast<char>(key);
   } else if (key >= kKeypadZero && key <= kKeypadNine) {

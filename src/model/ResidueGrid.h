@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "model/NumericEditBox.h"
 #include "model/VirtualKeys.h"
 #include "tables/ComponentTable.h"
 
@@ -25,13 +26,6 @@ struct TwipsRect {
   bool operator==(const TwipsRect& other) const {
     return left == other.left && top == other.top && width == other.width && height == other.height;
   }
-};
-
-// What a key does to the text of a numeric edit box.
-struct EditBoxKey {
-  bool taken = false;  // false: the key is dropped and text and caret are as they were
-  std::string text;
-  int caret = 0;
 };
 
 // The editing copy of the residue-basis codes. "Edit " copies every code of every substance,
@@ -88,16 +82,8 @@ class ResidueGrid {
   void home();
 
   // The edit box EingabeSchadstoff.
-  const std::string& editText() const { return m_editText; }
-  int editSelectionStart() const { return m_editStart; }
-  int editSelectionLength() const { return m_editLength; }
-  void setEditBox(std::string text, int selectionStart, int selectionLength);
-  void selectAllOfEditBox();
-  // The numeric key filter on a box without a selection: digits, "." and Backspace edit as
-  // typed, "," appends "." and puts the caret at the end, every other key is dropped.
-  static EditBoxKey filterEditKey(std::string_view text, int caret, int key);
-  // The same on the box, where a typed key replaces the selection; false when dropped.
-  bool typeIntoEditBox(int key);
+  const NumericEditBox& editBox() const { return m_editBox; }
+  NumericEditBox& editBox() { return m_editBox; }
   // The box opened over the current cell with that cell's text, and closed.
   void openEditBox();
   void closeEditBox() { m_boxRow = -1; }
@@ -168,10 +154,8 @@ class ResidueGrid {
   int m_row = 1;
   int m_column = kValueColumn;
   int m_selectionEnd = 1;
-  std::string m_editText;
+  NumericEditBox m_editBox;
   int m_boxRow = -1;  // the row the open edit box stands over, -1 when it is closed
-  int m_editStart = 0;
-  int m_editLength = 0;
   int m_basisChoice = 0;
   BasisCopy m_basisCopy;
 };

@@ -5,6 +5,7 @@
 #include <cstdint>
 
 #include "tables/NumericText.h"
+#include "tables/Utf8.h"
 
 namespace pescavo {
 
@@ -36,9 +37,7 @@ bool exactDecimal(std::uint64_t digits, long exponent, double& value) {
 std::string quotedText(std::string_view text) {
   constexpr std::size_t kShown = 40;
   if (text.size() <= kShown) return "\"" + std::string(text) + "\"";
-  std::size_t cut = kShown;
-  while (cut > 0 && (static_cast<unsigned char>(text[cut]) & 0xC0) == 0x80) --cut;
-  return "\"" + std::string(text.substr(0, cut)) + "...\"";
+  return "\"" + std::string(text.substr(0, characterStart(text, kShown))) + "...\"";
 }
 
 bool takeCell(std::string_view& rest, std::string_view& cell) {

@@ -53,16 +53,16 @@ class GridTest : public ::testing::Test {
 };
 
 TEST(EditBoxKeys, NumericFilterOnTextAndCaret) {
-  EditBoxKey key = ResidueGrid::filterEditKey("1", 1, ',');
+  EditBoxKey key = NumericEditBox::filter("1", 1, ',');
   EXPECT_TRUE(key.taken);
   EXPECT_EQ(key.text, "1.");
-  key = ResidueGrid::filterEditKey(key.text, key.caret, '5');
+  key = NumericEditBox::filter(key.text, key.caret, '5');
   EXPECT_EQ(key.text, "1.5");
   EXPECT_EQ(key.caret, 3);
 
   // The comma's point goes to the end whatever the caret; the caret follows it.
   const auto after = [](const std::string& text, int caret, int typed) {
-    const EditBoxKey k = ResidueGrid::filterEditKey(text, caret, typed);
+    const EditBoxKey k = NumericEditBox::filter(text, caret, typed);
     return k.text + " " + std::to_string(k.caret) + (k.taken ? "" : " dropped");
   };
   EXPECT_EQ(after("25", 0, ','), "25. 3");
@@ -75,32 +75,33 @@ TEST(EditBoxKeys, NumericFilterOnTextAndCaret) {
   EXPECT_EQ(after("1.2", 3, '.'), "1.2. 4");
 }
 
-TEST_F(GridTest, TypedKeysReplaceTheEditBoxSelection) {
-  grid.setEditBox("0.4", 0, 3);  // as placing the box leaves it
-  EXPECT_TRUE(grid.typeIntoEditBox('7'));
-  EXPECT_EQ(grid.editText(), "7");
-  EXPECT_FALSE(grid.typeIntoEditBox('x'));
-  grid.setEditBox("123", 1, 1);  // Backspace takes the selection only
-  EXPECT_TRUE(grid.typeIntoEditBox(VirtualKey::kBackspace));
-  EXPECT_EQ(grid.editText(), "13");
-  EXPECT_EQ(grid.editSelectionStart(), 1);
-  grid.setEditBox("123", 0, 2);  // a comma leaves the selection and appends
-  EXPECT_TRUE(grid.typeIntoEditBox(','));
-  EXPECT_EQ(grid.editText(), "123.");
-  EXPECT_EQ(grid.editSelectionStart(), 4);
-  EXPECT_EQ(grid.editSelectionLength(), 0);
+TEST(EditBoxKeys, TypedKeysReplaceTheSelection) {
+  NumericEditBox box;
+  box.set("0.4", 0, 3);  // as placing the box leaves it
+  EXPECT_TRUE(box.type('7'));
+  EXPECT_EQ(box.text(), "7");
+  EXPECT_FALSE(box.type('x'));
+  box.set("123", 1, 1);  // Backspace takes the selection only
+  EXPECT_TRUE(box.type(VirtualKey::kBackspace));
+  EXPECT_EQ(box.text(), "13");
+  EXPECT_EQ(box.selectionStart(), 1);
+  box.set("123", 0, 2);  // a comma leaves the selection and appends
+  EXPECT_TRUE(box.type(','));
+  EXPECT_EQ(box.text(), "123.");
+  EXPECT_EQ(box.selectionStart(), 4);
+  EXPECT_EQ(box.selectionLength(), 0);
 }
 
 TEST_F(GridTest, EnterTypesAColumnTopToBottom) {
   grid.setCursor(3, 5, 3);
-  grid.setEditBox("7", 1, 0);
+  grid.editBox().set("7", 1, 0);
   EXPECT_EQ(grid.enterEditBox(), 4);
   EXPECT_EQ(grid.text(3, 5), "7");
-  EXPECT_EQ(grid.editText(), "0.4");  // the next cell, all selected
-  EXPECT_EQ(grid.editSelectionLength(), 3);
+  EXPECT_EQ(grid.editBox().text(), "0.4");  // the next cell, all selected
+  EXPECT_EQ(grid.editBox().selectionLength(), 3);
   EXPECT_EQ(grid.row(), 4);
   EXPECT_EQ(grid.selectionEnd(), 4);
-  grid.setEditBox("8", 1, 0);
+  grid.editBox().set("8", 1, 0);
   EXPECT_EQ(grid.enterEditBox(), std::nullopt);  // last row: written, then the box hides
   EXPECT_EQ(column5(), "0.1;0.2;7;8;");
 }
@@ -129,7 +130,7 @@ TEST_F(GridTest, SelectionFillsAndCopiesWhicheverEndIsActive) {
 
   grid.setCursor(4, 5, 2);  // selected from row 4 upwards
   EXPECT_EQ(grid.copyText(), "0.2\r\n0.30000000000000004\r\n0.4\r\n");
-  grid.setEditBox("2.5", 0, 3);
+  grid.editBox().set("2.5", 0, 3);
   grid.fillSelectionFromEditBox();
   EXPECT_EQ(column5(), "0.1;2.5;2.5;2.5;");
 
@@ -196,7 +197,7 @@ TEST_F(GridTest, SearchMarksCellsContainingTheTextInAnyCase) {
 
   // The search sees what the cells hold now, and Latin-1 capitals match their small letters.
   grid.setCursor(2, 2, 2);
-  grid.setEditBox("Ölsaat ÉCORCE", 0, 0);
+  grid.editBox().set("Ölsaat ÉCORCE", 0, 0);
   grid.enterEditBox();
   for (const char* text : {"écorce", "öl", "x"}) {
     grid.search(text);

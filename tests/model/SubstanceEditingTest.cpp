@@ -181,11 +181,11 @@ TEST_F(EditingTest, EditTwoValuesThenDoneThenTheExitAsks) {
   EXPECT_EQ(column(4), "STMR-P;STMR;STMR-P;STMR;STMR-P;");
 
   openEditBox(2);
-  EXPECT_EQ(editor().grid().editText(), "2.2");
+  EXPECT_EQ(editor().grid().editBox().text(), "2.2");
   type("1,5");
-  EXPECT_EQ(editor().grid().editText(), "1.5");
+  EXPECT_EQ(editor().grid().editBox().text(), "1.5");
   EXPECT_EQ(editor().EingabeSchadstoff_Enter(), 3);  // on to the next row
-  EXPECT_EQ(editor().grid().editText(), "0");
+  EXPECT_EQ(editor().grid().editBox().text(), "0");
   editor().setGridCursor(4, 1, 4);  // typing on the grid goes to column 5
   for (int key : {VirtualKey::kDelete, 96 + 3, 190, 53}) edit().schadstoffwerte_KeyDown(key, false);
   EXPECT_EQ(editor().grid().column(), 5);
