@@ -113,7 +113,14 @@ TEST_F(CliTest, OptimizeReportAndRefusals) {
         {"optimize", "--substance", m_substance, "--all", "--simple", "--no-pc"},
         {"--input", "", "check"},
         {"optimize", "--substance-number", "0", "--all"},
-        {"optimize", "--substance-number", "99", "--all"}}) {
+        {"optimize", "--substance-number", "99", "--all"},
+        {"screen", "--substance", m_substance},
+        {"screen", "--all"},
+        {"screen", "--format", "xml"},
+        {"screen", "--scenarios", "--no-pc"},
+        {"screen", "--fishmeal", "9"},
+        {"optimize", "--substance", m_substance, "--all", "--species", "both"},
+        {"optimize", "--substance", m_substance, "--all", "--format", "csv"}}) {
     const Outcome refused = cli(bad);
     EXPECT_EQ(refused.status, 2) << bad.back();
     EXPECT_EQ(refused.err.rfind("pescavo-cli: ", 0), 0u) << refused.err;
@@ -283,14 +290,9 @@ TEST_F(CliTest, LpSolvedByGlpsolMatchesTheOptimisation) {
   }
 }
 
-double burdenOf(const std::string& statement) {
-  const std::size_t is = statement.rfind(" is ");
-  return std::stod(statement.substr(is + 4));
-}
-
-// The TSV names every limit of the sample feed; one percent more of a binding maximum in the
-// table moves the printed burden by the stated rate (to the printed three decimals).
-TEST_F(CliTest, ExplainGivesTheRatesARerunConfirms) {
+// The TSV names every limit of the sample feed, with the decimal separator asked for; the text
+// form follows the statement.
+TEST_F(CliTest, ExplainWritesTheLimitsAsTsvOrAsText) {
   const std::vector<std::string> run = {"explain", "--substance", m_substance, "--all"};
   std::vector<std::string> tsvArgs = run;
   tsvArgs.insert(tsvArgs.end(), {"--format", "tsv"});
@@ -309,27 +311,7 @@ TEST_F(CliTest, ExplainGivesTheRatesARerunConfirms) {
   const Outcome text = cli(run);
   ASSERT_EQ(text.status, 0);
   const auto said = lines(text.out);
-  const double before = burdenOf(said.at(0));
   EXPECT_EQ(said.at(1), "The maximum dietary burden is " + said[0].substr(said[0].size() - 12));
-
-  const std::string path = input() + "/feedstuff.tab";
-  ComponentTable table = readComponentTable(path);
-  int relaxed = 0;
-  for (std::size_t r = 4; r < rows.size(); ++r) {
-    const auto row = cells(rows[r]);
-    if (row[1] != "yes" || std::stod(row[5]) < std::stod(row[2]) + 1) continue;
-    for (int i = 1; i <= table.componentCount(); ++i) {
-      FeedComponent& c = table.component(i);
-      if (c.crop + " (" + c.commodity + ")" != row[0]) continue;
-      c.maxCarp += 1;
-      writeComponentTable(table, path, '.');
-      const double after = burdenOf(lines(cli(run).out).at(0));
-      EXPECT_NEAR(after - before, std::stod(row[3]), 0.001) << row[0];
-      c.maxCarp -= 1;
-      ++relaxed;
-    }
-  }
-  EXPECT_GE(relaxed, 2);
 
   EXPECT_EQ(cli({"explain", "--substance", m_substance}).status, 1);
   EXPECT_EQ(cli({"explain", "--substance", m_substance, "--all", "--format", "xml"}).status, 2);
