@@ -164,20 +164,14 @@ TEST(FilterKey, NumericEditorTakesDigitsPointEnterAndBackspaceOnly) {
 
 }  // namespace
 TEST(PlainDecimalText, ShortestTextThatReadsBackExactly) {
-  EXPECT_EQ(plainDecimalText(0), "0");
-  EXPECT_EQ(plainDecimalText(-0.0), "0");
-  EXPECT_EQ(plainDecimalText(12), "12");
-  EXPECT_EQ(plainDecimalText(12.5), "12.5");
-  EXPECT_EQ(plainDecimalText(0.1), "0.1");
-  EXPECT_EQ(plainDecimalText(-1), "-1");
-  EXPECT_EQ(plainDecimalText(1e6), "1000000");
-  EXPECT_EQ(plainDecimalText(0.1 + 0.2), "0.30000000000000004");
-  EXPECT_EQ(plainDecimalText(0.00001), "0.00001");
-  EXPECT_EQ(plainDecimalText(1e-7), "0.0000001");
-  EXPECT_EQ(plainDecimalText(1.5e-8), "1.5E-08");
-  EXPECT_EQ(plainDecimalText(123456789012345.0), "123456789012345");
-  EXPECT_EQ(plainDecimalText(1e15), "1E+15");
-  EXPECT_EQ(plainDecimalText(2.5e-300), "2.5E-300");
+  // clang-format off
+  const std::pair<double, const char*> cases[] = {
+      {0, "0"}, {-0.0, "0"}, {12, "12"}, {12.5, "12.5"}, {0.1, "0.1"}, {-1, "-1"},
+      {1e6, "1000000"}, {0.1 + 0.2, "0.30000000000000004"}, {0.00001, "0.00001"},
+      {1e-7, "0.0000001"}, {1.5e-8, "1.5E-08"}, {123456789012345.0, "123456789012345"},
+      {1e15, "1E+15"}, {2.5e-300, "2.5E-300"}};
+  // clang-format on
+  for (const auto& [value, text] : cases) EXPECT_EQ(plainDecimalText(value), text);
 
   std::mt19937_64 random(7);
   std::uniform_real_distribution<double> mantissa(1, 10);

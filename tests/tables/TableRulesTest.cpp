@@ -57,12 +57,17 @@ std::string withResidue(const std::string& residue) {
 std::string withNutrients(const std::string& nutrients) {
   return kHeader + component(nutrients + "\t0\t0.02\t0\t0.01");
 }
+const std::string kFixed = kHeader.substr(0, kHeader.find("\tResidueInputValue"));
+const std::string kRow = "Fat\tRape\toil\t\t0\t99\t99\t5\t5\t";
+const std::string kGood = kRow + "0\t1\t0\t1\r\n";
+std::string times(int n, const std::string& text) { return n ? text + times(n - 1, text) : ""; }
 
 const std::string kSpecies =
     "Species\tCommon carp\tRainbow trout\r\nCrude lipid (%)\t8\t15\r\nCrude protein "
     "(%)\t35\t42\r\n";
 const std::string kGrades = "60\t12\r\n62\t11\r\n65\t10\r\n";
 const std::string kFishmeal = "Crude protein (%)\tCrude lipid (%)\r\n" + kGrades;
+const std::string kThree = "h\r\n" + kGrades;
 
 std::string utf16(const std::string& ascii, bool bigEndian) {
   std::string out;
@@ -108,6 +113,7 @@ TEST(TableRules, RefusalsNameFileLineCellAndWhatWasExpected) {
   for (std::size_t p = crLines.find("\r\n"); p != std::string::npos; p = crLines.find("\r\n", p))
     crLines.erase(p + 1, 1);
   const std::string utf16Text = ": save the file as UTF-8 or Windows-1252 text";
+  const std::string two = "expected two species names (common carp and rainbow trout)";
   cases.insert(
       cases.end(),
       {
@@ -149,6 +155,47 @@ TEST(TableRules, RefusalsNameFileLineCellAndWhatWasExpected) {
            "line 2, cell 2: expected text, found a NUL byte (is the file a table?)"},
           {Kind::Components, withResidue("0\r5"),
            "line 2, cell 11: expected the line to end in CR LF or LF, found a CR alone inside it"},
+          {Kind::Components, kHeader + kRow + "0\t1\t0\r\n",
+           "line 2, cell 13: expected the residue value of substance 2 \"Beta\"; the line ends "
+           "after cell 12"},
+          {Kind::Components, kHeader + kRow + "0\t1\t0\t1\t7\r\n",
+           "line 2, cell 14: expected the end of the line after the residue value of substance 2 "
+           "\"Beta\" (the header names 2 substances)"},
+          {Kind::Components, kHeader + kGood + "\r\n" + kGood,
+           "line 3: expected a component, found an empty line"},
+          {Kind::Components, kHeader + kGood + kGood + "\r\n",
+           "line 4: expected a component, found an empty line"},
+          {Kind::Components, "", "line 1: expected the header line, found an empty file"},
+          {Kind::Components, kFixed + "\r\n",
+           "line 1, cell 10: expected a substance pair (\"ResidueInputValue\" and the substance's "
+           "name) after the nine component columns"},
+          {Kind::Components, kHeader.substr(0, kHeader.size() - 2) + "\t\r\n",
+           "line 1, cell 14: expected \"ResidueInputValue\" before substance 3, found an empty "
+           "cell (a TAB at the end of the line?)"},
+          {Kind::Components, kFixed + "\tResidueInputValue\t\tResidueInputValue\tBeta\r\n",
+           "line 1, cell 11: expected the name of substance 1, found an empty cell"},
+          {Kind::Components, kFixed + times(999, "\tResidueInputValue\tS") + "\r\n",
+           "line 1, cell 2006: expected at most 998 substances"},
+          {Kind::Components, kHeader + times(1001, kGood),
+           "line 1002: expected at most 1000 components"},
+          {Kind::Species, "S\tC\tT\t",
+           "line 1, cell 4: " + two + ", found a third (a TAB at the end of the line?)"},
+          {Kind::Species, "S\tC\tT\tPike",
+           "line 1, cell 4: " + two + ", found a third name \"Pike\""},
+          {Kind::Species, "S\tC", "line 1, cell 3: " + two},
+          {Kind::Species, "S\tC\tT\n1\t2\t3",
+           "line 3: expected the crude protein targets, found the end of the file"},
+          // Every species has its own target cell: none is taken over from its neighbour.
+          {Kind::Species, "S\tC\tT\nCrude lipid (%)\t8\np\t35\t42",
+           "line 2, cell 3: expected the crude lipid target (%) of \"T\", found the end of the "
+           "line"},
+          {Kind::Species, "S\tC\tT\nl\t8\t15\np\t35",
+           "line 3, cell 3: expected the crude protein target (%) of \"T\", found the end of the "
+           "line"},
+          {Kind::Species, "S\tC\tT\nl\t8\t15\np\t35\t",
+           "line 3, cell 3: expected the crude protein target (%) of \"T\" as a number from 0 to "
+           "100, found \"\""},
+          {Kind::Species, "", "line 1: expected the species names, found an empty file"},
           {Kind::Species, "Crude lipid (%)\t8\t15\r\nCrude protein (%)\t35\t42\r\n",
            "line 1, cell 2: expected the header line with the species names, found \"8\" (line 1 "
            "reads as targets: is the header missing?)"},
@@ -179,6 +226,18 @@ TEST(TableRules, RefusalsNameFileLineCellAndWhatWasExpected) {
            "line 2, cell 2: expected the crude lipid target (%) of \"Common carp\" after the "
            "label, found the end of the line"},
           {Kind::Species, "S\tCarp\tTrout\rlipid\t8\t15\rprotein\t35\t42\r", crOnly},
+          {Kind::Fishmeal, kThree + "\r\n",
+           "line 5: expected a fish-meal grade (protein and lipid in percent), found an empty "
+           "line"},
+          {Kind::Fishmeal, "h\r\n60\t12\r\n62\t11\r\n",
+           "expected at least three fish-meal grades (the third is the default), found 2"},
+          {Kind::Fishmeal, "h\r\n" + times(12, "60\t10\r\n"),
+           "line 13: expected at most 11 fish-meal grades"},
+          {Kind::Fishmeal, kThree + "6",
+           "line 5, cell 2: expected the crude lipid content (%) as a number from 0 to 100, found "
+           "\"\""},
+          {Kind::Fishmeal, kThree + "6,5 1,2\r\n",
+           "line 5, cell 3: expected the end of the line after the protein and lipid contents"},
           {Kind::Fishmeal, kGrades + "68\t9\r\n",
            "line 1, cell 1: expected the header line (the column names, such as \"Crude protein "
            "(%)\"), found the numbers \"60\" and \"12\" (line 1 reads as a fish-meal grade: is "
@@ -226,9 +285,6 @@ TEST(TableRules, TablesWithinTheRulesLoad) {
             std::vector<double>({1000000, 0, -1, 2.5}));
   EXPECT_EQ(std::vector<int>({table.basis(1, 1), table.basis(2, 1), table.basis(2, 2)}),
             std::vector<int>({1, 0, 1}));
-  const std::vector<FishSpecies> species = parseSpeciesTable(
-      "Species\tCommon carp\tRainbow trout\r\nlipid\t0\t100\r\nprotein\t35\t42\t\r\n\r\n \t", "s");
-  EXPECT_EQ(species[1].lipid, 100);
   for (const std::string header : {"", "protein lipid", "Grade 1\t2", "60 % protein, 12 % lipid"}) {
     EXPECT_EQ(parseFishmealTable(header + "\r\n" + kGrades, "m").size(), 3u) << header;
   }
