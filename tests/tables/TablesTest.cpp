@@ -87,7 +87,7 @@ TEST(ComponentTable, ValuesMoveWithTheirSubstancesAndComponents) {
   EXPECT_EQ(full.substanceCount() + full.componentCount(), 1998);
 }
 
-TEST(ReadComponentTable, CellsLineEndsCodePagesAndErrorsNamingFileLineAndCell) {
+TEST(ReadComponentTable, CellsLineEndsCodePagesAndTheSortsLimit) {
   // Cells are trimmed; basis codes round half to even; an empty one is STMR, as a new record.
   const std::string five = header({"A", "B", "C", "D", "E"});
   const std::string cells =
@@ -192,7 +192,7 @@ TEST(ComponentFile, WriteRefuseSortAndReset) {
   EXPECT_EQ(readFileBytes(path), unsorted);
 }
 
-TEST(FishTables, SpeciesAndFishmealReadingRulesAndErrors) {
+TEST(FishTables, SpeciesAndFishmealCellsAsTheyAreRead) {
   const auto both = [](double a, double b) {
     return generalForm(a, '.') + "/" + generalForm(b, '.');
   };
