@@ -40,9 +40,16 @@ class CliTest : public CliFixture {
   }
 };
 
+// check describes the tables and alone warns, on one stderr line, of a component given twice.
 // Every table is read before any command runs: a refused one stops the command with exit code
 // 2, nothing on stdout and the reader's message on one stderr line; no sweep begins.
 TEST_F(CliTest, CheckDescribesTheTablesAndARefusedTableStopsTheCommand) {
+  std::vector<std::string> all = lines(readFile("Input/feedstuff.tab"));
+  all.push_back(all.at(1));  // line 2 again as the last line
+  {
+    std::ofstream out(input() + "/feedstuff.tab", std::ios::binary);
+    for (const std::string& line : all) out << line << '\n';
+  }
   const ComponentTable table = readComponentTable(input() + "/feedstuff.tab");
   const Outcome o = cli({"check"});
   ASSERT_EQ(o.status, 0) << o.err;
@@ -50,6 +57,12 @@ TEST_F(CliTest, CheckDescribesTheTablesAndARefusedTableStopsTheCommand) {
                        std::to_string(table.substanceCount()) + " substances, 2 species, " +
                        std::to_string(readFishmealTable(input() + "/Fishmeal.tab").size()) +
                        " fish-meal grades\n");
+  EXPECT_EQ(std::count(o.err.begin(), o.err.end(), '\n'), 1) << o.err;
+  EXPECT_NE(o.err.find("feedstuff.tab: lines 2 and " + std::to_string(all.size())),
+            std::string::npos)
+      << o.err;
+  EXPECT_TRUE(cli({"substances"}).err.empty());  // check alone warns
+
   const fs::path path = fs::path(input()) / "feedstuff.tab";
   fs::copy_file(fs::path(PESCAVO_FUZZ_SEEDS) / "feedstuff-ranges.tab", path,
                 fs::copy_options::overwrite_existing);
@@ -88,7 +101,8 @@ TEST_F(CliTest, OptimizeReportAndRefusals) {
   const Outcome none = cli({"optimize", "--substance", m_substance});
   EXPECT_EQ(none.status, 1);
   EXPECT_EQ(none.err, "Please add components.\n");
-  EXPECT_EQ(cli({"report", "--substance", m_substance}).status, 1);
+  for (const char* command : {"report", "verify"})  // a run refused before the solver
+    EXPECT_EQ(cli({command, "--substance", m_substance}).status, 1) << command;
   for (const std::vector<std::string>& bad :
        {std::vector<std::string>{"optimize", "--all"},
         {"optimize", "--substance", "No such substance", "--all"},
@@ -113,7 +127,14 @@ TEST_F(CliTest, OptimizeReportAndRefusals) {
         {"optimize", "--substance", m_substance, "--all", "--simple", "--no-pc"},
         {"--input", "", "check"},
         {"optimize", "--substance-number", "0", "--all"},
-        {"optimize", "--substance-number", "99", "--all"}}) {
+        {"optimize", "--substance-number", "99", "--all"},
+        {"screen", "--substance", m_substance},
+        {"screen", "--all"},
+        {"screen", "--format", "xml"},
+        {"screen", "--scenarios", "--no-pc"},
+        {"screen", "--fishmeal", "9"},
+        {"optimize", "--substance", m_substance, "--all", "--species", "both"},
+        {"optimize", "--substance", m_substance, "--all", "--format", "csv"}}) {
     const Outcome refused = cli(bad);
     EXPECT_EQ(refused.status, 2) << bad.back();
     EXPECT_EQ(refused.err.rfind("pescavo-cli: ", 0), 0u) << refused.err;
@@ -145,24 +166,6 @@ TEST_F(CliTest, FishmealGradeIsUsedAsGiven) {
       EXPECT_NE(first.out, third.out) << command << " simple " << simple;
     }
   }
-}
-
-// A component row given twice is read, and check alone says which lines hold it.
-TEST_F(CliTest, CheckWarnsOfAComponentGivenTwice) {
-  std::vector<std::string> all = lines(readFile("Input/feedstuff.tab"));
-  ASSERT_GE(all.size(), 4u);
-  all.push_back(all[1]);  // line 2 again as the last line
-  {
-    std::ofstream out(input() + "/feedstuff.tab", std::ios::binary);
-    for (const std::string& line : all) out << line << '\n';
-  }
-  const Outcome o = cli({"check"});
-  EXPECT_EQ(o.status, 0) << o.err;
-  EXPECT_EQ(std::count(o.err.begin(), o.err.end(), '\n'), 1) << o.err;
-  EXPECT_NE(o.err.find("feedstuff.tab: lines 2 and " + std::to_string(all.size())),
-            std::string::npos)
-      << o.err;
-  EXPECT_TRUE(cli({"substances"}).err.empty());  // check alone warns
 }
 
 // Two substances of one name: the name alone is refused with the way out, the number picks.
@@ -208,7 +211,7 @@ TEST_F(CliTest, ComponentsAreMovedInTheOrderGivenAndOnce) {
 // The sweep prints its table and writes both report files, Report.txt as after one press of
 // "Open Full Report File" (header block and summary first). Then a disk that takes no byte:
 // the reports of the sweep before stay as they were, each file is named once, and the exit
-// code says so.
+// code says so. verify --scenarios judges the same sixteen runs.
 TEST_F(CliTest, SweepWritesBothReportsAndAFullDiskKeepsTheLastOnes) {
   const Outcome o = cli({"sweep", "--substance", m_substance, "--all"});
   ASSERT_EQ(o.status, 0) << o.err;
@@ -239,25 +242,17 @@ TEST_F(CliTest, SweepWritesBothReportsAndAFullDiskKeepsTheLastOnes) {
     left.push_back(entry.path().filename().string());
   std::sort(left.begin(), left.end());
   EXPECT_EQ(left, (std::vector<std::string>{"Input", "Report.rtf", "Report.txt"}));
-}
 
-// The sweep's sixteen runs of a sample substance, each judged by GLPK, and a single run.
-TEST_F(CliTest, IndependentCheckAgreesOnTheSampleData) {
-  const Outcome o = cli({"verify", "--scenarios", "--substance", m_substance, "--all"});
-  EXPECT_EQ(o.status, 0) << o.out;
-  const auto rows = lines(o.out);
-  ASSERT_EQ(rows.size(), 16u);
-  for (size_t run = 0; run < rows.size(); ++run) {
+  const Outcome verified = cli({"verify", "--scenarios", "--substance", m_substance, "--all"});
+  EXPECT_EQ(verified.status, 0) << verified.out;
+  const auto verdicts = lines(verified.out);
+  ASSERT_EQ(verdicts.size(), 16u);
+  for (size_t run = 0; run < verdicts.size(); ++run) {
     // "N, agrees, the reported burden, the same true optimum" ("-" and "not solvable").
-    const auto f = cells(rows[run]);
-    ASSERT_EQ(f.size(), 4u) << rows[run];
-    EXPECT_EQ(f[0] + " " + f[1], std::to_string(run + 1) + " agrees");
-    EXPECT_EQ(f[2] == "-" ? "not solvable" : f[2], f[3]) << rows[run];
+    const std::string burden = cells(rows[run]).at(2);
+    EXPECT_EQ(verdicts[run], std::to_string(run + 1) + "\tagrees\t" + burden + "\t" +
+                                 (burden == "-" ? "not solvable" : burden));
   }
-  const Outcome single = cli({"verify", "--substance", m_substance, "--all"});
-  ASSERT_EQ(single.status, 0);
-  EXPECT_EQ(lines(single.out).at(1).rfind("Independent check: agrees", 0), 0u);
-  EXPECT_EQ(cli({"verify", "--substance", m_substance}).status, 1);
 }
 
 // The programme `lp` writes, solved by glpsol, has the optimum that `optimize` reports.
@@ -283,14 +278,9 @@ TEST_F(CliTest, LpSolvedByGlpsolMatchesTheOptimisation) {
   }
 }
 
-double burdenOf(const std::string& statement) {
-  const std::size_t is = statement.rfind(" is ");
-  return std::stod(statement.substr(is + 4));
-}
-
-// The TSV names every limit of the sample feed; one percent more of a binding maximum in the
-// table moves the printed burden by the stated rate (to the printed three decimals).
-TEST_F(CliTest, ExplainGivesTheRatesARerunConfirms) {
+// The TSV names every limit of the sample feed, with the decimal separator asked for; the text
+// form follows the statement.
+TEST_F(CliTest, ExplainWritesTheLimitsAsTsvOrAsText) {
   const std::vector<std::string> run = {"explain", "--substance", m_substance, "--all"};
   std::vector<std::string> tsvArgs = run;
   tsvArgs.insert(tsvArgs.end(), {"--format", "tsv"});
@@ -309,27 +299,7 @@ TEST_F(CliTest, ExplainGivesTheRatesARerunConfirms) {
   const Outcome text = cli(run);
   ASSERT_EQ(text.status, 0);
   const auto said = lines(text.out);
-  const double before = burdenOf(said.at(0));
   EXPECT_EQ(said.at(1), "The maximum dietary burden is " + said[0].substr(said[0].size() - 12));
-
-  const std::string path = input() + "/feedstuff.tab";
-  ComponentTable table = readComponentTable(path);
-  int relaxed = 0;
-  for (std::size_t r = 4; r < rows.size(); ++r) {
-    const auto row = cells(rows[r]);
-    if (row[1] != "yes" || std::stod(row[5]) < std::stod(row[2]) + 1) continue;
-    for (int i = 1; i <= table.componentCount(); ++i) {
-      FeedComponent& c = table.component(i);
-      if (c.crop + " (" + c.commodity + ")" != row[0]) continue;
-      c.maxCarp += 1;
-      writeComponentTable(table, path, '.');
-      const double after = burdenOf(lines(cli(run).out).at(0));
-      EXPECT_NEAR(after - before, std::stod(row[3]), 0.001) << row[0];
-      c.maxCarp -= 1;
-      ++relaxed;
-    }
-  }
-  EXPECT_GE(relaxed, 2);
 
   EXPECT_EQ(cli({"explain", "--substance", m_substance}).status, 1);
   EXPECT_EQ(cli({"explain", "--substance", m_substance, "--all", "--format", "xml"}).status, 2);

@@ -51,35 +51,6 @@ TEST(Simplex, HandSolvableAndUnreachableFeedsForBothCriteria) {
   }
 }
 
-// The set-up steps only, then the tableau as laid out and the first phase-1 pivot row.
-TEST(Simplex, PhaseOneTableauAndTheLowestRowOfARatioTie) {
-  const OptimisationProblem two = feed({{4, 25, 0.3, 40}, {12, 40, 0.9, 100}}, 7, 30);
-  SimplexTableau tableau;
-  OptimisationResult result;
-  Simplex simplex(two, Criterion::Maximum, tableau, result);
-  simplex.ErstelleEinheitsmatrix(), simplex.ErstelleSimplextableau1();
-  const double rows[7][8] = {{4, 12, 0, 0, 1, 0, 0, 7},  {25, 40, 0, 0, 0, 1, 0, 30},
-                             {1, 1, 0, 0, 0, 0, 1, 1},   {1, 0, 1, 0, 0, 0, 0, 0.4},
-                             {0, 1, 0, 1, 0, 0, 0, 1},   {0.3, 0.9, 0, 0, 0, 0, 0, 0},
-                             {30, 53, 0, 0, 0, 0, 0, 38}};
-  ASSERT_EQ(std::pair(tableau.rows(), tableau.columns()), std::pair(7, 8));
-  for (int i = 1; i <= 7; ++i)
-    for (int k = 1; k <= 8; ++k) EXPECT_EQ(tableau(i, k), rows[i - 1][k - 1]) << i << ", " << k;
-  EXPECT_EQ(std::vector<int>(tableau.basis.begin() + 1, tableau.basis.end()),
-            (std::vector<int>{5, 6, 7, 3, 4}));
-  EXPECT_EQ(tableau.residueCopy, (std::vector<double>{0.3, 0.9}));
-  // n = 1 {lipid, protein, lipid target, pivot row}: rows 1, 3 and 4 or rows 3 and 4 at ratio 1.
-  for (const auto& c : {std::array<double, 4>{10, 30, 10, 1}, {5, 30, 10, 3}}) {
-    const OptimisationProblem one = feed({{c[0], c[1], 1, 100}}, c[2], 60);
-    SimplexTableau fresh;
-    Simplex s(one, Criterion::Maximum, fresh, result);
-    s.ErstelleEinheitsmatrix(), s.ErstelleSimplextableau1();
-    ASSERT_TRUE(s.Pivotsuche(1));
-    EXPECT_EQ(s.pivotRow(), c[3]);
-    EXPECT_EQ(fresh.basis[s.pivotRow()], 1);
-  }
-}
-
 TEST(Simplex, EveryPseudoComponentCombinationWithAndWithoutLimits) {
   // After phase 1 only PC, CC, F and slacks are basic and the burden is a round-off value
   // above 0; judged by its sign, the row would stay as it is and Minimum would maximise.

@@ -92,24 +92,22 @@ std::string message(const std::string& path, int error) {
   return "Could not write the file " + path + ": " + std::strerror(error) + ".";
 }
 
-// Each report writer with the bytes it puts into a fresh file.
+// Each report writer with the bytes it leaves in a file that held old.
 struct Writer {
   const char* name;
   const char* file;
   std::function<void(const std::string&, const std::string&)> write;
-  std::function<std::string(const std::string&)> expected;
+  std::function<std::string(const std::string& old, const std::string& text)> expected;
 };
 
 std::vector<Writer> writers() {
-  const auto crLf = [](const std::string& text) { return text + "\r\n"; };
-  return {
-      {"txt_WriteAll", "Report.txt",
-       [](const std::string& path, const std::string& text) { txt_WriteAll(path, text); }, crLf},
-      {"txt_AppendLine", "Report.txt",
-       [](const std::string& path, const std::string& text) { txt_AppendLine(path, text); }, crLf},
-      {"RtfWriter::save", "Report.rtf",
-       [](const std::string& path, const std::string& rtf) { RtfWriter::save(path, rtf); },
-       [](const std::string& text) { return text; }}};
+  using Text = const std::string&;
+  return {{"txt_WriteAll", "Report.txt", [](Text path, Text text) { txt_WriteAll(path, text); },
+           [](Text, Text text) { return text + "\r\n"; }},
+          {"txt_AppendLine", "Report.txt", [](Text path, Text text) { txt_AppendLine(path, text); },
+           [](Text old, Text text) { return old + text + "\r\n"; }},
+          {"RtfWriter::save", "Report.rtf", [](Text path, Text rtf) { RtfWriter::save(path, rtf); },
+           [](Text, Text rtf) { return rtf; }}};
 }
 
 // The writer refuses with the report file's path and the system's reason.
@@ -123,100 +121,63 @@ std::vector<Writer> writers() {
   return ::testing::AssertionSuccess();
 }
 
-TEST_F(TextFilesTest, WriteAllReplacesEveryByteOfTheOldFile) {
-  const std::string path = file("Report.txt");
-  put(path, std::string(5000, 'o') + "\r\n");
-  txt_WriteAll(path, kAwkwardText);
-  EXPECT_EQ(bytes(path), kAwkwardText + "\r\n");
-  txt_WriteAll(path, "");
-  EXPECT_EQ(bytes(path), "\r\n");
-  EXPECT_EQ(names(), std::vector<std::string>{"Report.txt"});
-}
-
-TEST_F(TextFilesTest, AppendLineWritesTheOldBytesThenTheTextAndCrLf) {
-  const std::string path = file("Report.txt");
-  txt_AppendLine(path, "first");
-  EXPECT_EQ(bytes(path), "first\r\n");
-  txt_AppendLine(path, kAwkwardText);
-  EXPECT_EQ(bytes(path), "first\r\n" + kAwkwardText + "\r\n");
-
-  // An old file without a final line end, larger than any one read buffer.
+// An old file larger than any one read buffer and without a final line end, then a shorter
+// text: the writer leaves exactly its bytes, and no other file. A temporary file is created
+// private; the report must stay as readable as it was.
+TEST_F(TextFilesTest, EachWriterLeavesItsBytesAndTheFilesMode) {
   std::string old;
   for (int i = 0; i < 300000; ++i) old += static_cast<char>(i * 7 % 251);
-  put(path, old);
-  txt_AppendLine(path, "x");
-  EXPECT_TRUE(holds(path, old + "x\r\n"));
-  EXPECT_EQ(names(), std::vector<std::string>{"Report.txt"});
-}
-
-TEST_F(TextFilesTest, RtfSaveWritesTheDocumentAsItIs) {
-  const std::string path = file("Report.rtf");
-  const std::string longer = RtfWriter::document(std::string(3000, 'a'));
-  RtfWriter::save(path, longer);
-  EXPECT_TRUE(holds(path, longer));
-  const std::string shorter = RtfWriter::document("b");
-  RtfWriter::save(path, shorter);
-  EXPECT_EQ(bytes(path), shorter);
-  EXPECT_EQ(names(), std::vector<std::string>{"Report.rtf"});
-}
-
-// A temporary file is created private; the report must stay as readable as it was.
-TEST_F(TextFilesTest, AReplacedFileKeepsItsModeAndANewOneFollowsTheUmask) {
   mode_t mode = 0604;
   for (const Writer& w : writers()) {
     SCOPED_TRACE(w.name);
     const std::string path = file(w.file);
-    put(path, "old\r\n");
-    ASSERT_EQ(::chmod(path.c_str(), mode), 0);
-    w.write(path, "new");
+    put(path, old);
+    ASSERT_EQ(::chmod(path.c_str(), mode ^= 0060), 0);
+    w.write(path, kAwkwardText);
+    const std::string first = w.expected(old, kAwkwardText);
+    EXPECT_TRUE(holds(path, first));
+    w.write(path, "");
+    EXPECT_TRUE(holds(path, w.expected(first, "")));
     EXPECT_EQ(modeOf(path), mode);
-    mode ^= 0060;
+    EXPECT_EQ(names(), std::vector<std::string>{w.file});
+    fs::remove(path);
   }
+}
 
+TEST_F(TextFilesTest, ANewFileFollowsTheUmask) {
   const mode_t previous = ::umask(026);
   for (const Writer& w : writers()) {
     SCOPED_TRACE(w.name);
     const std::string path = file(std::string("New-") + w.name + ".out");
     w.write(path, "new");
-    EXPECT_EQ(bytes(path), w.expected("new"));
+    EXPECT_EQ(bytes(path), w.expected("", "new"));
     EXPECT_EQ(modeOf(path), 0640u);
   }
   ::umask(previous);
 }
 
-TEST_F(TextFilesTest, AMissingFolderIsNamedByTheReportFile) {
-  for (const Writer& w : writers())
-    EXPECT_TRUE(refuses(w, file(std::string("missing/") + w.file), ENOENT));
-  EXPECT_TRUE(names().empty());
-}
-
-// The temporary file is made before the rename fails: it must be gone again.
-TEST_F(TextFilesTest, AFolderInThePlaceOfTheReportIsLeftAloneWithNoTemporaryFile) {
+// A missing folder, a folder in the report's place (the temporary file is made before the
+// rename fails) and a read-only folder: each writer refuses, naming the report file and the
+// system's reason, and leaves the folder as it was.
+TEST_F(TextFilesTest, ARefusedWriteNamesTheReportAndLeavesTheFolderAsItWas) {
   for (const Writer& w : writers()) {
+    EXPECT_TRUE(refuses(w, file(std::string("missing/") + w.file), ENOENT));
     if (std::string(w.name) == "txt_AppendLine") continue;  // fails reading, before any write
-    const std::string path = file(w.file);
-    fs::create_directory(path);
-    EXPECT_TRUE(refuses(w, path, EISDIR));
-    EXPECT_TRUE(fs::is_empty(path)) << w.name;
+    fs::create_directory(file(w.file));
+    EXPECT_TRUE(refuses(w, file(w.file), EISDIR));
+    EXPECT_TRUE(fs::is_empty(file(w.file))) << w.name;
   }
   EXPECT_EQ(names(), (std::vector<std::string>{"Report.rtf", "Report.txt"}));
-}
 
-TEST_F(TextFilesTest, AReadOnlyFolderKeepsTheOldReports) {
-  const std::string txt = file("Report.txt");
-  const std::string rtf = file("Report.rtf");
-  put(txt, "old text\r\n");
-  put(rtf, "{\\rtf1 old}");
-  ASSERT_EQ(::chmod(m_folder.c_str(), 0555), 0);
-  const std::string probe = file("probe");
-  if (std::ofstream(probe)) {
-    fs::remove(probe);
-    GTEST_SKIP() << "folder permissions are not enforced for this user";
+  for (const char* name : {"Report.rtf", "Report.txt"}) {
+    fs::remove(file(name));
+    put(file(name), std::string("old ") + name);
   }
-
+  ASSERT_EQ(::chmod(m_folder.c_str(), 0555), 0);
+  if (std::ofstream(file("probe"))) GTEST_SKIP() << "folder permissions are not enforced";
   for (const Writer& w : writers()) EXPECT_TRUE(refuses(w, file(w.file), EACCES));
-  EXPECT_EQ(bytes(txt), "old text\r\n");
-  EXPECT_EQ(bytes(rtf), "{\\rtf1 old}");
+  for (const char* name : {"Report.rtf", "Report.txt"})
+    EXPECT_EQ(bytes(file(name)), std::string("old ") + name);
   EXPECT_EQ(names(), (std::vector<std::string>{"Report.rtf", "Report.txt"}));
 }
 

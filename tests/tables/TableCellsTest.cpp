@@ -96,18 +96,7 @@ TEST(NumberCell, FastReadingsGiveZahlsBitsOnRandomCells) {
   EXPECT_GT(accepted, plain + 50000);
 }
 
-TEST(TableCells, CuttingAndQuoting) {
-  std::string_view rest = "a\tb c\t", cell;
-  ASSERT_TRUE(takeCell(rest, cell));
-  EXPECT_EQ(cell, "a");
-  dropCell(rest);
-  EXPECT_EQ(rest, "");
-  EXPECT_FALSE(takeCell(rest, cell));
-  EXPECT_EQ(splitCells("x\t\ty").size(), 3u);
-  EXPECT_EQ(cellAt("a\tb\tc", 2), 2);
-  EXPECT_EQ(cellAt("a\tb\tc", 4), 3);
-  EXPECT_TRUE(onlyBlanks(" \t "));
-  EXPECT_FALSE(onlyBlanks(" x"));
+TEST(TableCells, AQuotedTextIsCutAfter40BytesBetweenCharacters) {
   // 39 ASCII bytes and a two-byte character across the cut: the character goes whole.
   EXPECT_EQ(quotedText(std::string(39, 'a') + "\xC3\xA4" + "bc"),
             "\"" + std::string(39, 'a') + "...\"");

@@ -57,12 +57,17 @@ std::string withResidue(const std::string& residue) {
 std::string withNutrients(const std::string& nutrients) {
   return kHeader + component(nutrients + "\t0\t0.02\t0\t0.01");
 }
+const std::string kFixed = kHeader.substr(0, kHeader.find("\tResidueInputValue"));
+const std::string kRow = "Fat\tRape\toil\t\t0\t99\t99\t5\t5\t";
+const std::string kGood = kRow + "0\t1\t0\t1\r\n";
+std::string times(int n, const std::string& text) { return n ? text + times(n - 1, text) : ""; }
 
 const std::string kSpecies =
     "Species\tCommon carp\tRainbow trout\r\nCrude lipid (%)\t8\t15\r\nCrude protein "
     "(%)\t35\t42\r\n";
 const std::string kGrades = "60\t12\r\n62\t11\r\n65\t10\r\n";
 const std::string kFishmeal = "Crude protein (%)\tCrude lipid (%)\r\n" + kGrades;
+const std::string kThree = "h\r\n" + kGrades;
 
 std::string utf16(const std::string& ascii, bool bigEndian) {
   std::string out;
@@ -94,9 +99,15 @@ TEST(TableRules, RefusalsNameFileLineCellAndWhatWasExpected) {
     cases.push_back(
         {Kind::Components, withResidue(text), residueExpected(11, "substance 1 \"Alpha\"", text)});
   }
-  const auto percent = [](int cell, const std::string& what, const std::string& found) {
-    return "line 2, cell " + std::to_string(cell) + ": expected the " + what +
-           " as a number from 0 to 100, found \"" + found + "\"";
+  const auto at = [](int line, int cell) {
+    return "line " + std::to_string(line) + ", cell " + std::to_string(cell) + ": expected the ";
+  };
+  const auto percent = [&](int line, int cell, const std::string& what, const std::string& found) {
+    return at(line, cell) + what + " as a number from 0 to 100, found \"" + found + "\"";
+  };
+  const auto target = [&](int line, int cell, const std::string& species) {  // and what follows
+    return at(line, cell) + (line == 2 ? "crude lipid" : "crude protein") + " target (%) of \"" +
+           species + "\"";
   };
   const std::string header =
       "line 1, cell 5: expected the header line, with \"CP (%)\" in cell 5, "
@@ -107,7 +118,11 @@ TEST(TableRules, RefusalsNameFileLineCellAndWhatWasExpected) {
   std::string crLines = withResidue("0.5");
   for (std::size_t p = crLines.find("\r\n"); p != std::string::npos; p = crLines.find("\r\n", p))
     crLines.erase(p + 1, 1);
-  const std::string utf16Text = ": save the file as UTF-8 or Windows-1252 text";
+  const auto utf16Found = [](const std::string& kind) {
+    return "expected UTF-8 or Windows-1252 text, found UTF-16 (" + kind +
+           "): save the file as UTF-8 or Windows-1252 text";
+  };
+  const std::string two = "expected two species names (common carp and rainbow trout)";
   cases.insert(
       cases.end(),
       {
@@ -120,17 +135,17 @@ TEST(TableRules, RefusalsNameFileLineCellAndWhatWasExpected) {
            "line 2, cell 12: expected the residue input value (0 STMR or 1 STMR-P) of substance "
            "2 \"Beta\", found \"2\""},
           {Kind::Components, withNutrients("500\t4.3\t88\t40\t15"),
-           percent(5, "crude protein CP (%)", "500")},
+           percent(2, 5, "crude protein CP (%)", "500")},
           {Kind::Components, withNutrients("\t4.3\t88\t40\t15"),
-           percent(5, "crude protein CP (%)", "")},
+           percent(2, 5, "crude protein CP (%)", "")},
           {Kind::Components, withNutrients("9.4\t-1\t88\t40\t15"),
-           percent(6, "crude lipid CL (%)", "-1")},
+           percent(2, 6, "crude lipid CL (%)", "-1")},
           {Kind::Components, withNutrients("9.4\t4.3\t-88\t40\t15"),
-           percent(7, "dry matter DM(%)", "-88")},
+           percent(2, 7, "dry matter DM(%)", "-88")},
           {Kind::Components, withNutrients("9.4\t4.3\t88\t-5\t15"),
-           percent(8, "maximum inclusion for carp", "-5")},
+           percent(2, 8, "maximum inclusion for carp", "-5")},
           {Kind::Components, withNutrients("9.4\t4.3\t88\t40\t100.5"),
-           percent(9, "maximum inclusion for trout", "100.5")},
+           percent(2, 9, "maximum inclusion for trout", "100.5")},
           {Kind::Components, withNutrients("60\t50\t88\t40\t15"),
            "line 2, cell 6: expected the crude protein CP (%) and the crude lipid CL (%) to add "
            "up to at most 100, found \"60\" + \"50\""},
@@ -138,10 +153,8 @@ TEST(TableRules, RefusalsNameFileLineCellAndWhatWasExpected) {
            component(kNutrients + "\t0\t0.02\t0\t0.01") +
                component(kNutrients + "\t0\t0.03\t0\t0.01", "Oat"),
            header},
-          {Kind::Components, utf16(withResidue("0.5"), false),
-           "expected UTF-8 or Windows-1252 text, found UTF-16 (little-endian)" + utf16Text},
-          {Kind::Components, utf16(withResidue("0.5"), true),
-           "expected UTF-8 or Windows-1252 text, found UTF-16 (big-endian)" + utf16Text},
+          {Kind::Components, utf16(withResidue("0.5"), false), utf16Found("little-endian")},
+          {Kind::Components, utf16(withResidue("0.5"), true), utf16Found("big-endian")},
           {Kind::Components, crLines, crOnly},
           {Kind::Components,
            kHeader + "Cereal Grains/ Crop Seeds\tMa" + std::string(1, '\0') + "ize\tgrain\t\t" +
@@ -149,17 +162,51 @@ TEST(TableRules, RefusalsNameFileLineCellAndWhatWasExpected) {
            "line 2, cell 2: expected text, found a NUL byte (is the file a table?)"},
           {Kind::Components, withResidue("0\r5"),
            "line 2, cell 11: expected the line to end in CR LF or LF, found a CR alone inside it"},
+          {Kind::Components, kHeader + kRow + "0\t1\t0\r\n",
+           "line 2, cell 13: expected the residue value of substance 2 \"Beta\"; the line ends "
+           "after cell 12"},
+          {Kind::Components, kHeader + kRow + "0\t1\t0\t1\t7\r\n",
+           "line 2, cell 14: expected the end of the line after the residue value of substance 2 "
+           "\"Beta\" (the header names 2 substances)"},
+          {Kind::Components, kHeader + kGood + "\r\n" + kGood,
+           "line 3: expected a component, found an empty line"},
+          {Kind::Components, kHeader + kGood + kGood + "\r\n",
+           "line 4: expected a component, found an empty line"},
+          {Kind::Components, "", "line 1: expected the header line, found an empty file"},
+          {Kind::Components, kFixed + "\r\n",
+           "line 1, cell 10: expected a substance pair (\"ResidueInputValue\" and the substance's "
+           "name) after the nine component columns"},
+          {Kind::Components, kHeader.substr(0, kHeader.size() - 2) + "\t\r\n",
+           "line 1, cell 14: expected \"ResidueInputValue\" before substance 3, found an empty "
+           "cell (a TAB at the end of the line?)"},
+          {Kind::Components, kFixed + "\tResidueInputValue\t\tResidueInputValue\tBeta\r\n",
+           "line 1, cell 11: expected the name of substance 1, found an empty cell"},
+          {Kind::Components, kFixed + times(999, "\tResidueInputValue\tS") + "\r\n",
+           "line 1, cell 2006: expected at most 998 substances"},
+          {Kind::Components, kHeader + times(1001, kGood),
+           "line 1002: expected at most 1000 components"},
+          {Kind::Species, "S\tC\tT\t",
+           "line 1, cell 4: " + two + ", found a third (a TAB at the end of the line?)"},
+          {Kind::Species, "S\tC\tT\tPike",
+           "line 1, cell 4: " + two + ", found a third name \"Pike\""},
+          {Kind::Species, "S\tC", "line 1, cell 3: " + two},
+          {Kind::Species, "S\tC\tT\n1\t2\t3",
+           "line 3: expected the crude protein targets, found the end of the file"},
+          // Every species has its own target cell: none is taken over from its neighbour.
+          {Kind::Species, "S\tC\tT\nCrude lipid (%)\t8\np\t35\t42",
+           target(2, 3, "T") + ", found the end of the line"},
+          {Kind::Species, "S\tC\tT\nl\t8\t15\np\t35",
+           target(3, 3, "T") + ", found the end of the line"},
+          {Kind::Species, "S\tC\tT\nl\t8\t15\np\t35\t",
+           target(3, 3, "T") + " as a number from 0 to 100, found \"\""},
+          {Kind::Species, "", "line 1: expected the species names, found an empty file"},
           {Kind::Species, "Crude lipid (%)\t8\t15\r\nCrude protein (%)\t35\t42\r\n",
            "line 1, cell 2: expected the header line with the species names, found \"8\" (line 1 "
            "reads as targets: is the header missing?)"},
           {Kind::Species, "\xFF\xFE" + utf16(kSpecies, false),
-           "expected UTF-8 or Windows-1252 text, found UTF-16 (little-endian, with a byte-order "
-           "mark)" +
-               utf16Text},
+           utf16Found("little-endian, with a byte-order mark")},
           {Kind::Species, "\xFE\xFF" + utf16(kSpecies, true),
-           "expected UTF-8 or Windows-1252 text, found UTF-16 (big-endian, with a byte-order "
-           "mark)" +
-               utf16Text},
+           utf16Found("big-endian, with a byte-order mark")},
           {Kind::Species, kSpecies + "Crude fibre (%)\t3\t4\r\n",
            "line 4, cell 1: expected the end of the file after the crude protein targets of line "
            "3, found \"Crude fibre (%)\""},
@@ -167,35 +214,36 @@ TEST(TableRules, RefusalsNameFileLineCellAndWhatWasExpected) {
            "line 6, cell 3: expected the end of the file after the crude protein targets of line "
            "3, found \"x\""},
           {Kind::Species, "S\tCommon carp\tRainbow trout\r\nlipid\thigh\t15\r\nprotein\t35\t42",
-           "line 2, cell 2: expected the crude lipid target (%) of \"Common carp\" as a number "
-           "from 0 to 100, found \"high\""},
+           target(2, 2, "Common carp") + " as a number from 0 to 100, found \"high\""},
           {Kind::Species, "S\tCommon carp\tRainbow trout\r\nlipid\t8\t15\r\nprotein\t35\t150",
-           "line 3, cell 3: expected the crude protein target (%) of \"Rainbow trout\" as a "
-           "number from 0 to 100, found \"150\""},
+           target(3, 3, "Rainbow trout") + " as a number from 0 to 100, found \"150\""},
           {Kind::Species, "S\tCommon carp\tRainbow trout\r\nlipid\t8\t15\t\t20\r\nprotein\t3\t4",
            "line 2, cell 5: expected the end of the line after the targets of the two species, "
            "found \"20\""},
           {Kind::Species, "S\tCommon carp\tRainbow trout\r\nlipid\r\nprotein\t35\t42",
-           "line 2, cell 2: expected the crude lipid target (%) of \"Common carp\" after the "
-           "label, found the end of the line"},
+           target(2, 2, "Common carp") + " after the label, found the end of the line"},
           {Kind::Species, "S\tCarp\tTrout\rlipid\t8\t15\rprotein\t35\t42\r", crOnly},
+          {Kind::Fishmeal, kThree + "\r\n",
+           "line 5: expected a fish-meal grade (protein and lipid in percent), found an empty "
+           "line"},
+          {Kind::Fishmeal, "h\r\n60\t12\r\n62\t11\r\n",
+           "expected at least three fish-meal grades (the third is the default), found 2"},
+          {Kind::Fishmeal, "h\r\n" + times(12, "60\t10\r\n"),
+           "line 13: expected at most 11 fish-meal grades"},
+          {Kind::Fishmeal, kThree + "6", percent(5, 2, "crude lipid content (%)", "")},
+          {Kind::Fishmeal, kThree + "6,5 1,2\r\n",
+           "line 5, cell 3: expected the end of the line after the protein and lipid contents"},
           {Kind::Fishmeal, kGrades + "68\t9\r\n",
            "line 1, cell 1: expected the header line (the column names, such as \"Crude protein "
            "(%)\"), found the numbers \"60\" and \"12\" (line 1 reads as a fish-meal grade: is "
            "the header missing?)"},
           {Kind::Fishmeal, kFishmeal + "101\t8\r\n",
-           "line 5, cell 1: expected the crude protein content (%) as a number from 0 to 100, "
-           "found \"101\""},
-          {Kind::Fishmeal, kFishmeal + "70 8%\r\n",
-           "line 5, cell 2: expected the crude lipid content (%) as a number from 0 to 100, "
-           "found \"8%\""},
+           percent(5, 1, "crude protein content (%)", "101")},
+          {Kind::Fishmeal, kFishmeal + "70 8%\r\n", percent(5, 2, "crude lipid content (%)", "8%")},
           {Kind::Fishmeal, kFishmeal + "70\t-1\r\n",
-           "line 5, cell 2: expected the crude lipid content (%) as a number from 0 to 100, "
-           "found \"-1\""},
+           percent(5, 2, "crude lipid content (%)", "-1")},
           {Kind::Fishmeal, "\xFF\xFE" + utf16(kFishmeal, false),
-           "expected UTF-8 or Windows-1252 text, found UTF-16 (little-endian, with a byte-order "
-           "mark)" +
-               utf16Text},
+           utf16Found("little-endian, with a byte-order mark")},
       });
   TempFolder folder;
   for (const Refusal& c : cases) {
@@ -226,9 +274,6 @@ TEST(TableRules, TablesWithinTheRulesLoad) {
             std::vector<double>({1000000, 0, -1, 2.5}));
   EXPECT_EQ(std::vector<int>({table.basis(1, 1), table.basis(2, 1), table.basis(2, 2)}),
             std::vector<int>({1, 0, 1}));
-  const std::vector<FishSpecies> species = parseSpeciesTable(
-      "Species\tCommon carp\tRainbow trout\r\nlipid\t0\t100\r\nprotein\t35\t42\t\r\n\r\n \t", "s");
-  EXPECT_EQ(species[1].lipid, 100);
   for (const std::string header : {"", "protein lipid", "Grade 1\t2", "60 % protein, 12 % lipid"}) {
     EXPECT_EQ(parseFishmealTable(header + "\r\n" + kGrades, "m").size(), 3u) << header;
   }
