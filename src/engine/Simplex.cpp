@@ -83,7 +83,6 @@ void Simplex::ErstelleSimplextableau1() {
     t.boundUnit[j - 1] = unit(j, j);
     rhs[3 + j] = entry(m_problem.maxInclusion, j) / 100;
     t.basicValue[3 + j] = unit(j, j);
-    t.residueCopy[j - 1] = entry(m_problem.residue, j);
   }
 }
 

@@ -45,7 +45,8 @@ class Simplex {
   // Fixes the order of the unit matrix the tableau is built from: problem.unitOrder, or no
   // limit when it is 0 (problems made by hand). Beyond that order the unit entries are 0.
   void ErstelleEinheitsmatrix();
-  // Sizes the tableau to the problem and fills the phase-1 tableau, basis and residue copy.
+  // Sizes the tableau to the problem and fills the phase-1 tableau and basis. The reports read
+  // the objective coefficients from the problem, so the tableau keeps no copy of them.
   void ErstelleSimplextableau1();
   // Phase 1; sets result.solvable and goes on to phase 2 when the problem is feasible.
   void Hilfsproblemloesen();

@@ -26,7 +26,6 @@ void SimplexTableau::reset(int n) {
   basicValue.resize(n + 4);
   rhs.resize(n + 6);
   boundUnit.resize(n);
-  residueCopy.resize(n);
 }
 
 void SimplexTableau::store(int i) {

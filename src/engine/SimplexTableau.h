@@ -35,8 +35,8 @@ namespace pescavo {
 class SimplexTableau {
  public:
   // Sizes the tableau for n variables: x(1..n) in slots 0..n - 1, the slacks and artificials
-  // basic, no row stored. Cells, right-hand sides, basic values, bound units and the residue
-  // copy are left as they are; the caller writes them.
+  // basic, no row stored. Cells, right-hand sides, basic values and bound units are left as
+  // they are; the caller writes them.
   void reset(int n);
 
   int rows() const { return m_n + 5; }
@@ -58,11 +58,10 @@ class SimplexTableau {
   // Words of the stored-row bit set, bit i for row i (rows 1..n + 3).
   const std::vector<std::uint64_t>& storedRows() const { return m_stored; }
 
-  std::vector<int> basis;           // basis[i], i = 1..n + 3: column basic in row i; [0] unused
-  std::vector<double> residueCopy;  // index j - 1: objective coefficient of variable j
-  std::vector<int> slotOf;          // slotOf[k]: slot of column k, -1 while k is basic
-  std::vector<double> basicValue;   // basicValue[i]: the basic column's value in row i
-  std::vector<double> rhs;          // rhs[i]: right-hand side of row i; [0] unused
+  std::vector<int> basis;          // basis[i], i = 1..n + 3: column basic in row i; [0] unused
+  std::vector<int> slotOf;         // slotOf[k]: slot of column k, -1 while k is basic
+  std::vector<double> basicValue;  // basicValue[i]: the basic column's value in row i
+  std::vector<double> rhs;         // rhs[i]: right-hand side of row i; [0] unused
   // Upper-bound row of variable j, index j - 1, as laid out: the coefficient of x(j) and s(j).
   std::vector<double> boundUnit;
 
