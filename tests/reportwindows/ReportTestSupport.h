@@ -10,10 +10,8 @@
 #include <QPushButton>
 #include <QTableWidget>
 #include <QTest>
-#include <QTimer>
 #include <cstdio>
 #include <filesystem>
-#include <functional>
 #include <memory>
 #include <string>
 
@@ -124,19 +122,6 @@ class ReportWindowTest : public ::testing::Test {
     if (!combo) return;
     while (combo->currentIndex() < kind) QTest::keyClick(combo, Qt::Key_Down);
     while (combo->currentIndex() > kind) QTest::keyClick(combo, Qt::Key_Up);
-  }
-
-  // Runs body while a modal window opened by open() is on screen, then closes it with "Done"
-  // unless body did; a failed check in body still lets the window go.
-  static void whileModal(const std::function<void()>& open, const std::function<void()>& body) {
-    bool ran = false;
-    QTimer::singleShot(0, [&] {
-      ran = true;
-      body();
-      if (QWidget* modal = QApplication::activeModalWidget()) modal->close();
-    });
-    open();
-    EXPECT_TRUE(ran);
   }
 
   std::filesystem::path root;
