@@ -1,7 +1,5 @@
-#include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
-#include <QRadioButton>
 #include <QTextEdit>
 
 #include "HauptformFixture.h"
@@ -17,8 +15,6 @@ TEST_F(HauptformTest, FullLayoutShowsTheListsAndHidesTheFixedOptions) {
     EXPECT_TRUE(shown(visible)) << visible;
   for (const char* hidden : {"Check1", "Frame1", "Fischmehl", "Ergebnis", "schadstoffwerte"})
     EXPECT_FALSE(shown(hidden)) << hidden;
-  EXPECT_TRUE(find<QCheckBox>("Check5")->isChecked());
-  EXPECT_TRUE(find<QRadioButton>("Option3")->isChecked());
   EXPECT_TRUE(enabled("Loeschen"));  // the sample holds five substances
   EXPECT_FALSE(enabled("raus"));
   EXPECT_EQ(find("Fischfutter2")->geometry(), QRect(560, 56, 177, 310));
@@ -28,7 +24,6 @@ TEST_F(HauptformTest, FullLayoutShowsTheListsAndHidesTheFixedOptions) {
   EXPECT_EQ(find<QAction>("exit")->shortcut(), QKeySequence("Ctrl+E"));
   EXPECT_EQ(find<QAction>("menuHilfe")->shortcut(), QKeySequence(Qt::Key_F1));
   EXPECT_EQ(find<QListWidget>("Schadstoffliste")->currentRow(), 0);
-  EXPECT_EQ(items("Fischfutter1").size(), 12);
 }
 
 // Narrow, with the fish-meal grade in the list's column; editing a substance borrows the full

@@ -74,6 +74,8 @@ TEST_F(ScenariosTest, TheSweepShowsItsTableWithADetailsButtonOverEveryRow) {
     EXPECT_EQ(details(run - 1)->accessibleDescription().toStdString(),
               "Scenario " + std::to_string(run) + ": " + cells[run][1]);
   }
+  EXPECT_EQ(grid->item(0, 1)->textAlignment(), int(Qt::AlignLeft | Qt::AlignVCenter));
+  EXPECT_EQ(grid->item(0, 2)->textAlignment(), int(Qt::AlignCenter));
   EXPECT_EQ(child<QLineEdit>(report, "TextSubstanz")->text(), "Example substance A (fungicide)");
   ReportViewState expected(ReportViewState::Window::Report);
   expected.openAllScenarios();

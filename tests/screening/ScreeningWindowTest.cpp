@@ -82,6 +82,7 @@ class ScreeningWindowTest : public ::testing::Test {
   QTableView* view = nullptr;
 };
 
+// Cancel and closing the window both stop the workers within a second; the rows done stay.
 TEST_F(ScreeningWindowTest, CancelStopsTheScreeningWithinASecondAndShowsTheRowsDone) {
   open(largeTable());
   waitForProgress();
@@ -99,13 +100,10 @@ TEST_F(ScreeningWindowTest, CancelStopsTheScreeningWithinASecondAndShowsTheRowsD
   EXPECT_EQ(child<QLabel>(*window, "Status")->text(),
             QString("Cancelled after %1 of %2 runs").arg(done).arg(total));
   EXPECT_TRUE(child(*window, "Copy")->isEnabled());
-}
 
-TEST_F(ScreeningWindowTest, ClosingWhileScreeningStopsTheWorkers) {
-  open(largeTable());
+  click(*window, "Start");
   waitForProgress();
-  QElapsedTimer clock;
-  clock.start();
+  clock.restart();
   window->close();
   EXPECT_FALSE(window->running());
   EXPECT_LT(clock.elapsed(), 1000);
