@@ -1,5 +1,3 @@
-#include <gtest/gtest.h>
-
 #include <QComboBox>
 #include <QHeaderView>
 #include <QLineEdit>

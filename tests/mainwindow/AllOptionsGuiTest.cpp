@@ -60,7 +60,6 @@ TEST_F(AllOptionsGuiTest, TheSwitchShowsTheOptionsAndSurvivesARestart) {
   }
 }
 
-// "Optimize all Scenarios" from the window opens the scenario table of the substance shown.
 TEST_F(AllOptionsGuiTest, TheSweepOpensTheScenarioTable) {
   ASSERT_TRUE(start());
   allOptions()->trigger();

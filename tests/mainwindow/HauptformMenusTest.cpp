@@ -75,7 +75,6 @@ TEST(InfoscreenTest, ShowsVersionAndDateAndStartsEitherLayout) {
   EXPECT_EQ(exit.count(), 1);
 }
 
-// "Report" opens the report of the run shown, modal, with the main window switched off.
 TEST_F(HauptformTest, TheReportButtonOpensTheRunsReportWithTheMainWindowOff) {
   ASSERT_TRUE(start());
   click("alle_rein");

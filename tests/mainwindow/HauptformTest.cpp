@@ -56,7 +56,6 @@ TEST_F(HauptformTest, SimpleLayoutIsNarrowAndOffersTheFishmealGrade) {
   EXPECT_EQ(find<QComboBox>("Fischmehl")->currentIndex(), 1);  // as leaving the editing sets it
 }
 
-// The lists hand their selection and current row to the model and show what it made of them.
 TEST_F(HauptformTest, TheComponentListsForwardTheirSelectionAndCurrentRow) {
   ASSERT_TRUE(start());
   const QStringList available = items("Fischfutter1");

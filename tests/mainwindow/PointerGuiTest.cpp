@@ -31,7 +31,6 @@ TEST_F(PointerGuiTest, TheChosenListShowsTheHandOnceItHoldsComponents) {
   EXPECT_TRUE(handOver(find("Add")));
 }
 
-// The main window hands its cursor file to the component windows it opens.
 TEST_F(PointerGuiTest, TheComponentWindowsTakeTheHandFromTheInputFolder) {
   ASSERT_TRUE(start());
   const auto handIn = [&](const char* opener, const char* button) {

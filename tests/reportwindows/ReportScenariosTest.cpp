@@ -104,7 +104,6 @@ TEST_F(ScenariosTest, TheSweepShowsItsTableWithADetailsButtonOverEveryRow) {
   EXPECT_FALSE(handOver(child(report, "Fertig")));
 }
 
-// A scenario window shows the run its button repeated and applies the core's view state.
 TEST_F(ScenariosTest, DetailsOpensItsRunInAWindowOfItsOwn) {
   report.openAllScenarios();
   QTest::mouseClick(details(2), Qt::LeftButton);  // run 3: PC

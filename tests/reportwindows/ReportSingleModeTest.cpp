@@ -160,7 +160,6 @@ TEST_F(SingleModeTest, CopiesAndPrintsWhatIsOnScreen) {
   });
 }
 
-// Every control can be found by a screen reader, in both windows.
 TEST_F(SingleModeTest, EveryControlHasAnAccessibleName) {
   report.openAllScenarios();
   click(report, "Command4_2");
@@ -181,7 +180,6 @@ TEST_F(SingleModeTest, EveryControlHasAnAccessibleName) {
   report.close();
 }
 
-// The independent check's verdict stands above a report whose run it does not agree with.
 TEST_F(SingleModeTest, AWarningWhenTheCheckDiffers) {
   withReport([&] { EXPECT_FALSE(shown(report, "CheckWarning")); });
   loadErringTables(model);

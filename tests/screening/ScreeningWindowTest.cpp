@@ -1,4 +1,3 @@
-#include <gtest/gtest.h>
 #include <stdlib.h>
 
 #include <QCheckBox>
@@ -12,7 +11,6 @@
 #include <QSettings>
 #include <QSignalSpy>
 #include <QTableView>
-#include <fstream>
 
 #include "desktop/Styles.h"
 #include "mainwindow/HauptformFixture.h"
@@ -148,8 +146,6 @@ TEST_F(ScreeningWindowTest, HeaderClicksSortAndTheOutputsFollowTheOrderShown) {
   EXPECT_GT(std::filesystem::file_size(dialogs.printPdf), 1000u);
 }
 
-// The window's rows are those of the command-line runner, figure for figure, for the choices
-// it shows.
 TEST_F(ScreeningWindowTest, RowsAreThoseOfTheCommandLineForTheChoicesShown) {
   const auto cli = [](const QStringList& arguments) {
     QProcess process;
@@ -206,7 +202,6 @@ TEST_F(ScreeningWindowTest, PrintedTableFitsThePageAndKeepsTheColours) {
   }
 }
 
-// The main window's side: the menu entry and the double click.
 TEST_F(HauptformTest, ScreeningEntryOpensTheWindowAndADoubleClickSelectsTheRun) {
   QSettings().setValue(kAllOptionsSetting, true);
   ASSERT_TRUE(start());
