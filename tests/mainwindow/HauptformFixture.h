@@ -76,12 +76,6 @@ class HauptformTest : public ::testing::Test {
     for (int p = 0; p < widget->count(); ++p) texts.append(widget->item(p)->text());
     return texts;
   }
-  // Selects the items at these positions of a list, as a user's Ctrl+clicks would.
-  void select(const char* list, std::initializer_list<int> positions) {
-    auto* widget = find<QListWidget>(list);
-    widget->clearSelection();
-    for (int p : positions) widget->item(p)->setSelected(true);
-  }
   void chooseSubstance(int position) {
     find<QListWidget>("Schadstoffliste")->setCurrentRow(position);
   }

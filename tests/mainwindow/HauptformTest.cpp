@@ -18,6 +18,7 @@ TEST_F(HauptformTest, FullLayoutShowsTheListsAndNamesEveryControl) {
   EXPECT_TRUE(enabled("Loeschen"));  // the sample holds five substances
   EXPECT_FALSE(enabled("raus"));
   EXPECT_EQ(find("Fischfutter2")->geometry(), QRect(560, 56, 177, 310));
+  EXPECT_EQ(find("alle_rein")->toolTip(), "Add all available components to optimization.");
   EXPECT_TRUE(find<QAction>("restore")->isVisible());
   EXPECT_FALSE(find<QAction>("MenuEdit")->isVisible());
   EXPECT_EQ(find<QAction>("save")->shortcut(), QKeySequence("Ctrl+S"));
@@ -56,10 +57,10 @@ TEST_F(HauptformTest, SimpleLayoutIsNarrowAndOffersTheFishmealGrade) {
   EXPECT_EQ(find<QComboBox>("Fischmehl")->currentIndex(), 1);  // as leaving the editing sets it
 }
 
-TEST_F(HauptformTest, TheComponentListsForwardTheirSelectionAndCurrentRow) {
+TEST_F(HauptformTest, TheComponentListsForwardTheirSelectionAndShowTheFigures) {
   ASSERT_TRUE(start());
   const QStringList available = items("Fischfutter1");
-  select("Fischfutter1", {1, 3});
+  for (int p : {1, 3}) find<QListWidget>("Fischfutter1")->item(p)->setSelected(true);
   click("Rein");
   EXPECT_EQ(items("Fischfutter2"), QStringList({available[1], available[3]}));
   EXPECT_TRUE(enabled("raus") && enabled("alle_raus"));
@@ -73,10 +74,8 @@ TEST_F(HauptformTest, TheComponentListsForwardTheirSelectionAndCurrentRow) {
   click("alle_raus");
   EXPECT_TRUE(items("Fischfutter2").isEmpty());
   EXPECT_FALSE(enabled("raus") || enabled("alle_raus"));
-}
 
-TEST_F(HauptformTest, PressingAnAvailableComponentShowsItsFiguresUntilThePointerLeaves) {
-  ASSERT_TRUE(start());
+  // Pressing an available component shows its figures until the pointer leaves it.
   auto* list = find<QListWidget>("Fischfutter1");
   const QPoint barley = list->visualItemRect(list->item(0)).center();
   QTest::mousePress(list->viewport(), Qt::LeftButton, {}, barley);
@@ -96,8 +95,22 @@ QColor statementColour(QTextEdit* box) {
   return cursor.charFormat().foreground().color();
 }
 
-TEST_F(HauptformTest, ARunShowsTheStatementRedAboveATenthAndBlackOtherwise) {
+// An empty list is refused with its caption red while the message is up; a run shows the
+// statement, red above a tenth and black otherwise, until anything changes.
+TEST_F(HauptformTest, AnEmptyListIsRefusedAndARunShowsTheStatementRedAboveATenth) {
   ASSERT_TRUE(start());
+  auto* caption = find<QLabel>("Label1");
+  QColor whileShown;
+  dialogs.onMessage = [&](const std::string&) {
+    whileShown = caption->palette().color(QPalette::WindowText);
+  };
+  click("Optimierung");
+  EXPECT_EQ(dialogs.messages, std::vector<std::string>{"Please add components."});
+  EXPECT_EQ(whileShown, QColor(255, 0, 0));
+  EXPECT_EQ(caption->palette().color(QPalette::WindowText), QColor(0, 0, 0));
+  EXPECT_FALSE(shown("Ergebnis") || shown("ReportButton"));
+
+  dialogs.messages.clear();
   click("alle_rein");
   click("Optimierung");
   auto* box = find<QTextEdit>("Ergebnis");
@@ -120,20 +133,6 @@ TEST_F(HauptformTest, ARunShowsTheStatementRedAboveATenthAndBlackOtherwise) {
             "mg/kg.");
   EXPECT_EQ(statementColour(box), QColor(0, 0, 0));
   click("Option4");  // any option click withdraws the result
-  EXPECT_FALSE(shown("Ergebnis") || shown("ReportButton"));
-}
-
-TEST_F(HauptformTest, AnEmptyListIsRefusedWithItsCaptionRedWhileTheMessageIsUp) {
-  ASSERT_TRUE(start());
-  auto* caption = find<QLabel>("Label1");
-  QColor whileShown;
-  dialogs.onMessage = [&](const std::string&) {
-    whileShown = caption->palette().color(QPalette::WindowText);
-  };
-  click("Optimierung");
-  EXPECT_EQ(dialogs.messages, std::vector<std::string>{"Please add components."});
-  EXPECT_EQ(whileShown, QColor(255, 0, 0));
-  EXPECT_EQ(caption->palette().color(QPalette::WindowText), QColor(0, 0, 0));
   EXPECT_FALSE(shown("Ergebnis") || shown("ReportButton"));
 }
 

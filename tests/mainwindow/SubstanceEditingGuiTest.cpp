@@ -94,8 +94,6 @@ TEST_F(SubstanceGuiTest, DoubleClickEditsAndTheEditBoxFollowsEnterDownTheColumn)
   EXPECT_EQ(cell(1, 5), "0.02");
 
   clickCell(2, 5);
-  ASSERT_TRUE(shown("EingabeSchadstoff"));
-  EXPECT_EQ(editBox()->selectedText(), "0.01");  // typing replaces it
   QTest::keyClicks(editBox(), "0.5");
   QTest::keyClick(editBox(), Qt::Key_Return);
   EXPECT_EQ(cell(2, 5), "0.5");

@@ -85,6 +85,10 @@ TEST_F(SingleModeTest, EachPressShowsTheCoresViewFilledFromTheCore) {
       EXPECT_EQ(chart->series()->slices()[i]->label().toStdString(), feed.slices[i].label);
     chooseChart(report, kDietaryLoad);
     EXPECT_EQ(chart->title().toStdString(), Diagrammzeichnen(model, kDietaryLoad).title);
+    press("Command2", &ReportViewState::toggleChart);  // back on the feed composition
+    press("Command2", &ReportViewState::toggleChart);
+    EXPECT_EQ(child<QComboBox>(report, "Combo1")->currentIndex(), kFeedComposition);
+    EXPECT_EQ(chart->title().toStdString(), feed.title);
     click(report, "Fertig");
   });
   EXPECT_FALSE(report.isVisible());
