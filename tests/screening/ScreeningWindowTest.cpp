@@ -1,5 +1,3 @@
-#include <stdlib.h>
-
 #include <QCheckBox>
 #include <QComboBox>
 #include <QElapsedTimer>
@@ -11,6 +9,7 @@
 #include <QSettings>
 #include <QSignalSpy>
 #include <QTableView>
+#include <QTemporaryDir>
 
 #include "desktop/Styles.h"
 #include "mainwindow/HauptformFixture.h"
@@ -62,18 +61,12 @@ class ScreeningWindowTest : public ::testing::Test {
     QTRY_VERIFY_WITH_TIMEOUT(progress->value() > 0, 20000);
     EXPECT_LT(progress->value(), progress->maximum());
   }
-  void TearDown() override { std::filesystem::remove_all(folder); }
 
   const std::vector<FishSpecies> species = readSpeciesTable(kSample + "/Species.tab");
   const std::vector<FishMealGrade> fishmeal = readFishmealTable(kSample + "/Fishmeal.tab");
   const ComponentTable sample = readComponentTable(kSample + "/feedstuff.tab");
-  const std::filesystem::path folder = [] {
-    // Its own folder: ctest runs the tests of this file side by side.
-    std::string path =
-        (std::filesystem::temp_directory_path() / "pescavo-screening-window-XXXXXX").string();
-    if (::mkdtemp(path.data()) == nullptr) throw std::runtime_error("no temporary folder");
-    return std::filesystem::path(path);
-  }();
+  const QTemporaryDir scratch;  // its own: ctest runs the tests of this file side by side
+  const std::filesystem::path folder = scratch.path().toStdString();
   ScriptedDialogs dialogs;
   std::unique_ptr<ScreeningWindow> window;
   std::unique_ptr<QSignalSpy> spy;
