@@ -6,11 +6,6 @@
 
 namespace pescavo {
 
-void ScriptedDialogs::information(const std::string& text) {
-  messages.push_back(text);
-  if (onMessage) onMessage(text);
-}
-
 bool ScriptedDialogs::askYesNo(const std::string& text) {
   questions.push_back(text);
   if (answers.empty()) {
@@ -28,11 +23,6 @@ bool ScriptedDialogs::choosePrinter(QPrinter& printer) {
   printer.setOutputFormat(QPrinter::PdfFormat);
   printer.setOutputFileName(QString::fromStdString(printPdf));
   return true;
-}
-
-bool ScriptedDialogs::openWithDesktop(const std::string& path) {
-  opened.push_back(path);
-  return openSucceeds;
 }
 
 std::string ScriptedDialogs::saveFileName(const std::string& proposed, const std::string&) {

@@ -14,7 +14,10 @@ namespace pescavo {
 // can drive the real widgets without a person at the screen.
 class ScriptedDialogs : public DesktopDialogs {
  public:
-  void information(const std::string& text) override;
+  void information(const std::string& text) override {
+    messages.push_back(text);
+    if (onMessage) onMessage(text);
+  }
   bool askYesNo(const std::string& text) override;  // the next scripted answer; none left: fail
   void setParentWindow(QWidget*) override {}
   // Prints into printPdf when set; no file set means the user cancelled the dialog.
@@ -22,7 +25,10 @@ class ScriptedDialogs : public DesktopDialogs {
   void setClipboardText(const std::string& text) override { clipboard = text; }
   std::string clipboardText() override { return clipboard; }
   void setClipboardImage(const QImage& image) override { clipboardImage = image; }
-  bool openWithDesktop(const std::string& path) override;
+  bool openWithDesktop(const std::string& path) override {
+    opened.push_back(path);
+    return openSucceeds;
+  }
   // The next scripted file name; none left: cancelled.
   std::string saveFileName(const std::string& proposed, const std::string& filter) override;
 

@@ -2,9 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <QApplication>
+#include <QMouseEvent>
 #include <QPushButton>
 #include <QTest>
-#include <QWidget>
+#include <QTimer>
+#include <functional>
 
 namespace pescavo {
 
@@ -18,6 +21,31 @@ T* child(QWidget& window, const char* name) {
 
 inline void click(QWidget& window, const char* name) {
   if (auto* button = child<QPushButton>(window, name)) QTest::mouseClick(button, Qt::LeftButton);
+}
+
+// The mouse comes in and moves over the control; true when it then shows the file's pointer.
+inline bool handOver(QWidget* control) {
+  QEvent enter(QEvent::Enter);
+  QCoreApplication::sendEvent(control, &enter);
+  QMouseEvent move(QEvent::MouseMove, QPointF(4, 4), QPointF(4, 4), Qt::NoButton, Qt::NoButton,
+                   Qt::NoModifier);
+  QCoreApplication::sendEvent(control, &move);
+  return control->testAttribute(Qt::WA_SetCursor) && control->cursor().shape() == Qt::BitmapCursor;
+}
+
+// Runs body on the modal window open() shows, then closes it unless body did; a failed check in
+// body still lets the window go.
+inline void whileModal(const std::function<void()>& open,
+                       const std::function<void(QWidget&)>& body) {
+  bool ran = false;
+  QTimer::singleShot(0, [&] {
+    QWidget* modal = QApplication::activeModalWidget();
+    ran = modal != nullptr;
+    if (modal) body(*modal);
+    if ((modal = QApplication::activeModalWidget())) modal->close();
+  });
+  open();
+  EXPECT_TRUE(ran) << "no modal window";
 }
 
 }  // namespace pescavo

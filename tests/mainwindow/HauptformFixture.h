@@ -4,24 +4,22 @@
 #include <unistd.h>
 
 #include <QAbstractButton>
+#include <QAction>
 #include <QColor>
 #include <QListWidget>
-#include <QTest>
 #include <filesystem>
 #include <fstream>
 #include <memory>
-#include <sstream>
 #include <string>
 
 #include "ScriptedDialogs.h"
+#include "WidgetLookup.h"
 #include "mainwindow/Hauptform.h"
 
 // Readable failure messages for Qt's values.
-inline void PrintTo(const QString& text, std::ostream* out) {
-  *out << '"' << text.toStdString() << '"';
-}
+inline void PrintTo(const QString& text, std::ostream* out) { *out << text.toStdString(); }
 inline void PrintTo(const QStringList& texts, std::ostream* out) {
-  *out << '"' << texts.join("\", \"").toStdString() << '"';
+  *out << texts.join("|").toStdString();
 }
 inline void PrintTo(const QColor& colour, std::ostream* out) {
   *out << colour.name().toStdString();
@@ -57,9 +55,7 @@ class HauptformTest : public ::testing::Test {
   std::filesystem::path input() const { return m_folder / "Input"; }
   std::string read(const std::filesystem::path& path) const {
     std::ifstream in(path, std::ios::binary);
-    std::stringstream bytes;
-    bytes << in.rdbuf();
-    return bytes.str();
+    return {std::istreambuf_iterator<char>(in), {}};
   }
   void write(const std::filesystem::path& path, const std::string& bytes) const {
     std::ofstream(path, std::ios::binary) << bytes;
@@ -67,11 +63,11 @@ class HauptformTest : public ::testing::Test {
 
   template <typename T = QWidget>
   T* find(const char* name) const {
-    T* widget = window->findChild<T*>(name);
-    EXPECT_NE(widget, nullptr) << name;
-    return widget;
+    return child<T>(*window, name);
   }
   void click(const char* name) { QTest::mouseClick(find<QAbstractButton>(name), Qt::LeftButton); }
+  static void click(QWidget& other, const char* name) { pescavo::click(other, name); }
+  void trigger(const char* action) { find<QAction>(action)->trigger(); }
   bool shown(const char* name) const { return find(name)->isVisible(); }
   bool enabled(const char* name) const { return find(name)->isEnabled(); }
   QStringList items(const char* list) const {
@@ -79,12 +75,6 @@ class HauptformTest : public ::testing::Test {
     auto* widget = find<QListWidget>(list);
     for (int p = 0; p < widget->count(); ++p) texts.append(widget->item(p)->text());
     return texts;
-  }
-  // Selects the items at these positions of a list, as a user's Ctrl+clicks would.
-  void select(const char* list, std::initializer_list<int> positions) {
-    auto* widget = find<QListWidget>(list);
-    widget->clearSelection();
-    for (int p : positions) widget->item(p)->setSelected(true);
   }
   void chooseSubstance(int position) {
     find<QListWidget>("Schadstoffliste")->setCurrentRow(position);

@@ -1,9 +1,5 @@
-#include <QAction>
-#include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
-#include <QMenuBar>
-#include <QRadioButton>
 #include <QTextEdit>
 
 #include "HauptformFixture.h"
@@ -11,65 +7,60 @@
 namespace pescavo {
 namespace {
 
-QRect pixels(int left, int top, int width, int height) { return QRect(left, top, width, height); }
-
-TEST_F(HauptformTest, FullLayoutShowsTheListsAndHidesTheFixedOptions) {
+TEST_F(HauptformTest, FullLayoutShowsTheListsAndNamesEveryControl) {
   ASSERT_TRUE(start(false));
-  EXPECT_EQ(window->centralWidget()->width(), 1184);
   EXPECT_EQ(window->windowTitle(), "Pescavo");
-  for (const char* visible : {"Schadstoffliste", "Fischfutter1", "Fischfutter2", "Rein", "raus",
-                              "alle_rein", "alle_raus", "Frame2", "Optimierung", "Ende", "Command1",
-                              "Image1", "Image2", "Line1", "Line2", "Label31"})
+  EXPECT_EQ(window->centralWidget()->width(), 1184);
+  for (const char* visible : {"Fischfutter2", "alle_rein", "Optimierung", "Image1"})
     EXPECT_TRUE(shown(visible)) << visible;
-  for (const char* hidden :
-       {"Check1", "Check2", "Check4", "Check5", "Frame1", "Fischmehl", "FischmehlCaption",
-        "Fischarten", "MinMax", "Optimierung2", "Abbrechen", "ReportButton", "Ergebnis",
-        "schadstoffwerte", "EingabeSchadstoff", "Suche", "Go", "Image6", "Label5"})
+  for (const char* hidden : {"Check1", "Frame1", "Fischmehl", "Ergebnis", "schadstoffwerte"})
     EXPECT_FALSE(shown(hidden)) << hidden;
-  for (const char* checked : {"Check1", "Check2", "Check4", "Check5"})
-    EXPECT_TRUE(find<QCheckBox>(checked)->isChecked()) << checked;
-  EXPECT_TRUE(find<QRadioButton>("Option3")->isChecked());
   EXPECT_TRUE(enabled("Loeschen"));  // the sample holds five substances
   EXPECT_FALSE(enabled("raus"));
-  EXPECT_FALSE(enabled("alle_raus"));
-  EXPECT_EQ(find("Optimierung")->geometry(), pixels(1056, 80, 113, 41));
-  EXPECT_EQ(find("Fischfutter2")->geometry(), pixels(560, 56, 177, 310));
-  EXPECT_EQ(find<QAbstractButton>("alle_rein")->toolTip(),
-            "Add all available components to optimization.");
-  EXPECT_TRUE(window->findChild<QAction*>("restore")->isVisible());
-  EXPECT_FALSE(window->findChild<QAction*>("MenuEdit")->isVisible());
-  EXPECT_EQ(window->findChild<QAction*>("save")->shortcut(), QKeySequence("Ctrl+S"));
-  EXPECT_EQ(window->findChild<QAction*>("exit")->shortcut(), QKeySequence("Ctrl+E"));
-  EXPECT_EQ(window->findChild<QAction*>("menuHilfe")->shortcut(), QKeySequence(Qt::Key_F1));
+  EXPECT_EQ(find("Fischfutter2")->geometry(), QRect(560, 56, 177, 310));
+  EXPECT_EQ(find("alle_rein")->toolTip(), "Add all available components to optimization.");
+  EXPECT_TRUE(find<QAction>("restore")->isVisible());
+  EXPECT_FALSE(find<QAction>("MenuEdit")->isVisible());
+  EXPECT_EQ(find<QAction>("save")->shortcut(), QKeySequence("Ctrl+S"));
+  EXPECT_EQ(find<QAction>("exit")->shortcut(), QKeySequence("Ctrl+E"));
+  EXPECT_EQ(find<QAction>("menuHilfe")->shortcut(), QKeySequence(Qt::Key_F1));
   EXPECT_EQ(find<QListWidget>("Schadstoffliste")->currentRow(), 0);
-  EXPECT_EQ(items("Fischfutter1").size(), 12);
+  // Every control has a name a screen reader can say; not the parts Qt builds inside them.
+  for (QWidget* widget : window->centralWidget()->findChildren<QWidget*>()) {
+    if (widget->objectName().isEmpty() || widget->objectName().startsWith("qt_")) continue;
+    if (widget->parentWidget() == window->centralWidget() ||
+        widget->parentWidget()->inherits("QGroupBox")) {
+      EXPECT_FALSE(widget->accessibleName().isEmpty()) << widget->objectName().toStdString();
+    }
+  }
+  EXPECT_EQ(find("Fischfutter2")->accessibleName(), "Components in optimization");
 }
 
+// Narrow, with the fish-meal grade in the list's column; editing a substance borrows the full
+// width and gives it back.
 TEST_F(HauptformTest, SimpleLayoutIsNarrowAndOffersTheFishmealGrade) {
   ASSERT_TRUE(start(true));
-  EXPECT_EQ(window->centralWidget()->width(), 600);
-  for (const char* visible :
-       {"Fischfutter1", "Fischmehl", "FischmehlCaption", "Optimierung", "Label1", "Command1"})
-    EXPECT_TRUE(shown(visible)) << visible;
-  for (const char* hidden : {"Fischfutter2", "Rein", "raus", "alle_rein", "alle_raus", "Label31",
-                             "Check1", "Check2", "Optimierung2", "MinMax", "Image6"})
-    EXPECT_FALSE(shown(hidden)) << hidden;
-  EXPECT_TRUE(find<QCheckBox>("Check1")->isChecked());
-  EXPECT_EQ(find("Optimierung")->geometry(), pixels(467, 40, 113, 41));
+  EXPECT_EQ(window->width(), 600);
+  EXPECT_TRUE(shown("Fischmehl"));
+  EXPECT_FALSE(shown("Fischfutter2") || shown("Check1") || shown("Optimierung2"));
+  EXPECT_EQ(find("Optimierung")->geometry(), QRect(467, 40, 113, 41));
   EXPECT_EQ(find("Fischmehl")->geometry().topLeft(), QPoint(267, 227));
-  EXPECT_EQ(find("Fischfutter1")->geometry().left(), 267);
-  // Nothing overlaps the fish-meal chooser that now sits in the list's column.
   EXPECT_LT(find("Fischfutter1")->geometry().bottom(), find("FischmehlCaption")->y());
   EXPECT_EQ(find<QComboBox>("Fischmehl")->currentIndex(), 2);
-  EXPECT_FALSE(window->findChild<QAction*>("restore")->isVisible());
-  EXPECT_FALSE(window->findChild<QAction*>("MenuEdit")->isVisible());
+  EXPECT_FALSE(find<QAction>("restore")->isVisible());
+
+  chooseSubstance(0);
+  click("Edit");
+  EXPECT_EQ(window->centralWidget()->width(), 1184);
+  click("Ende");
+  EXPECT_EQ(window->width(), 600);
+  EXPECT_EQ(find<QComboBox>("Fischmehl")->currentIndex(), 1);  // as leaving the editing sets it
 }
 
-// The lists hand their selection and current row to the model and show what it made of them.
-TEST_F(HauptformTest, TheComponentListsForwardTheirSelectionAndCurrentRow) {
+TEST_F(HauptformTest, TheComponentListsForwardTheirSelectionAndShowTheFigures) {
   ASSERT_TRUE(start());
   const QStringList available = items("Fischfutter1");
-  select("Fischfutter1", {1, 3});
+  for (int p : {1, 3}) find<QListWidget>("Fischfutter1")->item(p)->setSelected(true);
   click("Rein");
   EXPECT_EQ(items("Fischfutter2"), QStringList({available[1], available[3]}));
   EXPECT_TRUE(enabled("raus") && enabled("alle_raus"));
@@ -83,20 +74,16 @@ TEST_F(HauptformTest, TheComponentListsForwardTheirSelectionAndCurrentRow) {
   click("alle_raus");
   EXPECT_TRUE(items("Fischfutter2").isEmpty());
   EXPECT_FALSE(enabled("raus") || enabled("alle_raus"));
-}
 
-TEST_F(HauptformTest, PressingAnAvailableComponentShowsItsFiguresUntilThePointerLeaves) {
-  ASSERT_TRUE(start());
+  // Pressing an available component shows its figures until the pointer leaves it.
   auto* list = find<QListWidget>("Fischfutter1");
-  QWidget* viewport = list->viewport();
   const QPoint barley = list->visualItemRect(list->item(0)).center();
-  QTest::mousePress(viewport, Qt::LeftButton, {}, barley);
-  QTest::mouseRelease(viewport, Qt::LeftButton, {}, barley);
-  const QString figures =
-      "Protein content: 12.4 %, Lipid content: 2.1 %  Testicide content: 0.21 mg/kg. "
-      "Max. content in food: 30 %";
-  EXPECT_EQ(list->toolTip(), figures);
-  QTest::mouseMove(viewport, barley + QPoint(9, 4));
+  QTest::mousePress(list->viewport(), Qt::LeftButton, {}, barley);
+  QTest::mouseRelease(list->viewport(), Qt::LeftButton, {}, barley);
+  EXPECT_EQ(list->toolTip(),
+            "Protein content: 12.4 %, Lipid content: 2.1 %  Testicide content: 0.21 mg/kg. "
+            "Max. content in food: 30 %");
+  QTest::mouseMove(list->viewport(), barley + QPoint(9, 4));
   EXPECT_EQ(list->toolTip(), "");
 }
 
@@ -108,38 +95,9 @@ QColor statementColour(QTextEdit* box) {
   return cursor.charFormat().foreground().color();
 }
 
-TEST_F(HauptformTest, ARunShowsTheStatementRedAboveATenthAndBlackOtherwise) {
-  ASSERT_TRUE(start());
-  click("alle_rein");
-  click("Optimierung");
-  auto* box = find<QTextEdit>("Ergebnis");
-  ASSERT_TRUE(shown("Ergebnis"));
-  EXPECT_TRUE(shown("ReportButton"));
-  EXPECT_EQ(box->toPlainText(),
-            "Maximum content dietary burden based on Example substance A (fungicide) is 0.204 "
-            "mg/kg.");
-  EXPECT_EQ(statementColour(box), QColor(255, 0, 0));
-  EXPECT_EQ(find<QLabel>("Gegenpruefung")->text(), "Independent check: agrees.");
-  EXPECT_TRUE(shown("Gegenpruefung"));
-  EXPECT_TRUE(dialogs.messages.empty());
-
-  chooseSubstance(1);  // the lists are rebuilt and the result withdrawn
-  EXPECT_FALSE(shown("Ergebnis"));
-  EXPECT_FALSE(shown("Gegenpruefung"));
-  EXPECT_TRUE(items("Fischfutter2").isEmpty());
-  click("alle_rein");
-  click("Optimierung");
-  EXPECT_EQ(box->toPlainText(),
-            "Maximum content dietary burden based on Example substance B (herbicide) is 0.065 "
-            "mg/kg.");
-  EXPECT_EQ(statementColour(box), QColor(0, 0, 0));
-
-  click("Option4");  // any option click withdraws the result
-  EXPECT_FALSE(shown("Ergebnis"));
-  EXPECT_FALSE(shown("ReportButton"));
-}
-
-TEST_F(HauptformTest, AnEmptyListIsRefusedWithItsCaptionRedWhileTheMessageIsUp) {
+// An empty list is refused with its caption red while the message is up; a run shows the
+// statement, red above a tenth and black otherwise, until anything changes.
+TEST_F(HauptformTest, AnEmptyListIsRefusedAndARunShowsTheStatementRedAboveATenth) {
   ASSERT_TRUE(start());
   auto* caption = find<QLabel>("Label1");
   QColor whileShown;
@@ -150,21 +108,32 @@ TEST_F(HauptformTest, AnEmptyListIsRefusedWithItsCaptionRedWhileTheMessageIsUp) 
   EXPECT_EQ(dialogs.messages, std::vector<std::string>{"Please add components."});
   EXPECT_EQ(whileShown, QColor(255, 0, 0));
   EXPECT_EQ(caption->palette().color(QPalette::WindowText), QColor(0, 0, 0));
-  EXPECT_FALSE(shown("Ergebnis"));
-  EXPECT_FALSE(shown("ReportButton"));
-}
+  EXPECT_FALSE(shown("Ergebnis") || shown("ReportButton"));
 
-TEST_F(HauptformTest, EveryControlCanBeFoundByAScreenReader) {
-  ASSERT_TRUE(start());
-  for (QWidget* widget : window->centralWidget()->findChildren<QWidget*>()) {
-    if (widget->objectName().isEmpty() || widget->objectName().startsWith("qt_")) continue;
-    if (widget->parentWidget() != window->centralWidget() &&
-        !widget->parentWidget()->inherits("QGroupBox"))
-      continue;  // the parts Qt builds inside a control
-    EXPECT_FALSE(widget->accessibleName().isEmpty()) << widget->objectName().toStdString();
-  }
-  EXPECT_EQ(find("Image1")->accessibleName(), "Pescavo logo, About");
-  EXPECT_EQ(find("Fischfutter2")->accessibleName(), "Components in optimization");
+  dialogs.messages.clear();
+  click("alle_rein");
+  click("Optimierung");
+  auto* box = find<QTextEdit>("Ergebnis");
+  ASSERT_TRUE(shown("Ergebnis"));
+  EXPECT_TRUE(shown("ReportButton"));
+  EXPECT_EQ(box->toPlainText(),
+            "Maximum content dietary burden based on Example substance A (fungicide) is 0.204 "
+            "mg/kg.");
+  EXPECT_EQ(statementColour(box), QColor(255, 0, 0));
+  EXPECT_EQ(find<QLabel>("Gegenpruefung")->text(), "Independent check: agrees.");
+  EXPECT_TRUE(dialogs.messages.empty());
+
+  chooseSubstance(1);  // the lists are rebuilt and the result withdrawn
+  EXPECT_FALSE(shown("Ergebnis") || shown("Gegenpruefung"));
+  EXPECT_TRUE(items("Fischfutter2").isEmpty());
+  click("alle_rein");
+  click("Optimierung");
+  EXPECT_EQ(box->toPlainText(),
+            "Maximum content dietary burden based on Example substance B (herbicide) is 0.065 "
+            "mg/kg.");
+  EXPECT_EQ(statementColour(box), QColor(0, 0, 0));
+  click("Option4");  // any option click withdraws the result
+  EXPECT_FALSE(shown("Ergebnis") || shown("ReportButton"));
 }
 
 }  // namespace

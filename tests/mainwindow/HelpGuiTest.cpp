@@ -1,6 +1,4 @@
-#include <QAction>
 #include <QLineEdit>
-#include <QListWidget>
 #include <QTextBrowser>
 #include <QTextEdit>
 #include <QTreeWidget>
@@ -15,11 +13,11 @@ namespace {
 
 class HelpGuiTest : public HauptformTest {
  protected:
-  void pressF1() { window->findChild<QAction*>("menuHilfe")->trigger(); }
   HelpWindow* helpWindow() const { return window->findChild<HelpWindow*>("HelpWindow"); }
 };
 
-// The window shows the core's text line by line; Image6 shows only while editing.
+// One information window serves every image, shows the core's text line by line, never
+// editable, and goes with "OK".
 TEST_F(HelpGuiTest, InformationImagesShareOneWindowThatShowsTheirTextsLineByLine) {
   write(input() / "Species.tab",
         "Parameter\tCommon carp\tRainbow trout\r\nCrude lipid (%)\t8\t15\r\n"
@@ -31,7 +29,7 @@ TEST_F(HelpGuiTest, InformationImagesShareOneWindowThatShowsTheirTextsLineByLine
   EXPECT_TRUE(dialog->isVisible());
   EXPECT_FALSE(dialog->isModal());
   EXPECT_EQ(dialog->windowTitle(), "Fish species");
-  auto* text = dialog->findChild<QTextEdit*>("InfoFisch");
+  auto* text = child<QTextEdit>(*dialog, "InfoFisch");
   EXPECT_EQ(text->toPlainText().split('\n'),
             QStringList({"Targent content:", "Common carp:", "8 % lipid and 35% protein.", "",
                          "Rainbow trout:", "15 % lipid and 42% protein."}));
@@ -40,12 +38,14 @@ TEST_F(HelpGuiTest, InformationImagesShareOneWindowThatShowsTheirTextsLineByLine
   click("Image3");
   EXPECT_EQ(window->findChildren<Dialog*>().size(), 1);
   EXPECT_EQ(dialog->windowTitle(), "Criteria");
+  click(*dialog, "OKButton");
+  EXPECT_FALSE(dialog->isVisible());
 }
 
 TEST_F(HelpGuiTest, WithoutHelpChmF1OpensTheGuideOnceWithContentsAndSearch) {
   ASSERT_TRUE(start());
   window->setGuideFolders({"/nonexistent", PESCAVO_GUIDE});
-  pressF1();
+  trigger("menuHilfe");
   HelpWindow* help = helpWindow();
   ASSERT_NE(help, nullptr);
   EXPECT_TRUE(help->isVisible());
@@ -54,7 +54,7 @@ TEST_F(HelpGuiTest, WithoutHelpChmF1OpensTheGuideOnceWithContentsAndSearch) {
   EXPECT_EQ(help->page()->source().fileName(), "index.html");
 
   // The contents tree holds every entry of the guide's contents, pages at the top.
-  auto* contents = help->findChild<QTreeWidget*>("GuideContents");
+  auto* contents = child<QTreeWidget>(*help, "GuideContents");
   int entries = 0;
   for (QTreeWidgetItemIterator it(contents); *it; ++it) ++entries;
   EXPECT_EQ(entries, static_cast<int>(guide.contents().size()));
@@ -66,10 +66,10 @@ TEST_F(HelpGuiTest, WithoutHelpChmF1OpensTheGuideOnceWithContentsAndSearch) {
   EXPECT_EQ(help->page()->source().toString().toStdString(), pages[1]);
 
   // A search lists the pages holding the word; opening one marks the word on it.
-  auto* search = help->findChild<QLineEdit*>("GuideSearch");
+  auto* search = child<QLineEdit>(*help, "GuideSearch");
   QTest::keyClicks(search, "fish meal");
   QTest::keyClick(search, Qt::Key_Return);
-  auto* results = help->findChild<QListWidget*>("GuideResults");
+  auto* results = child<QListWidget>(*help, "GuideResults");
   EXPECT_TRUE(results->isVisible());
   EXPECT_FALSE(contents->isVisible());
   ASSERT_EQ(results->count(), static_cast<int>(guide.search("fish meal").size()));
@@ -79,29 +79,24 @@ TEST_F(HelpGuiTest, WithoutHelpChmF1OpensTheGuideOnceWithContentsAndSearch) {
   search->clear();
   EXPECT_TRUE(contents->isVisible());
 
-  pressF1();  // the same window again
+  trigger("menuHilfe");  // the same window again
   EXPECT_EQ(window->findChildren<HelpWindow*>().size(), 1);
 }
 
+// A help.chm the desktop can open wins; where none can, the guide's window says where the
+// missing guide belongs.
 TEST_F(HelpGuiTest, AHelpChmTheDesktopCanOpenWinsOverTheGuide) {
   ASSERT_TRUE(start());
-  window->setGuideFolders({PESCAVO_GUIDE});
+  window->setGuideFolders({"/nonexistent"});
   write(input().parent_path() / "help.chm", "chm");
-  pressF1();
-  ASSERT_EQ(dialogs.opened.size(), 1u);
-  EXPECT_EQ(dialogs.opened[0], (input().parent_path() / "help.chm").string());
+  trigger("menuHilfe");
+  EXPECT_EQ(dialogs.opened,
+            std::vector<std::string>{(input().parent_path() / "help.chm").string()});
   EXPECT_EQ(helpWindow(), nullptr);
   dialogs.openSucceeds = false;  // nothing on this desktop reads it
-  pressF1();
+  trigger("menuHilfe");
   ASSERT_NE(helpWindow(), nullptr);
   EXPECT_TRUE(helpWindow()->isVisible());
-}
-
-TEST_F(HelpGuiTest, AMissingGuideSaysWhereItBelongs) {
-  ASSERT_TRUE(start());
-  window->setGuideFolders({"/nonexistent"});
-  pressF1();
-  ASSERT_NE(helpWindow(), nullptr);
   EXPECT_TRUE(helpWindow()->page()->toPlainText().startsWith("The user guide was not found."));
 }
 

@@ -2,12 +2,8 @@
 // the grid's clipboard text; the hand pointer file.
 
 #include <QDate>
-#include <QFile>
 #include <QHeaderView>
-#include <QImage>
-#include <QPainter>
 #include <QPrinter>
-#include <QRegularExpression>
 #include <map>
 #include <regex>
 #include <sstream>
@@ -22,30 +18,19 @@ namespace {
 
 constexpr double kPointsPerMillimetre = 72 / 25.4;
 
-class PrintingTest : public ::testing::Test {
+class PrintingTest : public ReportWindowTest {
  protected:
-  void SetUp() override {
-    std::string name =
-        (std::filesystem::temp_directory_path() / "pescavo-printing-XXXXXX").string();
-    ASSERT_NE(::mkdtemp(name.data()), nullptr);
-    folder = name;
-  }
-  void TearDown() override {
-    std::error_code ignored;
-    std::filesystem::remove_all(folder, ignored);
-  }
   // An A4 PDF printer, whatever the locale's paper.
   std::unique_ptr<QPrinter> printer(const std::string& name) {
     auto result = std::make_unique<QPrinter>(QPrinter::HighResolution);
     result->setOutputFormat(QPrinter::PdfFormat);
     result->setPageSize(QPageSize(QPageSize::A4));
-    result->setOutputFileName(QString::fromStdString(pdf(name)));
+    result->setOutputFileName(QString::fromStdString(file(name)));
     return result;
   }
-  std::string pdf(const std::string& name) const { return (folder / name).string(); }
 
-  // A grid with header "H<c>" and cells "R<r>C<c>", columns and rows of the given pixels.
-  static void fill(QTableWidget& grid, int rows, int columns, int width, int height) {
+  // A grid with header "H<c>" and cells "R<r>C<c>", columns of the given pixels.
+  void fill(int rows, int columns, int width) {
     grid.setRowCount(rows);
     grid.setColumnCount(columns);
     grid.verticalHeader()->hide();
@@ -55,9 +40,13 @@ class PrintingTest : public ::testing::Test {
       for (int r = 0; r < rows; ++r)
         grid.setItem(r, c, new QTableWidgetItem(QStringLiteral("R%1C%2").arg(r).arg(c)));
     }
-    for (int r = 0; r < rows; ++r) grid.setRowHeight(r, height);
+    for (int r = 0; r < rows; ++r) grid.setRowHeight(r, 30);
     grid.resize(800, 600);
     grid.show();
+  }
+  // Prints the grid with margins of 10 mm, 15 mm at the top; the number of pages.
+  int print(const std::string& name, const char* title, const char* second = "", int hide = 0) {
+    return PrintGrid(*printer(name), grid, 10, 15, 10, 10, title, second, hide);
   }
   static std::map<std::string, int> words(const std::string& text) {
     std::map<std::string, int> counts;
@@ -66,22 +55,20 @@ class PrintingTest : public ::testing::Test {
     return counts;
   }
 
-  std::filesystem::path folder;
+  QTableWidget grid;
 };
 
 TEST_F(PrintingTest, ATableWiderAndLongerThanAPageGoesOnOverPagesEachWithTitleAndDate) {
-  QTableWidget grid;
-  fill(grid, 60, 12, 150, 30);
-  auto out = printer("wide.pdf");
-  const int pages = PrintGrid(*out, grid, 10, 15, 10, 10, "Title\tof the grid", "", 0);
+  fill(60, 12, 150);
+  const int pages = print("wide.pdf", "Title\tof the grid");
   ASSERT_GT(pages, 3);
-  EXPECT_EQ(pdfPages(pdf("wide.pdf")), pages);
-  EXPECT_TRUE(pdfLandscape(pdf("wide.pdf")));
+  EXPECT_EQ(pdfPages(file("wide.pdf")), pages);
+  EXPECT_TRUE(pdfLandscape(file("wide.pdf")));
   const std::string today = QDate::currentDate().toString("dd.MM.yyyy").toStdString();
   std::map<std::string, int> cells;
   std::vector<std::map<std::string, int>> perPage;
   for (int page = 1; page <= pages; ++page) {
-    const std::string text = pdfPageText(pdf("wide.pdf"), page);
+    const std::string text = pdfPageText(file("wide.pdf"), page);
     EXPECT_NE(text.find("Title"), std::string::npos) << page;
     EXPECT_NE(text.find(today), std::string::npos) << page;
     perPage.push_back(words(text));
@@ -91,14 +78,12 @@ TEST_F(PrintingTest, ATableWiderAndLongerThanAPageGoesOnOverPagesEachWithTitleAn
   // Every cell exactly once; every page heads its columns.
   EXPECT_EQ(cells.size(), 720u);
   for (const auto& [cell, count] : cells) EXPECT_EQ(count, 1) << cell;
+  const auto word = [](const char* form, int c) { return QString(form).arg(c).toStdString(); };
   for (const auto& page : perPage)
-    for (int c = 0; c < 12; ++c) {
-      const bool column = page.count(QStringLiteral("R0C%1").arg(c).toStdString()) > 0 ||
-                          page.count(QStringLiteral("R59C%1").arg(c).toStdString()) > 0;
-      if (column) {
-        EXPECT_EQ(page.count(QStringLiteral("H%1").arg(c).toStdString()), 1u) << c;
+    for (int c = 0; c < 12; ++c)
+      if (page.count(word("R0C%1", c)) || page.count(word("R59C%1", c))) {
+        EXPECT_EQ(page.count(word("H%1", c)), 1u) << c;
       }
-    }
   // Down the rows first: the second page goes on with the first page's columns.
   EXPECT_TRUE(perPage[0].count("R0C0") && !perPage[0].count("R59C0"));
   EXPECT_TRUE(perPage[1].count("H0") && !perPage[1].count("R0C0"));
@@ -106,11 +91,9 @@ TEST_F(PrintingTest, ATableWiderAndLongerThanAPageGoesOnOverPagesEachWithTitleAn
 }
 
 TEST_F(PrintingTest, TitleDateAndGridKeepTheirPlaces) {
-  QTableWidget grid;
-  fill(grid, 3, 3, 120, 30);
-  auto out = printer("places.pdf");
-  ASSERT_EQ(PrintGrid(*out, grid, 10, 15, 10, 10, "Heading\tTabbed", "Second line", 0), 1);
-  const std::string boxes = commandOutput("pdftotext -bbox '" + pdf("places.pdf") + "' -");
+  fill(3, 3, 120);
+  ASSERT_EQ(print("places.pdf", "Heading\tTabbed", "Second line"), 1);
+  const std::string boxes = commandOutput("pdftotext -bbox '" + file("places.pdf") + "' -");
   const auto top = [&](const std::string& word, double* left = nullptr, double* right = nullptr) {
     const std::regex pattern("xMin=\"([0-9.]+)\" yMin=\"([0-9.]+)\" xMax=\"([0-9.]+)\"[^>]*>" +
                              word + "<");
@@ -134,26 +117,21 @@ TEST_F(PrintingTest, TitleDateAndGridKeepTheirPlaces) {
 }
 
 TEST_F(PrintingTest, AFirstHiddenColumnPrintsTheColumnsBeforeItAndLeavesTheGridAsItWas) {
-  QTableWidget grid;
-  fill(grid, 2, 9, 80, 30);
+  fill(2, 9, 80);
   grid.setColumnHidden(1, true);  // hidden on screen: not printed either
-  auto out = printer("hidden.pdf");
-  ASSERT_EQ(PrintGrid(*out, grid, 10, 15, 10, 10, "Hidden", "", 3), 1);
-  const auto printed = words(pdfPageText(pdf("hidden.pdf"), 1));
+  ASSERT_EQ(print("hidden.pdf", "Hidden", "", 3), 1);
+  const auto printed = words(pdfPageText(file("hidden.pdf"), 1));
   for (int c = 0; c < 9; ++c) {
     const bool expected = c == 0 || c == 2;
     EXPECT_EQ(printed.count(QStringLiteral("H%1").arg(c).toStdString()) > 0, expected) << c;
     EXPECT_EQ(printed.count(QStringLiteral("R1C%1").arg(c).toStdString()) > 0, expected) << c;
-  }
-  for (int c = 0; c < 9; ++c) {
     EXPECT_EQ(grid.columnWidth(c), c == 1 ? 0 : 80) << c;
     EXPECT_EQ(grid.isColumnHidden(c), c == 1);
   }
 }
 
 TEST_F(PrintingTest, ClipboardTextOfAGridHasTheHeaderFirstAndEndsEveryRowWithCrLf) {
-  QTableWidget grid;
-  fill(grid, 2, 3, 80, 30);
+  fill(2, 3, 80);
   grid.item(1, 2)->setText("");
   EXPECT_EQ(gridClipboardText(grid), "H0\tH1\tH2\r\nR0C0\tR0C1\tR0C2\r\nR1C0\tR1C1\t\r\n");
   grid.horizontalHeader()->hide();
@@ -165,7 +143,6 @@ TEST_F(PrintingTest, ClipboardTextOfAGridHasTheHeaderFirstAndEndsEveryRowWithCrL
 TEST_F(PrintingTest, APictureFillsThePageInItsOwnOrientation) {
   EXPECT_EQ(fitToPage({400, 200}, {300, 100}), QSizeF(200, 100));  // narrower than the page
   EXPECT_EQ(fitToPage({400, 100}, {300, 100}), QSizeF(300, 75));   // wider
-  EXPECT_EQ(fitToPage({300, 100}, {300, 100}), QSizeF(300, 100));
   EXPECT_TRUE(fitToPage({0, 100}, {300, 100}).isEmpty());
 
   for (const QSize size : {QSize(1000, 500), QSize(500, 1000), QSize(600, 600)}) {
@@ -174,16 +151,12 @@ TEST_F(PrintingTest, APictureFillsThePageInItsOwnOrientation) {
     const std::string name = std::to_string(size.width()) + ".pdf";
     auto out = printer(name);
     ASSERT_TRUE(PrintPictureToFitPage(*out, picture));
-    EXPECT_EQ(pdfLandscape(pdf(name)), size.width() >= size.height()) << name;
+    EXPECT_EQ(pdfLandscape(file(name)), size.width() >= size.height()) << name;
     // pdfimages gives the resolution the picture was placed at: its printed size.
-    const std::string list = commandOutput("pdfimages -list '" + pdf(name) + "'");
-    const std::string row = list.substr(list.rfind('\n', list.size() - 2) + 1);
-    std::istringstream fields(row);
-    std::string field;
-    std::vector<std::string> cells;
-    while (fields >> field) cells.push_back(field);
+    const std::string list = commandOutput("pdfimages -list '" + file(name) + "'");
+    std::istringstream fields(list.substr(list.rfind('\n', list.size() - 2) + 1));
+    std::vector<std::string> cells{std::istream_iterator<std::string>(fields), {}};
     ASSERT_GE(cells.size(), 14u) << list;
-    // Placed at the resolution that gives the printed size, to pdfimages' whole dots per inch.
     const QRectF printable = out->pageLayout().paintRect(QPageLayout::Inch);
     const QSizeF expected = fitToPage(size, printable.size());
     EXPECT_NEAR(std::stod(cells[12]), size.width() / expected.width(), 1) << name;
