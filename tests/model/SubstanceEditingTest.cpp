@@ -271,6 +271,8 @@ TEST_F(EditingTest, SimpleLayoutAfterDoneAndCancel) {
 
   ASSERT_FALSE(edit().Ende_Click());
   EXPECT_EQ(placed(), simple);
+  const ControlState& list = model.layout().at(C::Fischfutter1);
+  EXPECT_LT(list.top + list.height, 3250);  // clear of the lowered caption
   EXPECT_EQ(model.layout().at(C::Ende).caption, "Exit");
   EXPECT_EQ(model.options().fishmealGrade(), 1);
   for (ControlId name : {C::Fischfutter2, C::alle_rein, C::Rein, C::raus, C::Label31, C::Check1})

@@ -26,7 +26,9 @@ class TempFolder {
   TempFolder& operator=(const TempFolder&) = delete;
 
   const std::filesystem::path& path() const { return m_path; }
-  std::string file(const std::string& name = "") const { return (m_path / name).string(); }
+  std::string file(const std::string& name = "") const {
+    return name.empty() ? m_path.string() : (m_path / name).string();
+  }
   // The bytes of a file in the folder; "" where there is none.
   std::string read(const std::string& name) const {
     std::ifstream in(m_path / name, std::ios::binary);
