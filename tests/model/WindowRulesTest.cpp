@@ -161,21 +161,17 @@ TEST(PointerRules, ButtonsAlwaysListsWhileFilledTheGridOnItsEditableColumnsDropD
   EXPECT_FALSE(showsHandPointer(R::Never, 1, 5, true));
 }
 
+// Which buttons the component windows name is the windows' own test; here, that each window
+// reads its own list and only the editor has the drop-down.
 TEST(PointerRules, ComponentWindowsShowTheHandOnTheirOwnButtonsAndTheCategoryChooserOnceClicked) {
   using W = ComponentWindow;
   using R = HandPointerRule;
-  for (const char* button : {"Abbrechen", "Command1", "Command2", "Fertig", "go2", "Loeschen",
-                             "Neuer_Datensatz", "PrintButton"})
-    EXPECT_EQ(handPointerRule(W::Komponentenliste, button), R::Always) << button;
+  EXPECT_EQ(handPointerRule(W::Komponentenliste, "Command1"), R::Always);
+  EXPECT_EQ(handPointerRule(W::Futterkomponenten, "Command1"), R::Never);
+  EXPECT_EQ(handPointerRule(W::Futterkomponenten, "Go3"), R::Always);
+  EXPECT_EQ(handPointerRule(W::Komponentenliste, "Go3"), R::Never);
   EXPECT_EQ(handPointerRule(W::Komponentenliste, "KategorieCombo"), R::AfterClick);
-  for (const char* other : {"Kompomenteneigenschaften", "EingabeText", "Suche2", "Go3", ""})
-    EXPECT_EQ(handPointerRule(W::Komponentenliste, other), R::Never) << other;
-
-  for (const char* button : {"Command2", "Fertig", "Go3", "PrintButton"})
-    EXPECT_EQ(handPointerRule(W::Futterkomponenten, button), R::Always) << button;
-  // The overview has no such drop-down, and its "Go" is named otherwise than the editor's.
-  for (const char* other : {"Command1", "go2", "KategorieCombo", "SchadstoffCombo", "Suche3"})
-    EXPECT_EQ(handPointerRule(W::Futterkomponenten, other), R::Never) << other;
+  EXPECT_EQ(handPointerRule(W::Futterkomponenten, "KategorieCombo"), R::Never);
 }
 
 bool within(const WindowRect& inner, const WindowRect& outer) {
