@@ -41,22 +41,17 @@ class EditingTest : public ModelFixture {
     for (int r = 1; r < editor().grid().rowCount(); ++r) out += editor().grid().text(r, c) + ";";
     return out;
   }
-  // Residue/basis of substance s of the model's table, component by component.
-  std::string stored(int s) const {
+  // Residue/basis of substance s of the model's table (or of `from`), component by component.
+  std::string stored(int s, const ComponentTable* from = nullptr) const {
+    const ComponentTable& t = from ? *from : model.database().table();
     std::string out;
     for (int i = 1; i <= 5; ++i)
-      out += generalForm(model.database().table().residue(s, i), '.') + "/" +
-             std::to_string(model.database().table().basis(s, i)) + " ";
+      out += generalForm(t.residue(s, i), '.') + "/" + std::to_string(t.basis(s, i)) + " ";
     return out;
   }
   // Substance s of the model's table has the residues and codes of substance from of `table`.
   void expectSubstances(std::initializer_list<std::pair<int, int>> pairs) const {
-    for (const auto& [s, from] : pairs) {
-      for (int i = 1; i <= 5; ++i) {
-        EXPECT_EQ(model.database().table().residue(s, i), table.residue(from, i)) << s << " " << i;
-        EXPECT_EQ(model.database().table().basis(s, i), table.basis(from, i)) << s << " " << i;
-      }
-    }
+    for (const auto& [s, from] : pairs) EXPECT_EQ(stored(s), stored(from, &table)) << s;
   }
   // A click into column 5 of row and the edit box placed there.
   void openEditBox(int row) {
