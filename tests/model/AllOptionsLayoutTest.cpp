@@ -85,7 +85,7 @@ TEST_F(AllOptionsTest, OnShowsAndEnablesTheHiddenOptionsInTheFullLayoutOnly) {
   EXPECT_TRUE(sameLayout(model.layout(), before));
 
   load(true);
-  for (ControlId id : {C::Frame1, C::Check2, C::Check1, C::Optimierung2})
+  for (ControlId id : {C::Frame1, C::Check2, C::Check1, C::Optimierung2, C::MenuEdit})
     EXPECT_FALSE(model.visible(id)) << controlName(id);
 }
 
