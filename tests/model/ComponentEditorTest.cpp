@@ -3,7 +3,6 @@
 #include <string>
 
 #include "model/ComponentEditor.h"
-#include "support/TempFolder.h"
 #include "tables/NumericText.h"
 
 namespace pescavo {
@@ -233,23 +232,6 @@ TEST_F(ComponentEditorTest, SearchMarksTextColumnsOnly) {
   EXPECT_EQ(marks(editor), "");
   // Search hits do not keep "Done" from closing.
   EXPECT_TRUE(editor.Fertig());
-}
-
-TEST_F(ComponentEditorTest, SaveAndReloadGiveTheSameTable) {
-  ComponentEditor editor(table);
-  type(editor, 2, 4, "33.3");
-  editor.setCursor(1, 0);
-  editor.Loeschen();
-  editor.Neuer_Datensatz();
-  ASSERT_EQ(editor.readBack(), 0);
-  const TempFolder folder;
-  const std::string path = folder.file("feedstuff.tab");
-  writeComponentTable(table, path, '.');
-  const ComponentTable reloaded = readComponentTable(path);
-  EXPECT_EQ(formatComponentTable(reloaded, '.', path), formatComponentTable(table, '.', path));
-  ASSERT_EQ(reloaded.componentCount(), 5);
-  EXPECT_EQ(reloaded.component(1).cp, 33.3);
-  EXPECT_EQ(reloaded.residue(1, 1), 2);
 }
 
 TEST_F(ComponentEditorTest, Overview) {
