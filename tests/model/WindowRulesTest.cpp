@@ -79,40 +79,34 @@ TEST(StartUpMessages, OneWarningALine) {
 const std::vector<FishSpecies> kSpecies = {{"Common carp", 8, 35}, {"Rainbow trout", 15, 42}};
 const std::vector<FishMealGrade> kGrades = {{60, 8}, {62, 9}, {65, 10}, {70, 12}};
 
-TEST(InformationTexts, FishSpeciesListsEachTargetOnLinesSeparatedByCarriageReturns) {
-  const InformationText info = informationText(InformationImage::Image2, kSpecies, kGrades, '.');
-  EXPECT_EQ(info.caption, "Fish species");
-  EXPECT_EQ(info.text,
-            "Targent content:\rCommon carp:\r8 % lipid and 35% protein.\r\r"
-            "Rainbow trout:\r15 % lipid and 42% protein.");
-  // The targets are written in the general form, with the user's separator.
-  const InformationText comma =
-      informationText(InformationImage::Image2, {{"Carp", 7.5, 35}}, kGrades, ',');
-  EXPECT_EQ(comma.text, "Targent content:\rCarp:\r7,5 % lipid and 35% protein.");
-}
-
-TEST(InformationTexts, FishMealEndsWithTheThirdGradeAsTheChooserShowsIt) {
-  const InformationText info = informationText(InformationImage::Image5, kSpecies, kGrades, '.');
-  EXPECT_EQ(info.caption, "Fish meal");
-  EXPECT_EQ(info.text,
-            "A classification of feed components is represented by CC (carbohydrate "
-            "concentrate), PC (protein concentrate) and F (fat).\r"
-            "The Pescavo offers the possibility to take fish meal into consideration.\r"
-            " Fish meal is treated as uncontaminated feed component and theoretically 100% of "
-            "fish meal can be used for diet.\r"
-            "65 % protein, 10% lipid\r");
-  const InformationText twoGrades =
-      informationText(InformationImage::Image5, kSpecies, {{60, 8}, {62, 9}}, '.');
-  EXPECT_EQ(twoGrades.text.substr(twoGrades.text.size() - 7), "diet.\r\r");
-}
-
-TEST(InformationTexts, FixedTextsKeepTheirBlanksAndLineBreaks) {
+// The species text lists each target, in the general form with the user's separator; the fish
+// meal text ends with the third grade as the chooser shows it, or nothing without one.
+TEST(InformationTexts, TextsKeepTheirBlanksAndLineBreaks) {
   struct Case {
     InformationImage image;
     const char* caption;
-    const char* text;
+    std::string text;
+    std::vector<FishSpecies> species = kSpecies;
+    std::vector<FishMealGrade> grades = kGrades;
+    char separator = '.';
   };
+  const std::string fishmeal =
+      "A classification of feed components is represented by CC (carbohydrate concentrate), PC "
+      "(protein concentrate) and F (fat).\rThe Pescavo offers the possibility to take fish meal "
+      "into consideration.\r Fish meal is treated as uncontaminated feed component and "
+      "theoretically 100% of fish meal can be used for diet.\r";
   const Case cases[] = {
+      {InformationImage::Image2, "Fish species",
+       "Targent content:\rCommon carp:\r8 % lipid and 35% protein.\r\rRainbow trout:\r15 % lipid "
+       "and 42% protein."},
+      {InformationImage::Image2,
+       "Fish species",
+       "Targent content:\rCarp:\r7,5 % lipid and 35% protein.",
+       {{"Carp", 7.5, 35}},
+       kGrades,
+       ','},
+      {InformationImage::Image5, "Fish meal", fishmeal + "65 % protein, 10% lipid\r"},
+      {InformationImage::Image5, "Fish meal", fishmeal + "\r", kSpecies, {{60, 8}, {62, 9}}},
       {InformationImage::Image3, "Criteria",
        "The Pescavo offers in this version of the program only the possibility to calculate "
        "the maximum burden and the respective feed composition."},
@@ -134,7 +128,7 @@ TEST(InformationTexts, FixedTextsKeepTheirBlanksAndLineBreaks) {
        "component (fat) into consideration, for example a fish oil with\r 100 % lipid content."},
   };
   for (const Case& c : cases) {
-    const InformationText info = informationText(c.image, kSpecies, kGrades, '.');
+    const InformationText info = informationText(c.image, c.species, c.grades, c.separator);
     EXPECT_EQ(info.caption, c.caption);
     EXPECT_EQ(info.text, c.text) << c.caption;
   }
