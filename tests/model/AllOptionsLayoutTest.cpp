@@ -1,11 +1,5 @@
-#include <gtest/gtest.h>
-
-#include <string>
-#include <vector>
-
 #include "model/AllOptionsLayout.h"
-#include "model/MainWindowModel.h"
-#include "support/RecordingDialogs.h"
+#include "support/ModelFixture.h"
 #include "support/SameLayout.h"
 
 namespace pescavo {
@@ -14,9 +8,8 @@ namespace {
 using C = ControlId;
 
 // Three components of which Target alone meets the carp targets, all with residues.
-class AllOptionsTest : public ::testing::Test {
+class AllOptionsTest : public ModelFixture {
  protected:
-  AllOptionsTest() : model(dialogs, '.') {}
   void SetUp() override {
     table.addSubstance("Example A");
     const FeedComponent components[] = {
@@ -26,10 +19,6 @@ class AllOptionsTest : public ::testing::Test {
     for (const FeedComponent& c : components) table.addComponent(c);
     for (int i = 1; i <= 3; ++i) table.setResidue(1, i, 0.1 * i);
   }
-  void load(bool simple = false) {
-    model.load(table, {{"Common carp", 8, 35}, {"Rainbow trout", 15, 42}},
-               {{60, 12}, {62, 11}, {65, 10}, {68, 9}}, simple);
-  }
   // Shown on screen: a control in a hidden frame is not.
   bool shown(ControlId id) const {
     const std::optional<ControlId> frame = model.layout().at(id).parent;
@@ -38,13 +27,9 @@ class AllOptionsTest : public ::testing::Test {
   void runAll() {
     model.selection().alle_rein();
     model.Optimierung_Click();
-    ASSERT_TRUE(model.visible(ControlId::Ergebnis))
+    ASSERT_TRUE(model.visible(C::Ergebnis))
         << (dialogs.messages.empty() ? "" : dialogs.messages.back());
   }
-
-  ComponentTable table;
-  RecordingDialogs dialogs;
-  MainWindowModel model;
 };
 
 constexpr ControlId kRevealed[] = {C::Frame1,    C::Option1,     C::Option2, C::Check2,
@@ -54,44 +39,40 @@ constexpr ControlId kRevealed[] = {C::Frame1,    C::Option1,     C::Option2, C::
 TEST_F(AllOptionsTest, OffLeavesEveryLayoutAsItWas) {
   RecordingDialogs otherDialogs;
   MainWindowModel plain(otherDialogs, '.');
+  const auto same = [&](const char* when) {
+    EXPECT_TRUE(sameLayout(model.layout(), plain.layout())) << when;
+  };
   for (bool simple : {false, true}) {
+    SCOPED_TRACE(simple ? "simple" : "full");
     load(simple);
-    plain.load(table, model.runInput().species, model.runInput().fishmeal, simple);
+    plain.load(table, species, fishmeal, simple);
     model.setAllOptions(true);
+    if (simple) same("switched on in the simple layout");
     model.setAllOptions(false);
-    EXPECT_TRUE(sameLayout(model.layout(), plain.layout())) << "simple " << simple;
-    // Switched on in the simple layout, nothing changes there either.
-    model.setAllOptions(true);
-    if (simple) {
-      EXPECT_TRUE(sameLayout(model.layout(), plain.layout()));
-    }
-    model.setAllOptions(false);
+    same("switched off");
     // The editing layout, switched off while editing and after it.
     model.substances().Add_Click();
     plain.substances().Add_Click();
-    EXPECT_TRUE(sameLayout(model.layout(), plain.layout())) << "editing, simple " << simple;
+    same("editing");
     model.substances().Abbrechen_Click();
     plain.substances().Abbrechen_Click();
-    EXPECT_TRUE(sameLayout(model.layout(), plain.layout())) << "after editing, simple " << simple;
+    same("after editing");
   }
   // Start-up with the switch remembered off or switched off before loading.
   model.setAllOptions(true);
   model.setAllOptions(false);
   load();
-  plain.load(table, model.runInput().species, model.runInput().fishmeal, false);
-  EXPECT_TRUE(sameLayout(model.layout(), plain.layout()));
+  plain.load(table, species, fishmeal, false);
+  same("loaded");
 }
 
 TEST_F(AllOptionsTest, OnShowsAndEnablesTheHiddenOptionsInTheFullLayoutOnly) {
   model.setAllOptions(true);  // remembered from the last start
   load();
-  for (ControlId id : kRevealed) {
-    EXPECT_TRUE(model.visible(id)) << controlName(id);
-    EXPECT_TRUE(model.enabled(id)) << controlName(id);
-  }
+  for (ControlId id : kRevealed)
+    EXPECT_TRUE(model.visible(id) && model.enabled(id)) << controlName(id);
   // The hidden choosers follow the option buttons; the component editor's menu comes too.
-  for (ControlId id : {C::MinMax, C::Fischarten})
-    EXPECT_FALSE(model.visible(id)) << controlName(id);
+  EXPECT_FALSE(model.visible(C::MinMax) || model.visible(C::Fischarten));
   EXPECT_TRUE(model.visible(C::MenuEdit));
 
   // While a substance is edited they give way to the grid, and come back after it.
@@ -104,7 +85,7 @@ TEST_F(AllOptionsTest, OnShowsAndEnablesTheHiddenOptionsInTheFullLayoutOnly) {
   EXPECT_TRUE(sameLayout(model.layout(), before));
 
   load(true);
-  for (ControlId id : {C::Frame1, C::Check2, C::Check1, C::Optimierung2})
+  for (ControlId id : {C::Frame1, C::Check2, C::Check1, C::Optimierung2, C::MenuEdit})
     EXPECT_FALSE(model.visible(id)) << controlName(id);
 }
 
@@ -120,15 +101,10 @@ TEST_F(AllOptionsTest, NoTwoShownControlsOverlap) {
     for (ControlId id : allControls()) {
       const ControlState& s = layout.at(id);
       if (!shown(id) || s.width == 0) continue;
-      if (s.parent) {
-        const ControlState& frame = layout.at(*s.parent);
-        EXPECT_LE(s.left + s.width, frame.width) << controlName(id);
-        EXPECT_LE(s.top + s.height, frame.height) << controlName(id);
-        continue;
-      }
-      EXPECT_LE(s.left + s.width, layout.width()) << controlName(id);
-      EXPECT_LE(s.top + s.height, MainWindowLayout::kHeight) << controlName(id);
-      placed.push_back(id);
+      const int width = s.parent ? layout.at(*s.parent).width : layout.width();
+      const int height = s.parent ? layout.at(*s.parent).height : MainWindowLayout::kHeight;
+      EXPECT_TRUE(s.left + s.width <= width && s.top + s.height <= height) << controlName(id);
+      if (!s.parent) placed.push_back(id);
     }
     EXPECT_GT(placed.size(), 30u);
     for (size_t i = 0; i < placed.size(); ++i) {
@@ -180,9 +156,8 @@ TEST_F(AllOptionsTest, SwitchingOffRestoresTheHiddenOptions) {
   model.setAllOptions(true);
   runAll();
   model.setAllOptions(false);
-  EXPECT_TRUE(model.visible(ControlId::Ergebnis));
   model.setAllOptions(true);
-  EXPECT_TRUE(model.visible(ControlId::Ergebnis));
+  EXPECT_TRUE(model.visible(C::Ergebnis));
 
   model.options().setCriterionOption(Criterion::Minimum);
   model.options().setMrbdLimits(false);
@@ -191,7 +166,7 @@ TEST_F(AllOptionsTest, SwitchingOffRestoresTheHiddenOptions) {
   runAll();
   EXPECT_EQ(model.result().text.rfind("Minimum content", 0), 0u) << model.result().text;
   model.setAllOptions(false);
-  EXPECT_FALSE(model.visible(ControlId::Ergebnis));
+  EXPECT_FALSE(model.visible(C::Ergebnis));
   EXPECT_EQ(model.options().criterionOption(), Criterion::Maximum);
   EXPECT_TRUE(model.options().mrbdLimits());
   const PseudoComponents pseudo = model.options().pseudoComponents();

@@ -26,10 +26,12 @@ class ComponentSelectionTest : public ::testing::Test {
     for (int p : positions) selection.setSelected(p, true);
     selection.Rein();
   }
-  std::string chosen() const {
+  // The chosen texts, the current entry and, where enabled, "<---".
+  std::string state() const {
     std::string texts;
     for (const ListEntry& entry : selection.chosen()) texts += entry.text + ";";
-    return texts;
+    return texts + " @" + std::to_string(selection.currentChosen()) +
+           (selection.removeEnabled() ? " <---" : "");
   }
 
   ComponentTable table;
@@ -37,35 +39,30 @@ class ComponentSelectionTest : public ::testing::Test {
 };
 
 TEST_F(ComponentSelectionTest, MovingInAndOut) {
-  EXPECT_FALSE(selection.removeEnabled());
+  EXPECT_EQ(state(), " @-1");
   choose({1});
-  EXPECT_TRUE(selection.removeEnabled());
+  EXPECT_EQ(state(), "Maize (feed); @-1 <---");
   choose({2, 0, 1});  // Maize is there already: two more, in list order
-  EXPECT_EQ(chosen(), "Maize (feed);Wheat (feed);Soybean (feed);");
+  EXPECT_EQ(state(), "Maize (feed);Wheat (feed);Soybean (feed); @-1 <---");
   selection.alle_rein();
-  EXPECT_EQ(chosen(), "Maize (feed);Wheat (feed);Soybean (feed);Rape (feed);");
+  EXPECT_EQ(state(), "Maize (feed);Wheat (feed);Soybean (feed);Rape (feed); @-1 <---");
 
   // Removing keeps the current position in range: 1 of 4 stays 1, the last goes one up.
   selection.setCurrentChosen(1);
   selection.raus();
-  EXPECT_EQ(chosen(), "Maize (feed);Soybean (feed);Rape (feed);");
-  EXPECT_EQ(selection.currentChosen(), 1);
+  EXPECT_EQ(state(), "Maize (feed);Soybean (feed);Rape (feed); @1 <---");
   selection.setCurrentChosen(2);
   selection.raus();
-  EXPECT_EQ(selection.currentChosen(), 1);
+  EXPECT_EQ(state(), "Maize (feed);Soybean (feed); @1 <---");
   selection.setCurrentChosen(-1);
-  selection.raus();
+  selection.raus();  // no current entry: nothing
   EXPECT_EQ(selection.chosen().size(), 2u);
-
   for (int left = 2; left > 0; --left) selection.setCurrentChosen(0), selection.raus();
-  EXPECT_TRUE(selection.chosen().empty());
-  EXPECT_EQ(selection.currentChosen(), -1);
-  EXPECT_FALSE(selection.removeEnabled());
+  EXPECT_EQ(state(), " @-1");
 
   choose({0, 1});
   selection.alle_raus();
-  EXPECT_TRUE(selection.chosen().empty());
-  EXPECT_FALSE(selection.removeEnabled());
+  EXPECT_EQ(state(), " @-1");
 }
 
 // Another substance empties the chosen list but leaves "<---" as it was; loading a table
@@ -77,17 +74,15 @@ TEST_F(ComponentSelectionTest, ARefreshKeepsTheRemoveButtonsAndAResetDoesNot) {
   ASSERT_EQ(selection.available().size(), 1u);
   EXPECT_EQ(selection.available()[0].text, "Maize (feed)");
   EXPECT_EQ(selection.workingSet()[0].residue, 0.3);
-  EXPECT_TRUE(selection.chosen().empty());
-  EXPECT_EQ(selection.currentChosen(), -1);
+  EXPECT_EQ(state(), " @-1 <---");
   EXPECT_FALSE(selection.isSelected(0));
-  EXPECT_TRUE(selection.removeEnabled());
   selection.reset(table, 0);
   EXPECT_EQ(selection.available().size(), 4u);
-  EXPECT_FALSE(selection.removeEnabled());
+  EXPECT_EQ(state(), " @-1");
 
   choose({3});
   selection.chooseAllAvailable();
-  EXPECT_EQ(chosen(), "Wheat (feed);Maize (feed);Soybean (feed);Rape (feed);");
+  EXPECT_EQ(state(), "Wheat (feed);Maize (feed);Soybean (feed);Rape (feed); @-1 <---");
 }
 
 TEST_F(ComponentSelectionTest, TooltipNamesTheLimitOfTheSpecies) {

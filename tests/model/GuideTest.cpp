@@ -1,11 +1,10 @@
 #include <gtest/gtest.h>
-#include <stdlib.h>
 
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
 
 #include "model/Guide.h"
+#include "support/TempFolder.h"
 
 namespace pescavo {
 namespace {
@@ -14,16 +13,8 @@ namespace fs = std::filesystem;
 
 class GuideTest : public ::testing::Test {
  protected:
-  void SetUp() override {
-    std::string name = (fs::temp_directory_path() / "pescavo-guide-XXXXXX").string();
-    ASSERT_NE(::mkdtemp(name.data()), nullptr);
-    folder = name;
-  }
-  void TearDown() override { fs::remove_all(folder); }
-  void write(const std::string& file, const std::string& text) {
-    std::ofstream(folder / file, std::ios::binary) << text;
-  }
-  fs::path folder;
+  void write(const std::string& file, const std::string& text) { folder.write(file, text); }
+  const TempFolder folder;
 };
 
 TEST_F(GuideTest, ContentsFollowTheIndexListsAndSearchFindsPagesHoldingEveryWord) {
@@ -39,13 +30,11 @@ TEST_F(GuideTest, ContentsFollowTheIndexListsAndSearchFindsPagesHoldingEveryWord
   write("run.html",
         "<html><head><title>A run</title></head><body><h2 id=\"result\">Result</h2>"
         "<p>The burden is red above 0.1 mg/kg; the LIPID target binds.</p></body></html>");
-  const Guide guide(folder.string());
-  ASSERT_EQ(guide.contents().size(), 3u);
-  EXPECT_EQ(guide.contents()[0].title, "One run");
-  EXPECT_EQ(guide.contents()[0].level, 0);
-  EXPECT_EQ(guide.contents()[1].href, "run.html#result");
-  EXPECT_EQ(guide.contents()[1].level, 1);
-  EXPECT_EQ(guide.contents()[2].href, "files.html");
+  const Guide guide(folder.file());
+  std::string contents;
+  for (const Guide::Entry& e : guide.contents())
+    contents += std::to_string(e.level) + " " + e.title + " " + e.href + "; ";
+  EXPECT_EQ(contents, "0 One run run.html; 1 The result run.html#result; 0 Files files.html; ");
 
   // In the contents' order (run before files), any case, every word, entities resolved.
   const std::vector<Guide::Hit> lipid = guide.search("Lipid");
@@ -68,18 +57,17 @@ TEST_F(GuideTest, BrokenLinksNameTheMissingPageOrAnchor) {
         "<a href=\"#top\">Top</a> <a href=\"a.html#nowhere\">No anchor</a> "
         "<img src=\"missing.png\"> <a href=\"mailto:x@example.org\">Mail</a>");
   write("a.html", "<title>A</title><h2 id=\"there\">There</h2>");
-  const Guide guide(folder.string());
+  const Guide guide(folder.file());
   EXPECT_EQ(guide.brokenLinks(),
             (std::vector<std::string>{"index.html: gone.html", "index.html: #top",
                                       "index.html: a.html#nowhere", "index.html: missing.png"}));
 }
 
 TEST_F(GuideTest, LocateTakesTheFirstFolderWithAnIndex) {
-  const fs::path empty = folder / "empty";
+  const fs::path empty = folder.path() / "empty";
   fs::create_directory(empty);
   write("index.html", "<title>Guide</title>");
-  EXPECT_EQ(Guide::locate({(folder / "missing").string(), empty.string(), folder.string()}),
-            folder.string());
+  EXPECT_EQ(Guide::locate({folder.file("missing"), empty.string(), folder.file()}), folder.file());
   EXPECT_EQ(Guide::locate({empty.string()}), "");
   EXPECT_TRUE(Guide(empty.string()).empty());
 }

@@ -1,11 +1,9 @@
-#include <gtest/gtest.h>
-
 #include <functional>
 #include <string>
 #include <vector>
 
-#include "model/MainWindowModel.h"
-#include "support/RecordingDialogs.h"
+#include "support/ErringTables.h"
+#include "support/ModelFixture.h"
 
 namespace pescavo {
 namespace {
@@ -17,9 +15,8 @@ FeedComponent component(const std::string& crop, double cp, double cl, double dm
 
 // Five components; substance A has residues on all but Oats, substance B on Maize and Rape
 // (and a negative one on Oats, which is not offered either).
-class ModelTest : public ::testing::Test {
+class ModelTest : public ModelFixture {
  protected:
-  ModelTest() : model(dialogs, '.') {}
   void SetUp() override {
     table.addSubstance("Example A");
     table.addSubstance("Example B");
@@ -34,31 +31,21 @@ class ModelTest : public ::testing::Test {
     table.setBasis(1, 4, 1);
     load();
   }
-  // The model after start-up with the tables as they are now.
-  void load() { model.load(table, species, {{60, 12}, {62, 11}, {65, 10}, {68, 9}, {70, 8}}); }
   void choose(std::initializer_list<int> positions) {
     model.selection().clearSelection();
     for (int p : positions) model.selection().setSelected(p, true);
     model.selection().Rein();
   }
-  std::string chosen() const {
-    std::string texts;
-    for (const ListEntry& entry : model.selection().chosen()) texts += entry.text + ";";
-    return texts;
-  }
   void pseudos(bool pc, bool cc, bool f) { model.options().setPseudoComponents({pc, cc, f}); }
-
-  ComponentTable table;
-  std::vector<FishSpecies> species = {{"Common carp", 8, 35}, {"Rainbow trout", 15, 42}};
-  RecordingDialogs dialogs;
-  MainWindowModel model;
+  bool resultShown() const {
+    return model.visible(ControlId::Ergebnis) && model.visible(ControlId::ReportButton);
+  }
 };
 
 TEST_F(ModelTest, AvailableListFollowsTheSubstance) {
   EXPECT_EQ(model.selection().available().size(), 4u);
   EXPECT_EQ(model.selection().available()[2].text, "Soybean (feed)");
   EXPECT_EQ(model.selection().available()[2].artSchadstoffwert, "1");
-  EXPECT_TRUE(model.enabled(ControlId::Loeschen));
   choose({0});
   model.selectSubstance(1);
   ASSERT_EQ(model.selection().available().size(), 2u);
@@ -111,8 +98,7 @@ TEST_F(ModelTest, EveryChangeWithdrawsTheResult) {
     model.options().setMrbdLimits(true);
     choose({4});
     model.Optimierung_Click();
-    ASSERT_TRUE(model.visible(ControlId::Ergebnis) && model.visible(ControlId::ReportButton))
-        << dialogs.messages.back();
+    ASSERT_TRUE(resultShown()) << dialogs.messages.back();
     model.selection().setCurrentChosen(0);
     changes[i]();
     EXPECT_FALSE(model.visible(ControlId::Ergebnis) || model.visible(ControlId::ReportButton))
@@ -121,12 +107,12 @@ TEST_F(ModelTest, EveryChangeWithdrawsTheResult) {
   // Selecting, and "<---" with no current entry, change nothing that ran.
   choose({4});
   model.Optimierung_Click();
-  ASSERT_TRUE(model.visible(ControlId::Ergebnis));
+  ASSERT_TRUE(resultShown());
   model.selection().setSelected(0, true);
   model.selection().clearSelection();
   model.selection().setCurrentChosen(-1);
   model.selection().raus();
-  EXPECT_TRUE(model.visible(ControlId::Ergebnis) && model.visible(ControlId::ReportButton));
+  EXPECT_TRUE(resultShown());
 }
 
 // A component that meets the carp targets alone; DM 0 keeps its residue unconverted, so the
@@ -136,8 +122,6 @@ class SingleRunTest : public ModelTest {
   void SetUp() override {
     ModelTest::SetUp();
     table.addComponent(component("Target", 35, 8, 0, 100, 100));
-    load();
-    pseudos(false, false, false);
   }
   void runWithResidue(double residue) {
     table.setResidue(1, 6, residue);
@@ -170,35 +154,32 @@ TEST_F(SingleRunTest, StatementRoundingAndColour) {
     model.options().setCriterionOption(c.minimum ? Criterion::Minimum : Criterion::Maximum);
     model.setDecimalSeparator(c.separator);
     runWithResidue(c.residue);
-    ASSERT_TRUE(model.visible(ControlId::Ergebnis) && model.visible(ControlId::ReportButton))
-        << c.residue;
+    ASSERT_TRUE(resultShown()) << c.residue;
     EXPECT_EQ(model.result().text, c.statement);
     EXPECT_EQ(model.result().red, c.red) << c.residue;
   }
 }
 
-TEST_F(SingleRunTest, RefusalsShowTheirMessageAndHideTheResult) {
+TEST_F(SingleRunTest, ARefusalShowsItsMessageAndHidesTheResult) {
   bool redWhileShown = false;
   dialogs.onMessage = [&] { redWhileShown = model.chosenCaptionRed(); };
   runWithResidue(0.2);
-  ASSERT_TRUE(model.visible(ControlId::Ergebnis));
+  ASSERT_TRUE(resultShown());
   model.selection().alle_raus();
   pseudos(true, false, false);  // pseudo-components alone are no components
   model.Optimierung_Click();
   EXPECT_TRUE(redWhileShown);
   EXPECT_FALSE(model.chosenCaptionRed() || model.visible(ControlId::Ergebnis));
 
-  const auto runAndExpect = [&](const std::string& message) {
-    dialogs.messages.clear();
-    model.Optimierung_Click();
-    EXPECT_EQ(dialogs.messages, std::vector<std::string>{message});
-    EXPECT_FALSE(model.visible(ControlId::Ergebnis) || model.visible(ControlId::ReportButton))
-        << message;
-  };
   load();
   pseudos(false, false, false);
   choose({0});  // wheat alone cannot reach 35 % protein
-  runAndExpect("The problem is not solvable. Add more or try different components.");
+  dialogs.messages.clear();
+  model.Optimierung_Click();
+  EXPECT_EQ(dialogs.messages,
+            std::vector<std::string>{"The problem is not solvable. Add more or try different "
+                                     "components."});
+  EXPECT_FALSE(model.visible(ControlId::Ergebnis) || model.visible(ControlId::ReportButton));
 }
 
 TEST_F(SingleRunTest, RunSetsTheHiddenChoosersFromTheOptions) {
@@ -218,29 +199,20 @@ TEST_F(SingleRunTest, RunSetsTheHiddenChoosersFromTheOptions) {
   EXPECT_TRUE(model.lastRun().result().solvable);
   EXPECT_FALSE(model.visible(ControlId::Ergebnis));
 
-  model.load(table, species, {{60, 12}, {62, 11}, {65, 10}}, true);  // simple layout
+  load(true);  // the simple layout
   EXPECT_TRUE(model.options().pseudoComponents().pc);
   model.Optimierung_Click();  // every available component takes part
   EXPECT_EQ(model.selection().chosen().size(), model.selection().available().size());
 }
 
-// Only 100 % of the second component meets both targets; the method reports the first
-// one's residue, and the check says so beside the statement.
+// The method reports the first component's residue where only the second meets the targets;
+// the check says so beside the statement.
 TEST_F(ModelTest, EveryRunIsCheckedIndependently) {
-  table.addComponent(component("First", 20, 10, 100, 100, 100));
-  table.addComponent(component("Second", 35, 10, 100, 100, 100));
-  table.setResidue(2, 6, 3);
-  table.setResidue(2, 7, 5);
-  species[0] = {"Common carp", 10, 35};
-  load();
-  model.selectSubstance(1);
-  choose({2, 3});
+  loadErringTables(model);
   pseudos(false, false, false);
-  model.options().setMrbdLimits(false);
-  model.options().setCriterionOption(Criterion::Minimum);
   model.Optimierung_Click();
   EXPECT_EQ(model.result().text,
-            "Minimum content dietary burden based on Example B is 3.000 mg/kg.");
+            "Minimum content dietary burden based on Substance A is 3.000 mg/kg.");
   EXPECT_EQ(model.lastRun().check().verdict, CheckVerdict::Differs);
   EXPECT_EQ(model.lastRun().checkSentence().rfind(
                 "Independent check: the true minimum is 5.000 mg/kg; the "

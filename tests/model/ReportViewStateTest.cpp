@@ -25,14 +25,11 @@ std::string shown(const ReportViewState& state) {
   const auto add = [&s](bool visible, const std::string& name) {
     if (visible) s += (s.empty() ? "" : " ") + name;
   };
-  add(c.labels, "labels");
-  add(c.text, "text");
-  add(c.table, "table");
-  add(c.chartKinds, "kinds");
-  add(c.chart, "chart");
-  add(c.explanation, "explanation");
-  add(c.scenarioTable, "scenarios");
-  add(c.detailsButtons, "details");
+  const bool visible[] = {c.labels, c.text,        c.table,         c.chartKinds,
+                          c.chart,  c.explanation, c.scenarioTable, c.detailsButtons};
+  const char* names[] = {"labels", "text",        "table",     "kinds",
+                         "chart",  "explanation", "scenarios", "details"};
+  for (int k = 0; k < 8; ++k) add(visible[k], names[k]);
   add(c.command1, "[" + c.command1Caption + "]");
   add(c.command2, "[" + c.command2Caption + "]");
   add(c.command3, "[" + c.command3Caption + "]");

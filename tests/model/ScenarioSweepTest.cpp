@@ -4,7 +4,6 @@
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
-#include <random>
 #include <string>
 #include <string_view>
 #include <tuple>
@@ -19,6 +18,7 @@
 #include "reports/TextFiles.h"
 #include "support/ErringTables.h"
 #include "support/RecordingDialogs.h"
+#include "support/TempFolder.h"
 #include "tables/FileReplacer.h"
 
 namespace pescavo::test {
@@ -76,7 +76,6 @@ std::string expectedSummary(const std::string& odd, const std::string& last) {
 // With them only scenario 8 is feasible: X 50 %, CC = 0.5 / 2.882, PC = 1.772 CC, F = 0.11 CC.
 struct Sweep {
   explicit Sweep(double dm = 80, double residue = 1.6) {
-    std::filesystem::create_directories(root);
     ComponentTable table;
     table.addSubstance("Substance A");
     table.addComponent({"Fat", "X", "feed", "", 40, 10, dm, 50, 50});
@@ -87,12 +86,9 @@ struct Sweep {
     m.selection().alle_rein();
   }
   std::string reportFile() const { return txt_ReadAll(file("Report.txt")); }
-  ~Sweep() { std::filesystem::remove_all(root, ignored); }
-  std::string file(const std::string& name = "") const { return (root / name).string(); }
+  std::string file(const std::string& name = "") const { return folder.file(name); }
 
-  std::filesystem::path root = std::filesystem::temp_directory_path() /
-                               ("pescavo-reports-" + std::to_string(std::random_device()()));
-  std::error_code ignored;
+  TempFolder folder;
   RecordingDialogs dialogs;
   MainWindowModel m{dialogs, '.'};
 };
@@ -224,27 +220,20 @@ TEST(ScenarioSweep, LabelsAndPrintTitleAndTheDetailsCheck) {
 // The scenario cells keep what the method found; the check beside
 // them says it differs, and the Details run says so too.
 TEST(ScenarioSweep, RunsWhereTheMethodErrsCarryTheVerdict) {
-  RecordingDialogs dialogs;
-  MainWindowModel m(dialogs, '.');
-  loadErringTables(m);
-  const auto folder = std::filesystem::temp_directory_path() /
-                      ("pescavo-errs-" + std::to_string(std::random_device()()));
-  std::filesystem::create_directories(folder);
-  m.report().reportFolder = folder.string();
-  ASSERT_TRUE(Optimierung2_Click(m));
-  const ReportState& report = m.report();
+  Sweep s;
+  loadErringTables(s.m);
+  ASSERT_TRUE(Optimierung2_Click(s.m));
+  const ReportState& report = s.m.report();
   for (int run : {1, 2})
     EXPECT_EQ(std::tuple(report.scenarioCells[run][2], report.scenarioChecks[run - 1].verdict,
                          report.scenarioVerdicts[run - 1], report.scenarioTrueOptima[run - 1],
                          report.scenarioVerdictTooltips[run - 1].substr(0, 70)),
               std::tuple("3.000", CheckVerdict::Differs, "differs", "5.000",
                          "Differs from an independent LP solver: the true minimum is 5.000 mg/kg"));
-  const ScenarioDetails details = runScenarioDetails(m, 0);
+  const ScenarioDetails details = runScenarioDetails(s.m, 0);
   EXPECT_EQ(details.verdict, CheckVerdict::Differs);
   EXPECT_EQ(details.checkSentence.rfind("Independent check: the true minimum is 5.000 mg/kg", 0),
             0u);
-  std::error_code ignored;
-  std::filesystem::remove_all(folder, ignored);
 }
 
 // A single run's report: title block and section, the composition table, the main window off.
