@@ -26,21 +26,32 @@ class ExplanationTest : public HandMadeLists {
 };
 
 // {lipid, protein, residue, carp, trout, dm, IFN}: a feed of the sample's kind with PC, CC, F,
-// explained on the run's own programme, dry-matter residues and all. (That a rate predicts the
-// next optimum is the sensitivity analysis' own test.)
-TEST_F(ExplanationTest, ExplainsTheRunsOwnOptimumAndItsBindingMaxima) {
+// explained on the run's own programme, dry-matter residues and all: each binding maximum
+// raised by 1 % in the table moves the rerun's burden by the rate stated for it.
+TEST_F(ExplanationTest, RelaxingABindingLimitInTheTableMovesTheBurdenByItsRate) {
   add("Wheat (bran)", {4, 17, 0.05, 20, 20, 88, ""});
   add("Maize (grain)", {4, 9, 0.02, 30, 25, 86, ""});
   add("Soybean (meal)", {2, 50, 0.01, 25, 25, 89, ""});
-  const Explanation e = runAndExplain();
-  ASSERT_TRUE(e.available);
-  EXPECT_FALSE(e.reportDiffers);
-  EXPECT_NEAR(e.optimum, run.result().burden, 1e-9);
-  std::string binding;
-  for (const ExplanationLine& line : e.lines)
-    if (line.limit.kind == LimitKind::MaxInclusion && line.limit.binding && line.limit.rate > 0)
-      binding += line.constraint + ";";
-  EXPECT_EQ(binding, "Wheat (bran);Soybean (meal);");  // maize gives way to the PC
+  const Explanation before = runAndExplain();
+  ASSERT_TRUE(before.available);
+  EXPECT_FALSE(before.reportDiffers);
+  EXPECT_NEAR(before.optimum, run.result().burden, 1e-9);
+  std::string relaxed;
+  for (std::size_t k = 0; k < before.lines.size(); ++k) {
+    const LimitSensitivity& limit = before.lines[k].limit;
+    if (limit.kind != LimitKind::MaxInclusion || !limit.binding) continue;
+    ASSERT_GE(limit.highest, limit.limit + 1) << before.lines[k].constraint;
+    EXPECT_GT(limit.rate, 0);  // more of a contaminated component can only raise the worst case
+    WorkingSetEntry& entry = working[limit.variable - 1];
+    entry.maxCarp += 1;
+    const Explanation after = runAndExplain();
+    entry.maxCarp -= 1;
+    EXPECT_NEAR(run.result().burden - before.optimum, limit.rate, 1e-9)
+        << before.lines[k].constraint;
+    EXPECT_NEAR(after.lines[k].limit.limit, limit.limit + 1, 1e-12);
+    relaxed += before.lines[k].constraint + ";";
+  }
+  EXPECT_EQ(relaxed, "Wheat (bran);Soybean (meal);");  // maize gives way to the PC
 }
 
 // Three components, one per nutrient: the targets alone fix the feed, so the rates are
