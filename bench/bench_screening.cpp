@@ -9,10 +9,10 @@
 
 #include <atomic>
 #include <cstdlib>
-#include <cstring>
 #include <string>
 #include <vector>
 
+#include "TableWritingMain.h"
 #include "model/Screening.h"
 #include "tables/ComponentTable.h"
 #include "tables/FishTables.h"
@@ -78,14 +78,5 @@ ComponentTable fullTable() {
 }  // namespace
 
 int main(int argc, char** argv) {
-  constexpr const char* kWrite = "--write-full-table=";
-  if (argc == 2 && std::strncmp(argv[1], kWrite, std::strlen(kWrite)) == 0) {
-    writeComponentTable(fullTable(), argv[1] + std::strlen(kWrite), '.');
-    return 0;
-  }
-  benchmark::Initialize(&argc, argv);
-  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
-  benchmark::RunSpecifiedBenchmarks();
-  benchmark::Shutdown();
-  return 0;
+  return pescavo::benchmarkOrWriteTable(argc, argv, "--write-full-table=", fullTable);
 }

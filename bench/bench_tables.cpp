@@ -7,11 +7,11 @@
 #include <stdlib.h>
 #include <sys/resource.h>
 
-#include <cstring>
 #include <filesystem>
 #include <iostream>
 #include <string>
 
+#include "TableWritingMain.h"
 #include "tables/ComponentTable.h"
 #include "tables/ComponentViews.h"
 #include "tables/TextFile.h"
@@ -124,14 +124,5 @@ BENCHMARK(BM_Futterliste)->Unit(benchmark::kMicrosecond);
 }  // namespace
 
 int main(int argc, char** argv) {
-  constexpr const char* kWrite = "--write-largest-table=";
-  if (argc == 2 && std::strncmp(argv[1], kWrite, std::strlen(kWrite)) == 0) {
-    pescavo::writeComponentTable(largestTable(), argv[1] + std::strlen(kWrite), '.');
-    return 0;
-  }
-  benchmark::Initialize(&argc, argv);
-  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
-  benchmark::RunSpecifiedBenchmarks();
-  benchmark::Shutdown();
-  return 0;
+  return pescavo::benchmarkOrWriteTable(argc, argv, "--write-largest-table=", largestTable);
 }
