@@ -306,5 +306,28 @@ TEST_F(CliTest, ExplainWritesTheLimitsAsTsvOrAsText) {
   EXPECT_EQ(cli({"optimize", "--substance", m_substance, "--all", "--format", "tsv"}).status, 2);
 }
 
+// One component that meets both trout targets on its own: without PC, the fixed-pass minimum
+// feeds none of it, which the check disputes. Every command that checks says so by its exit code.
+TEST_F(CliTest, ARunTheCheckDisputesExitsWithThree) {
+  std::ofstream(m_root / "Input" / "feedstuff.tab", std::ios::binary)
+      << "Category\tCrop\tCommodity\tIFN Code\tCP (%)\tCL (%)\tDM(%)\tmax carp(%)\tmax trout "
+         "(%)\tResidueInputValue\tExample\r\nCereal Grains/ Crop Seeds\tMaize\tgrain\t4-02-935\t42"
+         "\t15\t91.9\t100\t100\t0\t3.93\r\n";
+  const std::vector<std::string> run = {"--substance", "Example", "--species", "trout",
+                                        "--criterion", "min",     "--all"};
+  const auto with = [&](std::vector<std::string> command, std::vector<std::string> extra = {}) {
+    command.insert(command.end(), run.begin(), run.end());
+    command.insert(command.end(), extra.begin(), extra.end());
+    return cli(command);
+  };
+  EXPECT_EQ(with({"verify"}).status, 0);  // PC takes the place of the maize
+  const Outcome disputed = with({"verify"}, {"--no-pc"});
+  EXPECT_EQ(disputed.status, 3);
+  EXPECT_NE(disputed.out.find("differs: the true minimum is 4.276 mg/kg"), std::string::npos);
+  EXPECT_EQ(with({"verify", "--scenarios"}).status, 3);
+  EXPECT_EQ(cli({"screen", "--species", "trout", "--criterion", "min"}).status, 0);
+  EXPECT_EQ(cli({"screen", "--species", "trout", "--criterion", "min", "--scenarios"}).status, 3);
+}
+
 }  // namespace
 }  // namespace pescavo
