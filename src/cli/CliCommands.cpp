@@ -9,6 +9,16 @@
 
 namespace pescavo {
 
+void CheckTally::add(CheckVerdict verdict) {
+  m_differs = m_differs || verdict == CheckVerdict::Differs;
+  m_unchecked = m_unchecked || verdict == CheckVerdict::CouldNotRun;
+}
+
+int CheckTally::exitStatus() const {
+  if (m_differs) return kExitDiffers;
+  return m_unchecked ? kExitUnchecked : kExitOk;
+}
+
 int runOptimize(MainWindowModel& model, const CliOptions&, std::ostream& out, std::ostream&) {
   model.Optimierung_Click();
   if (!model.visible(ControlId::Ergebnis)) return kExitRefused;
@@ -38,9 +48,9 @@ int runVerify(MainWindowModel& model, const CliOptions& options, std::ostream& o
   if (status != kExitOk && !run.solverRan()) return kExitRefused;
   const CheckResult& check = run.check();
   out << cliLine(check, run.options().criterion, model.decimalSeparator()) << '\n';
-  if (check.verdict == CheckVerdict::Agrees) return kExitOk;
-  if (check.verdict == CheckVerdict::Differs) return kExitDiffers;
-  return kExitUnchecked;
+  CheckTally tally;
+  tally.add(check.verdict);
+  return tally.exitStatus();
 }
 
 }  // namespace pescavo

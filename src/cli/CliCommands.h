@@ -7,6 +7,19 @@
 namespace pescavo {
 
 class MainWindowModel;
+enum class CheckVerdict;
+
+// The exit code the independent checks of a command's runs give: 3 when one differs, else 4
+// when one could not run, else 0.
+class CheckTally {
+ public:
+  void add(CheckVerdict verdict);
+  int exitStatus() const;
+
+ private:
+  bool m_differs = false;
+  bool m_unchecked = false;
+};
 
 struct CliOptions {
   struct Move {

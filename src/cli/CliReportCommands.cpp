@@ -40,18 +40,13 @@ int runVerifyScenarios(MainWindowModel& model, const CliOptions&, std::ostream& 
                        std::ostream&) {
   if (!sweep(model)) return kExitRefused;
   const ReportState& report = model.report();
-  bool differs = false;
-  bool unchecked = false;
+  CheckTally tally;
   for (int run = 1; run <= kScenarioRuns; ++run) {
-    const CheckResult& check = report.scenarioChecks[run - 1];
-    differs = differs || check.verdict == CheckVerdict::Differs;
-    unchecked = unchecked || check.verdict == CheckVerdict::CouldNotRun;
+    tally.add(report.scenarioChecks[run - 1].verdict);
     out << run << '\t' << report.scenarioVerdicts[run - 1] << '\t' << report.scenarioCells[run][2]
         << '\t' << report.scenarioTrueOptima[run - 1] << '\n';
   }
-  if (report.fileWriteFailed) return kExitReportFile;
-  if (differs) return kExitDiffers;
-  return unchecked ? kExitUnchecked : kExitOk;
+  return report.fileWriteFailed ? kExitReportFile : tally.exitStatus();
 }
 
 }  // namespace pescavo

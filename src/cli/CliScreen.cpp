@@ -85,14 +85,10 @@ ScreeningRequest requestOf(const CliOptions& options) {
 
 int exitStatus(const ScreeningResult& result) {
   if (result.cancelled) return kExitCancelled;
-  bool differs = false;
-  bool unchecked = false;
-  for (const ScreeningRow& row : result.rows) {
-    differs = differs || (row.checked && row.verdict == CheckVerdict::Differs);
-    unchecked = unchecked || (row.checked && row.verdict == CheckVerdict::CouldNotRun);
-  }
-  if (differs) return kExitDiffers;
-  return unchecked ? kExitUnchecked : kExitOk;
+  CheckTally tally;
+  for (const ScreeningRow& row : result.rows)
+    if (row.checked) tally.add(row.verdict);
+  return tally.exitStatus();
 }
 
 }  // namespace
