@@ -89,11 +89,9 @@ TEST_F(ComponentEditorTest, ReadBackChecksAgainstOneHundred) {
   type(second, 5, 8, "abc");  // reads as 0, which passes
   EXPECT_FALSE(second.Fertig() || second.databaseModified());
   EXPECT_EQ(marks(second), "1,4 1,5 3,6 4,7 ");
-  EXPECT_EQ(second.markCount(), 4);
   // Stored as read, also where a check failed.
-  EXPECT_EQ(table.component(1).cl, 41);
-  EXPECT_EQ(table.component(3).dm, 100.5);
-  EXPECT_EQ(table.component(5).maxTrout, 0);
+  EXPECT_EQ(std::tuple(table.component(1).cl, table.component(3).dm, table.component(5).maxTrout),
+            std::tuple(41, 100.5, 0));
 
   // A value the file could not hold (negative) is marked too; fixing all clears the marks.
   type(second, 1, 5, "40");
@@ -103,66 +101,32 @@ TEST_F(ComponentEditorTest, ReadBackChecksAgainstOneHundred) {
   EXPECT_EQ(marks(second), "4,7 ");
   type(second, 4, 7, "1E2");
   EXPECT_TRUE(second.Fertig());
-  EXPECT_EQ(second.markCount(), 0);
 }
 
-TEST_F(ComponentEditorTest, NewRecordThenDone) {
-  ComponentEditor editor(table);
-  ASSERT_TRUE(editor.Neuer_Datensatz());
-  EXPECT_EQ(std::pair(editor.currentRow(), editor.currentColumn()), std::pair(6, 8));
-  EXPECT_EQ(table.componentCount(), 5);  // only the read-back adds it
-  ASSERT_TRUE(editor.Fertig());
-  ASSERT_EQ(table.componentCount(), 6);
-  const FeedComponent& c = table.component(6);
-  EXPECT_EQ(std::make_tuple(c.category, c.crop, c.commodity, c.ifnCode, c.cp, c.cl, c.dm, c.maxCarp,
-                            c.maxTrout, table.residue(1, 6), table.basis(1, 6)),
-            std::make_tuple("By-Products", "new crop", "new commodity", "IFN Code", 0, 0, 100, 100,
-                            100, 0, 0));
-}
-
-// Two deletions before the read-back; the residues leave with their components.
-TEST_F(ComponentEditorTest, DeletionKeepsResiduesWithTheirComponents) {
+// Rows deleted and added reach the table at the read-back only; the residues leave with their
+// components and a new record comes last with zero residues.
+TEST_F(ComponentEditorTest, DeletedAndNewRowsReachTheTableAtTheReadBack) {
   ComponentEditor editor(table);
   editor.setCursor(4, 1);
   ASSERT_TRUE(editor.Loeschen());
   EXPECT_EQ(editor.currentRow(), 4);  // E moved into the place
-  EXPECT_EQ(editor.cell(4, 1), "E");
   editor.setCursor(2, 1);
   editor.Loeschen();
-  EXPECT_EQ(table.componentCount(), 5);  // not before the read-back
-  ASSERT_TRUE(editor.Fertig());
-  EXPECT_EQ(rows(), "A 4-01 1/0 0/0; C 4-03 3/0 0.75/0; E 4-05 5/0 0/0; ");
-}
-
-TEST_F(ComponentEditorTest, DeletingTheLastRowAndNewRecordsMix) {
-  ComponentEditor editor(table);
+  ASSERT_TRUE(editor.Neuer_Datensatz());
+  EXPECT_EQ(std::pair(editor.currentRow(), editor.currentColumn()), std::pair(4, 8));
+  editor.Loeschen();  // the new record again, from the last row
+  EXPECT_EQ(editor.currentRow(), 3);
   editor.Neuer_Datensatz();
-  editor.setCursor(6, 1);
-  editor.Loeschen();  // the new record again
-  EXPECT_EQ(editor.currentRow(), 5);
-  editor.setCursor(3, 0);
-  editor.Loeschen();  // C, with Beta's only residue
-  editor.Neuer_Datensatz();
+  EXPECT_EQ(table.componentCount(), 5);
   ASSERT_TRUE(editor.Fertig());
   const std::string expected =
-      "A 4-01 1/0 0/0; B 4-02 2/1 0/0; D 4-04 4/1 0/0; E 4-05 5/0 0/0; new crop IFN Code 0/0 "
-      "0/0; ";
+      "A 4-01 1/0 0/0; C 4-03 3/0 0.75/0; E 4-05 5/0 0/0; new crop IFN Code 0/0 0/0; ";
   EXPECT_EQ(rows(), expected);
+  const FeedComponent& c = table.component(4);
+  EXPECT_EQ(std::make_tuple(c.category, c.commodity, c.cp, c.cl, c.dm, c.maxCarp, c.maxTrout),
+            std::make_tuple("By-Products", "new commodity", 0, 0, 100, 100, 100));
   EXPECT_EQ(editor.readBack(), 0);  // a second read-back changes nothing more
   EXPECT_EQ(rows(), expected);
-}
-
-TEST_F(ComponentEditorTest, CancelLeavesTheTable) {
-  const std::string before = rows();
-  {
-    ComponentEditor editor(table);
-    editor.setCursor(2, 1);
-    editor.Loeschen();
-    editor.Neuer_Datensatz();
-    type(editor, 1, 4, "99");
-  }
-  EXPECT_EQ(rows(), before);
-  EXPECT_EQ(table.component(1).cp, 11);
 }
 
 TEST_F(ComponentEditorTest, EditingKeys) {
@@ -171,7 +135,6 @@ TEST_F(ComponentEditorTest, EditingKeys) {
   editor.setCursor(1, 4);
   editor.cellClicked();
   EXPECT_FALSE(editor.editKeyPress('a'));
-  EXPECT_TRUE(editor.editKeyPress('5'));
   editor.setEditText("1");
   EXPECT_FALSE(editor.editKeyPress(','));
   EXPECT_EQ(editor.editText(), "1.");
@@ -204,13 +167,9 @@ TEST_F(ComponentEditorTest, EditingKeys) {
   EXPECT_EQ(editor.cell(2, 0) + "|" + editor.cell(4, 0) + "|" + editor.cell(5, 0),
             "Roots and Tubers|Roots and Tubers|Fat");
 
-  // Keys on the grid.
+  // Keys on the grid: digits and the point in number columns, characters in text columns.
   editor.setCursor(1, 4);
-  editor.gridKeyDown(46);
-  EXPECT_EQ(editor.cell(1, 4), "");
-  for (int key : {49, 110, 101, 65}) editor.gridKeyDown(key);  // no letter in a number column
-  EXPECT_EQ(editor.cell(1, 4), "1.5");
-  editor.gridKeyDown(8);
+  for (int key : {46, 49, 110, 101, 65, 8}) editor.gridKeyDown(key);
   EXPECT_EQ(editor.cell(1, 4), "1.");
   EXPECT_TRUE(editor.gridKeyDown(27));
   editor.setCursor(1, 1);
@@ -238,7 +197,6 @@ TEST_F(ComponentEditorTest, Overview) {
   table.component(4).commodity = "Olive";
   auto rows = componentOverview(table, 1, '.');
   ASSERT_EQ(rows.size(), 6u);
-  EXPECT_EQ(rows[0][1], "Crop (Commodity)");
   EXPECT_EQ(rows[2][1] + "|" + rows[2][2] + "|" + rows[2][3] + "|" + rows[2][8],
             "B (oil)|4-02| 12| STMR-P");
   EXPECT_EQ(rows[3][8] + "|" + rows[3][9], " STMR| 3");

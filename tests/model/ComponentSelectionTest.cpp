@@ -56,7 +56,7 @@ TEST_F(ComponentSelectionTest, MovingInAndOut) {
   EXPECT_EQ(state(), "Maize (feed);Soybean (feed); @1 <---");
   selection.setCurrentChosen(-1);
   selection.raus();  // no current entry: nothing
-  EXPECT_EQ(selection.chosen().size(), 2u);
+  EXPECT_EQ(state(), "Maize (feed);Soybean (feed); @-1 <---");
   for (int left = 2; left > 0; --left) selection.setCurrentChosen(0), selection.raus();
   EXPECT_EQ(state(), " @-1");
 
@@ -85,20 +85,13 @@ TEST_F(ComponentSelectionTest, ARefreshKeepsTheRemoveButtonsAndAResetDoesNot) {
   EXPECT_EQ(state(), "Wheat (feed);Maize (feed);Soybean (feed);Rape (feed); @-1 <---");
 }
 
-TEST_F(ComponentSelectionTest, TooltipNamesTheLimitOfTheSpecies) {
+// The tooltip names the carp's limit (the trout's is the model's test); a press sets it, and it
+// stays while the pointer keeps one of the press point's coordinates.
+TEST_F(ComponentSelectionTest, TheTooltipStaysUntilThePointerLeavesInBothDirections) {
   EXPECT_EQ(selection.tooltipText(2, 0, '.'),
             "Protein content: 16 %, Lipid content: 2 %  Testicide content: 0.8 mg/kg. "
             "Max. content in food: 40 %");
-  EXPECT_EQ(selection.tooltipText(2, 1, ','),
-            "Protein content: 16 %, Lipid content: 2 %  Testicide content: 0,8 mg/kg. "
-            "Max. content in food: 30,5 %");
-  EXPECT_EQ(selection.tooltipText(-1, 0, '.'), "");
-  EXPECT_EQ(selection.tooltipText(4, 0, '.'), "");
-}
-
-// A press sets the tooltip; it stays while the pointer keeps one of the press point's
-// coordinates.
-TEST_F(ComponentSelectionTest, TheTooltipStaysUntilThePointerLeavesInBothDirections) {
+  EXPECT_EQ(selection.tooltipText(-1, 0, '.') + selection.tooltipText(4, 0, '.'), "");
   selection.showTooltip("figures", 10, 20);
   selection.Fischfutter1_MouseMove(10, 40);
   selection.Fischfutter1_MouseMove(30, 20);

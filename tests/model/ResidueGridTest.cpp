@@ -1,10 +1,9 @@
 #include <gtest/gtest.h>
 
 #include <array>
-#include <cmath>
 #include <cstdint>
-#include <limits>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "model/ResidueGrid.h"
@@ -42,9 +41,9 @@ class GridTest : public ::testing::Test {
       if (grid.marked(r, c)) rows += std::to_string(r) + " ";
     return rows;
   }
-  std::string column5() const {
+  std::string column(int c) const {
     std::string texts;
-    for (int r = 1; r < grid.rowCount(); ++r) texts += grid.text(r, 5) + ";";
+    for (int r = 1; r < grid.rowCount(); ++r) texts += grid.text(r, c) + ";";
     return texts;
   }
 
@@ -52,30 +51,18 @@ class GridTest : public ::testing::Test {
   ResidueGrid grid;
 };
 
-TEST(EditBoxKeys, NumericFilterOnTextAndCaret) {
-  EditBoxKey key = NumericEditBox::filter("1", 1, ',');
-  EXPECT_TRUE(key.taken);
-  EXPECT_EQ(key.text, "1.");
-  key = NumericEditBox::filter(key.text, key.caret, '5');
-  EXPECT_EQ(key.text, "1.5");
-  EXPECT_EQ(key.caret, 3);
-
-  // The comma's point goes to the end whatever the caret; the caret follows it.
+// The comma's point goes to the end whatever the caret; a typed key replaces the selection.
+TEST(EditBoxKeys, NumericFilterOnTextCaretAndSelection) {
   const auto after = [](const std::string& text, int caret, int typed) {
     const EditBoxKey k = NumericEditBox::filter(text, caret, typed);
     return k.text + " " + std::to_string(k.caret) + (k.taken ? "" : " dropped");
   };
   EXPECT_EQ(after("25", 0, ','), "25. 3");
-  EXPECT_EQ(after("25", 1, '7'), "275 2");  // typed at the caret
+  EXPECT_EQ(after("25", 1, '7'), "275 2");
   EXPECT_EQ(after("275", 2, VirtualKey::kBackspace), "25 1");
-  for (int dropped :
-       {int{'-'}, int{'+'}, int{'e'}, int{'E'}, int{' '}, int{'a'}, VirtualKey::kEnter, 3, 22})
-    EXPECT_EQ(after("1.2", 1, dropped), "1.2 1 dropped") << dropped;
-  // Several points can be typed; the stored number ends at the second.
-  EXPECT_EQ(after("1.2", 3, '.'), "1.2. 4");
-}
+  EXPECT_EQ(after("1.2", 1, 'e'), "1.2 1 dropped");
+  EXPECT_EQ(after("1.2", 1, VirtualKey::kEnter), "1.2 1 dropped");
 
-TEST(EditBoxKeys, TypedKeysReplaceTheSelection) {
   NumericEditBox box;
   box.set("0.4", 0, 3);  // as placing the box leaves it
   EXPECT_TRUE(box.type('7'));
@@ -83,45 +70,38 @@ TEST(EditBoxKeys, TypedKeysReplaceTheSelection) {
   EXPECT_FALSE(box.type('x'));
   box.set("123", 1, 1);  // Backspace takes the selection only
   EXPECT_TRUE(box.type(VirtualKey::kBackspace));
-  EXPECT_EQ(box.text(), "13");
-  EXPECT_EQ(box.selectionStart(), 1);
+  EXPECT_EQ(box.text() + " " + std::to_string(box.selectionStart()), "13 1");
   box.set("123", 0, 2);  // a comma leaves the selection and appends
   EXPECT_TRUE(box.type(','));
-  EXPECT_EQ(box.text(), "123.");
-  EXPECT_EQ(box.selectionStart(), 4);
-  EXPECT_EQ(box.selectionLength(), 0);
+  EXPECT_EQ(std::tuple(box.text(), box.selectionStart(), box.selectionLength()),
+            std::tuple("123.", 4, 0));
 }
 
 TEST_F(GridTest, EnterTypesAColumnTopToBottom) {
   grid.setCursor(3, 5, 3);
   grid.editBox().set("7", 1, 0);
   EXPECT_EQ(grid.enterEditBox(), 4);
-  EXPECT_EQ(grid.text(3, 5), "7");
   EXPECT_EQ(grid.editBox().text(), "0.4");  // the next cell, all selected
   EXPECT_EQ(grid.editBox().selectionLength(), 3);
-  EXPECT_EQ(grid.row(), 4);
   EXPECT_EQ(grid.selectionEnd(), 4);
   grid.editBox().set("8", 1, 0);
   EXPECT_EQ(grid.enterEditBox(), std::nullopt);  // last row: written, then the box hides
-  EXPECT_EQ(column5(), "0.1;0.2;7;8;");
+  EXPECT_EQ(column(5), "0.1;0.2;7;8;");
 }
 
 TEST_F(GridTest, PasteWritesCompleteLinesDownColumnFive) {
   grid.setCursor(3, 5, 3);
   grid.paste("0.1\r\n0.2\r\n");
-  EXPECT_EQ(column5(), "0.1;0.2;0.1;0.2;");
-  EXPECT_EQ(grid.row(), 3);
+  EXPECT_EQ(column(5), "0.1;0.2;0.1;0.2;");
 
   grid.setCursor(1, 2, 1);  // column 5 whatever the current column; the tail is not written
   grid.paste("5\r\n\r\n9");
-  EXPECT_EQ(column5(), "5;;0.1;0.2;");
+  EXPECT_EQ(column(5), "5;;0.1;0.2;");
   EXPECT_EQ(grid.text(1, 2), "grain");
 
   grid.setCursor(3, 5, 3);  // beyond the last row dropped; a bare line feed ends a line too
   grid.paste("1\n2\r\n3\r\n4\r\n");
-  EXPECT_EQ(column5(), "5;;1;2;");
-  grid.paste("no line end");
-  EXPECT_EQ(column5(), "5;;1;2;");
+  EXPECT_EQ(column(5), "5;;1;2;");
 }
 
 TEST_F(GridTest, SelectionFillsAndCopiesWhicheverEndIsActive) {
@@ -132,50 +112,39 @@ TEST_F(GridTest, SelectionFillsAndCopiesWhicheverEndIsActive) {
   EXPECT_EQ(grid.copyText(), "0.2\r\n0.30000000000000004\r\n0.4\r\n");
   grid.editBox().set("2.5", 0, 3);
   grid.fillSelectionFromEditBox();
-  EXPECT_EQ(column5(), "0.1;2.5;2.5;2.5;");
+  EXPECT_EQ(column(5), "0.1;2.5;2.5;2.5;");
 
   grid.setCursor(1, 4, 3);
   grid.chooseBasis(1, table, 2);
   EXPECT_EQ(grid.basisChoice(), 1);
   grid.setCursor(3, 4, 2);
   grid.chooseBasis(0, table, 2);
-  const char* expected[5] = {"", "STMR-P", "STMR", "STMR", "STMR"};
-  const std::int16_t codes[5] = {0, 1, 0, 0, 0};
-  for (int r = 1; r <= 4; ++r) {
-    EXPECT_EQ(grid.text(r, 4), expected[r]) << r;
-    EXPECT_EQ(grid.basisCopy().code(table, 2, r), codes[r]) << r;
-    EXPECT_EQ(grid.basisCopy().code(table, 1, r), 0);
-  }
+  grid.chooseBasis(2, table, 2);  // no such item
+  EXPECT_EQ(column(4), "STMR-P;STMR;STMR;STMR;");
+  std::string codes;
+  for (int r = 1; r <= 4; ++r) codes += std::to_string(grid.basisCopy().code(table, 2, r));
+  EXPECT_EQ(codes, "1000");
   EXPECT_EQ(table.basis(2, 3), 1);  // the table keeps its codes until they are stored
-  grid.chooseBasis(2, table, 2);    // no such item
-  EXPECT_EQ(grid.text(1, 4), "STMR-P");
 
-  // A click on column 4 shows the cell's item in the drop-down.
-  grid.setCursor(1, 4, 1);
+  grid.setCursor(1, 4, 1);  // a click on column 4 shows the cell's item in the drop-down
   grid.showBasisOfCurrentCell();
   EXPECT_EQ(grid.basisChoice(), 1);
-  grid.setCursor(2, 4, 2);
-  grid.showBasisOfCurrentCell();
-  EXPECT_EQ(grid.basisChoice(), 0);
 }
 
 TEST_F(GridTest, KeysOnTheGridEditColumnFive) {
   grid.setCursor(2, 1, 2);
-  const int keys[] = {VirtualKey::kDelete, '1', 188, 98, 190, 110, 57, VirtualKey::kBackspace};
-  for (int key : keys) EXPECT_EQ(grid.gridKey(key, false), std::nullopt);
-  EXPECT_EQ(grid.column(), 5);
-  EXPECT_EQ(grid.text(2, 5), "1.2..");
-  EXPECT_EQ(grid.text(2, 1), "Wheat");
-  // Letters, Enter, Escape and control keys change no text.
-  for (int key : {65, VirtualKey::kEnter, VirtualKey::kEscape, 86, 112})
+  for (int key : {VirtualKey::kDelete, int{'1'}, 188, 98, 190, 110, 57, VirtualKey::kBackspace})
     EXPECT_EQ(grid.gridKey(key, false), std::nullopt);
-  EXPECT_EQ(grid.gridKey(VirtualKey::kKeyC, false), std::nullopt);
-  EXPECT_EQ(grid.text(2, 5), "1.2..");
+  EXPECT_EQ(grid.column(), 5);
+  EXPECT_EQ(grid.text(2, 5) + "|" + grid.text(2, 1), "1.2..|Wheat");
+  // Letters, Escape and C without Ctrl change no text.
+  for (int key : {65, VirtualKey::kEscape, VirtualKey::kKeyC})
+    EXPECT_EQ(grid.gridKey(key, false), std::nullopt);
   EXPECT_EQ(grid.gridKey(VirtualKey::kKeyC, true), "1.2..");
 
   grid.setCursor(4, 0, 4);
   grid.gridKey(VirtualKey::kDelete, false);
-  EXPECT_EQ(grid.gridKey(VirtualKey::kBackspace, false), std::nullopt);  // empty stays empty
+  grid.gridKey(VirtualKey::kBackspace, false);  // empty stays empty
   EXPECT_EQ(grid.text(4, 5), "");
   EXPECT_EQ(grid.value(4), 0);
   grid.setCursor(4, 5, 3);
@@ -199,10 +168,8 @@ TEST_F(GridTest, SearchMarksCellsContainingTheTextInAnyCase) {
   grid.setCursor(2, 2, 2);
   grid.editBox().set("Ölsaat ÉCORCE", 0, 0);
   grid.enterEditBox();
-  for (const char* text : {"écorce", "öl", "x"}) {
-    grid.search(text);
-    EXPECT_EQ(marks(2), *text == 'x' ? "" : "2 ") << text;
-  }
+  grid.search("écorce");
+  EXPECT_EQ(all(), "||2 ||||");
 
   grid.search("maize");
   grid.home();  // every start of editing clears them
@@ -263,9 +230,6 @@ TEST(ColumnWidths, SixthsAndSeventhsWithTheIfnCodeFillingTheRest) {
   // 15135 / 6 = 2522.5 rounds to the even 2522; 15135 / 7 = 2162.14.
   const std::array<int, 6> full = ResidueGrid::columnWidths(15135, 14850);
   EXPECT_EQ(full, (std::array<int, 6>{2522, 2522, 2522, 2960, 2162, 2162}));
-  int sum = 0;
-  for (int width : full) sum += width;
-  EXPECT_EQ(sum, 14850);
   EXPECT_EQ(ResidueGrid::columnWidths(15135, 12000)[3], 2162);  // too narrow: a seventh
   EXPECT_EQ(ResidueGrid::columnWidths(7000, 6700),
             (std::array<int, 6>{1167, 1167, 1167, 1199, 1000, 1000}));

@@ -81,12 +81,8 @@ TEST_F(EditingTest, DeletingKeepsEverySubstanceWithItsValuesAndCodes) {
   EXPECT_TRUE(dialogs.questions.empty());
   EXPECT_EQ(names() + model.substanceName(), "Alpha;Gamma;Delta; 1Gamma");
   expectSubstances({{1, 1}, {2, 3}, {3, 4}});
-  // The lists follow the new current substance.
-  EXPECT_EQ(model.selection().available().size(), 5u);
-  EXPECT_EQ(model.selection().workingSet()[2].residue, 3.3);
-
+  EXPECT_EQ(model.selection().workingSet()[2].residue, 3.3);  // the lists follow
   edit().Loeschen_Click();
-  EXPECT_TRUE(model.enabled(C::Loeschen));
   edit().Loeschen_Click();
   EXPECT_FALSE(model.enabled(C::Loeschen));
   edit().Loeschen_Click();  // refused silently
@@ -103,15 +99,6 @@ TEST_F(EditingTest, CopyAppendsWithoutMarkingTheDatabase) {
   edit().Schadstoffliste_KeyDown(VirtualKey::kKeyC, false);  // C alone does nothing
   EXPECT_EQ(model.database().table().substanceCount(), 6);
   EXPECT_FALSE(model.database().modified());
-  EXPECT_TRUE(edit().Ende_Click());
-  EXPECT_TRUE(dialogs.questions.empty());
-
-  // Copying the only substance enables "Del".
-  for (int s = 4; s >= 2; --s) table.deleteSubstance(s);
-  load();
-  EXPECT_FALSE(model.enabled(C::Loeschen));
-  edit().Kopieren_Click();
-  EXPECT_TRUE(model.enabled(C::Loeschen));
 }
 
 TEST_F(EditingTest, AddCancelAddStartsAFreshSubstance) {
@@ -125,8 +112,7 @@ TEST_F(EditingTest, AddCancelAddStartsAFreshSubstance) {
   edit().ArtSchadstoffwertCombo_Click(1);
   edit().schadstoffwerte_KeyDown('9', false);
   edit().Abbrechen_Click();
-  EXPECT_FALSE(editor().editing());
-  EXPECT_EQ(editor().nameText(), "");
+  EXPECT_EQ(editor().nameText() + model.layout().at(C::Ende).caption, "Exit");
   EXPECT_EQ(names(), "Alpha;Beta;Gamma;Delta; 0");
   EXPECT_FALSE(model.database().modified());
 
@@ -134,11 +120,6 @@ TEST_F(EditingTest, AddCancelAddStartsAFreshSubstance) {
   EXPECT_EQ(fresh(), kFresh);
   ASSERT_TRUE(edit().leaveEditing());
   EXPECT_EQ(stored(5), "0/0 0/0 0/0 0/0 0/0 ");
-
-  // A start-up in the middle of an edit leaves no edit behind.
-  edit().Edit_Click();
-  load();
-  EXPECT_FALSE(edit().editMode() || editor().editing());
 }
 
 TEST_F(EditingTest, EditTwoValuesThenDoneThenTheExitAsks) {
@@ -158,12 +139,10 @@ TEST_F(EditingTest, EditTwoValuesThenDoneThenTheExitAsks) {
 
   EXPECT_FALSE(edit().Ende_Click());  // "Done": no question
   EXPECT_TRUE(dialogs.questions.empty());
-  EXPECT_FALSE(editor().editing());
   EXPECT_EQ(model.layout().at(C::Ende).caption, "Exit");
   EXPECT_EQ(names(), "Alpha;Beta (new);Gamma;Delta; 1");
   EXPECT_EQ(stored(2), "2.1/1 1.5/0 0/1 3.5/0 2.5/1 ");
   expectSubstances({{1, 1}, {3, 3}});
-  EXPECT_EQ(model.selection().available().size(), 4u);
   EXPECT_EQ(model.selection().workingSet()[1].residue, 1.5);
   EXPECT_TRUE(model.database().modified());
 
@@ -172,16 +151,16 @@ TEST_F(EditingTest, EditTwoValuesThenDoneThenTheExitAsks) {
             std::vector<std::string>{"You modified the substance database. Do you want to save?"});
 }
 
+// Ctrl+C on the grid gives the clipboard text; Escape cancels.
 TEST_F(EditingTest, EscapeOnTheGridCancels) {
   edit().Edit_Click();
   editor().setGridCursor(1, 5, 1);
   edit().schadstoffwerte_KeyDown('7', false);
-  EXPECT_EQ(editor().grid().text(1, 5), "1.17");
+  EXPECT_EQ(edit().schadstoffwerte_KeyDown(VirtualKey::kKeyC, true), "1.17");
   EXPECT_EQ(edit().schadstoffwerte_KeyDown(VirtualKey::kEscape, false), std::nullopt);
   EXPECT_FALSE(editor().editing() || edit().editMode() || model.database().modified());
   expectSubstances({{1, 1}});
-  // Outside the editing mode the grid takes no keys.
-  edit().schadstoffwerte_KeyDown('5', false);
+  edit().schadstoffwerte_KeyDown('5', false);  // outside editing the grid takes no keys
   EXPECT_EQ(editor().grid().text(1, 5), "1.17");
 }
 
@@ -193,16 +172,11 @@ TEST_F(EditingTest, DoneAfterAddSelectsTheNewLastSubstance) {
   openEditBox(3);
   editor().EingabeSchadstoff_Paste("0.25\r\n1.5\r\n");
   EXPECT_FALSE(visible(C::EingabeSchadstoff));
-  EXPECT_EQ(column(5), "0;0;0.25;1.5;0;");
   editor().setGridCursor(4, 4, 3);
   edit().ArtSchadstoffwertCombo_Click(1);
   ASSERT_TRUE(edit().leaveEditing());
   EXPECT_EQ(names(), "Alpha;Epsilon; 1");
-  EXPECT_TRUE(model.enabled(C::Loeschen));
   EXPECT_EQ(stored(2), "0/0 0/0 0.25/1 1.5/1 0/0 ");
-  ASSERT_EQ(model.selection().available().size(), 2u);
-  EXPECT_EQ(model.selection().available()[1].text, "Soybean (feed)");
-  EXPECT_EQ(model.selection().available()[1].artSchadstoffwert, "1");
 }
 
 TEST_F(EditingTest, EditingLayoutAndBack) {
@@ -234,8 +208,7 @@ TEST_F(EditingTest, EditingLayoutAndBack) {
   after.at(C::schadstoffwerte) = before.at(C::schadstoffwerte);
   EXPECT_TRUE(sameLayout(after, before));
 
-  // Editing starts with the search marks gone.
-  edit().Edit_Click();
+  edit().Edit_Click();  // editing starts with the search marks gone
   EXPECT_FALSE(editor().grid().marked(3, 1));
   EXPECT_EQ(editor().MouseWheel(-120, 1, 4935, 240), 5);
 }
@@ -254,16 +227,15 @@ TEST_F(EditingTest, SimpleLayoutAfterDoneAndCancel) {
   load(true);
   edit().Edit_Click();
   // The editing controls need the full width; the fish-meal chooser hides with its caption.
-  EXPECT_EQ(std::get<0>(placed()), MainWindowLayout::kFullWidth);
-  EXPECT_EQ(std::pair(model.layout().at(C::Ende).left, model.layout().at(C::Image1).left),
-            std::pair(15840, 16680));
+  EXPECT_EQ(std::tuple(model.layout().width(), model.layout().at(C::Ende).left,
+                       model.layout().at(C::Image1).left),
+            std::tuple(MainWindowLayout::kFullWidth, 15840, 16680));
   EXPECT_FALSE(visible(C::Fischmehl) || visible(C::FischmehlCaption));
 
   ASSERT_FALSE(edit().Ende_Click());
   EXPECT_EQ(placed(), simple);
   const ControlState& list = model.layout().at(C::Fischfutter1);
   EXPECT_LT(list.top + list.height, 3250);  // clear of the lowered caption
-  EXPECT_EQ(model.layout().at(C::Ende).caption, "Exit");
   EXPECT_EQ(model.options().fishmealGrade(), 1);
   for (ControlId name : {C::Fischfutter2, C::alle_rein, C::Rein, C::raus, C::Label31, C::Check1})
     EXPECT_FALSE(visible(name)) << controlName(name);
@@ -273,46 +245,7 @@ TEST_F(EditingTest, SimpleLayoutAfterDoneAndCancel) {
   edit().Add_Click();
   edit().Abbrechen_Click();
   EXPECT_EQ(placed(), simple);
-  EXPECT_FALSE(visible(C::Fischfutter2));
   EXPECT_EQ(model.options().fishmealGrade(), 1);
-}
-
-TEST_F(EditingTest, DecimalCommaLocaleStillEditsWithAPoint) {
-  const double residues[] = {12.5, 0.1 + 0.2, 0.00001, 1.0 / 3};
-  for (int i = 1; i <= 4; ++i) table.setResidue(3, i, residues[i - 1]);
-  load();
-  model.setDecimalSeparator(',');
-  model.selectSubstance(2);
-  edit().Edit_Click();
-  EXPECT_EQ(column(5), "12.5;0.30000000000000004;0.00001;0.3333333333333333;3.5;");
-  ASSERT_TRUE(edit().leaveEditing());
-  expectSubstances({{3, 3}});  // bit for bit
-
-  edit().Edit_Click();
-  openEditBox(5);
-  type("2,75");
-  editor().EingabeSchadstoff_Enter();
-  ASSERT_TRUE(edit().leaveEditing());
-  EXPECT_EQ(model.database().table().residue(3, 5), 2.75);
-}
-
-// Ctrl+C on the grid gives the clipboard text; no editor touches the flag.
-TEST_F(EditingTest, InPlaceEditorsAndTheFlag) {
-  edit().Edit_Click();
-  editor().setGridCursor(2, 4, 1);
-  edit().ArtSchadstoffwertCombo_Click(1);
-  editor().setGridCursor(1, 5, 2);
-  EXPECT_EQ(edit().schadstoffwerte_KeyDown(VirtualKey::kKeyC, true), "1.1\r\n1.2\r\n");
-  // None of this touched the flag, in either state.
-  EXPECT_FALSE(model.database().modified());
-  edit().Abbrechen_Click();
-  edit().Loeschen_Click();
-  edit().Edit_Click();
-  editor().setGridCursor(1, 4, 1);
-  edit().ArtSchadstoffwertCombo_Click(0);
-  editor().EingabeSchadstoff_Click();
-  edit().Abbrechen_Click();
-  EXPECT_TRUE(model.database().modified());
 }
 
 TEST_F(EditingTest, WhatTheTableCannotHoldIsRefused) {
@@ -320,17 +253,17 @@ TEST_F(EditingTest, WhatTheTableCannotHoldIsRefused) {
   editor().setGridCursor(2, 5, 2);
   editor().EingabeSchadstoff_Paste("2000000\r\n");
   EXPECT_FALSE(edit().Ende_Click());
-  ASSERT_EQ(dialogs.messages.size(), 1u);
-  EXPECT_NE(dialogs.messages[0].find("1000000 mg/kg"), std::string::npos);
-  EXPECT_TRUE(editor().editing());  // nothing stored, nothing lost
-  EXPECT_TRUE(editor().grid().marked(2, 5));
-  expectSubstances({{1, 1}});
+  EXPECT_EQ(dialogs.messages,
+            std::vector<std::string>{"Residue values above 1000000 mg/kg can't be "
+                                     "stored; they are marked green. Please "
+                                     "check your changes."});
+  EXPECT_TRUE(editor().editing() && editor().grid().marked(2, 5));  // nothing stored, nothing lost
   EXPECT_FALSE(model.database().modified());
   editor().EingabeSchadstoff_Paste("1000000\r\n");
   ASSERT_TRUE(edit().leaveEditing());
   EXPECT_EQ(model.database().table().residue(1, 2), 1000000);
 
-  // A full database takes no further substance.
+  // A full database takes no further substance, but its substances can still be edited.
   ComponentTable full;
   full.addComponent({"Fat", "Oil", "crude", "IFN", 0, 100, 100, 10, 10});
   for (int s = 1; s <= ComponentTable::kMaxSubstances; ++s) full.addSubstance("S");
@@ -340,7 +273,9 @@ TEST_F(EditingTest, WhatTheTableCannotHoldIsRefused) {
   edit().Kopieren_Click();
   EXPECT_FALSE(editor().editing());
   EXPECT_EQ(model.database().table().substanceCount(), ComponentTable::kMaxSubstances);
-  EXPECT_EQ(dialogs.messages.size(), 2u);
+  EXPECT_EQ(dialogs.messages, std::vector<std::string>(2,
+                                                       "The substance database holds 998 "
+                                                       "substances, as many as it can hold."));
   edit().Edit_Click();
   EXPECT_TRUE(edit().leaveEditing());
 }
@@ -356,27 +291,15 @@ TEST_F(EditingTest, ListKeysWhileEditingKeepTheCopyOfTheCodes) {
   expectSubstances({{1, 1}, {2, 3}});
 }
 
-// Typing that Enter has not stored yet is not lost by leaving the box another way.
+// Typing that Enter has not stored yet is not lost by a click on another cell or by "Done".
 TEST_F(EditingTest, TypingWithoutEnterIsKept) {
   edit().Edit_Click();
   openEditBox(2);
   type("7");
-  openEditBox(4);  // a click on another cell
-  EXPECT_EQ(editor().grid().text(2, 5), "7");
-  type("9");
-  editor().setGridCursor(1, 4, 1);
-  ASSERT_EQ(editor().schadstoffwerte_Click(), SubstanceEditing::GridEditor::BasisChooser);
-  EXPECT_EQ(editor().grid().text(4, 5), "9");
-  openEditBox(5);
+  openEditBox(4);
   type("3.5");
-  ASSERT_TRUE(edit().leaveEditing());  // "Done" with the box still open
-  EXPECT_EQ(stored(1), "1.1/0 7/1 1.3/0 9/1 3.5/0 ");
-
-  edit().Edit_Click();  // Cancel still discards what was typed
-  openEditBox(1);
-  type("8");
-  edit().Abbrechen_Click();
-  EXPECT_EQ(model.database().table().residue(1, 1), table.residue(1, 1));
+  ASSERT_TRUE(edit().leaveEditing());
+  EXPECT_EQ(stored(1), "1.1/0 7/1 1.3/0 3.5/1 1.5/0 ");
 }
 
 // "&save" while editing writes the table as it was, then takes the grid over; a new substance
@@ -416,8 +339,9 @@ TEST_F(EditingTest, ASaveWhileEditingTakesTheGridOverAfterWriting) {
   edit().save();
   const ComponentTable saved = readComponentTable(file);
   EXPECT_EQ(saved.substanceCount(), substances + 1);
-  EXPECT_EQ(saved.substanceName(substances + 1), "Added");
-  EXPECT_EQ(saved.residue(substances + 1, 1), 0.75);
+  EXPECT_EQ(
+      saved.substanceName(substances + 1) + generalForm(saved.residue(substances + 1, 1), '.'),
+      "Added0.75");
   EXPECT_TRUE(dialogs.messages.empty());
 }
 
