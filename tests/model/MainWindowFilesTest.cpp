@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <string>
+#include <vector>
 
 #include "model/MainWindowModel.h"
 #include "support/RecordingDialogs.h"
@@ -54,8 +55,8 @@ TEST_F(MainWindowFilesTest, StartUpSetsTheDesignedStatesAndTheSimpleLayoutMovesT
   }
 }
 
-// A restore that reads the pristine copy starts over from the first substance, with the lists
-// emptied and the result withdrawn; one that does not leaves the window as it was.
+// A restore, once confirmed, that reads the pristine copy starts over from the first substance,
+// with the lists emptied and the result withdrawn; one that does not leaves the window as it was.
 TEST_F(MainWindowFilesTest, RestoreStartsOverOnlyWhenThePristineCopyIsRead) {
   start();
   model.selectSubstance(1);
@@ -64,6 +65,8 @@ TEST_F(MainWindowFilesTest, RestoreStartsOverOnlyWhenThePristineCopyIsRead) {
   ASSERT_TRUE(model.visible(ControlId::Ergebnis));
   dialogs.answers = {false};
   model.substances().restore();
+  EXPECT_EQ(dialogs.questions,
+            std::vector<std::string>{"You want to reset the data base settings?"});
   EXPECT_TRUE(model.visible(ControlId::Ergebnis));
   EXPECT_EQ(model.substancePosition(), 1);
 
