@@ -39,64 +39,95 @@ class ModelTest : public ModelFixture {
   bool resultShown() const {
     return model.visible(ControlId::Ergebnis) && model.visible(ControlId::ReportButton);
   }
+  // The chosen texts, the current entry and, where enabled, "<---".
+  std::string state() const {
+    std::string texts;
+    for (const ListEntry& entry : model.selection().chosen()) texts += entry.text + ";";
+    return texts + " @" + std::to_string(model.selection().currentChosen()) +
+           (model.selection().removeEnabled() ? " <---" : "");
+  }
 };
 
-// Another substance empties the chosen list but leaves "<---" as it was.
-TEST_F(ModelTest, AnotherSubstanceEmptiesTheChosenList) {
-  choose({0});
-  model.selectSubstance(1);
-  EXPECT_EQ(model.selection().available().size(), 2u);
-  EXPECT_TRUE(model.selection().chosen().empty() && model.enabled(ControlId::raus));
+TEST_F(ModelTest, MovingInAndOut) {
+  ComponentSelection& selection = model.selection();
+  EXPECT_EQ(state(), " @-1");
+  choose({1});
+  EXPECT_EQ(state(), "Maize (feed); @-1 <---");
+  selection.alle_rein();  // Maize is there already: the others in list order
+  EXPECT_EQ(state(), "Maize (feed);Wheat (feed);Soybean (feed);Rape (feed); @-1 <---");
+
+  // Removing keeps the current position in range: 1 of 4 stays 1, the last goes one up.
+  selection.setCurrentChosen(1);
+  selection.raus();
+  EXPECT_EQ(state(), "Maize (feed);Soybean (feed);Rape (feed); @1 <---");
+  selection.setCurrentChosen(2);
+  selection.raus();
+  EXPECT_EQ(state(), "Maize (feed);Soybean (feed); @1 <---");
+  selection.setCurrentChosen(-1);
+  selection.raus();  // no current entry: nothing
+  EXPECT_EQ(state(), "Maize (feed);Soybean (feed); @-1 <---");
+  for (int left = 2; left > 0; --left) selection.setCurrentChosen(0), selection.raus();
+  EXPECT_EQ(state(), " @-1");
+
+  choose({0, 1});
+  selection.alle_raus();
+  EXPECT_EQ(state(), " @-1");
 }
 
+// Another substance empties the chosen list but leaves "<---" as it was; loading a table
+// switches it off.
+TEST_F(ModelTest, AnotherSubstanceKeepsTheRemoveButtonsAndALoadDoesNot) {
+  table.setBasis(2, 5, 1);
+  load();
+  ComponentSelection& selection = model.selection();
+  choose({0});
+  selection.setCurrentChosen(0);
+  model.selectSubstance(1);
+  ASSERT_EQ(selection.available().size(), 2u);
+  EXPECT_EQ(selection.available()[1].text + selection.available()[1].artSchadstoffwert,
+            "Rape (feed)1");
+  EXPECT_EQ(selection.workingSet()[1].residue, 0.4);
+  EXPECT_EQ(state(), " @-1 <---");
+  EXPECT_FALSE(selection.isSelected(0));
+  load();
+  EXPECT_EQ(selection.available().size(), 4u);
+  EXPECT_EQ(state(), " @-1");
+
+  choose({3});
+  selection.chooseAllAvailable();
+  EXPECT_EQ(state(), "Wheat (feed);Maize (feed);Soybean (feed);Rape (feed); @-1 <---");
+}
+
+// The tooltip names the limit of the species the hidden chooser holds; it stays while the
+// pointer keeps one of the press point's coordinates.
 TEST_F(ModelTest, GridAndTooltipTexts) {
   const auto rows = lade_Schadstoffwerte(model.database().table(), 1);
   ASSERT_EQ(rows.size(), 6u);
   EXPECT_EQ(rows[4], (std::array<std::string, 6>{"By-Products", "Soybean", "feed", "IFN-Soybean",
                                                  "STMR-P", ""}));
   EXPECT_EQ(lade_Schadstoffwerte(model.database().table(), 2)[4][4], "STMR");
+
+  const ComponentSelection& selection = model.selection();
   model.Fischfutter1_MouseDown(-1, 5, 5);  // no current item: nothing
-  EXPECT_EQ(model.selection().availableTooltip(), "");
-  // The tooltip names the limit of the species the hidden chooser holds.
+  EXPECT_EQ(selection.availableTooltip() + selection.tooltipText(-1, 0, '.') +
+                selection.tooltipText(4, 0, '.'),
+            "");
+  model.Fischfutter1_MouseDown(2, 10, 20);
+  EXPECT_EQ(selection.availableTooltip(),
+            "Protein content: 50 %, Lipid content: 2 %  Testicide content: 0.8 mg/kg. "
+            "Max. content in food: 35 %");
+  model.selection().Fischfutter1_MouseMove(10, 40);
+  model.selection().Fischfutter1_MouseMove(30, 20);
+  EXPECT_FALSE(selection.availableTooltip().empty());
+  model.selection().Fischfutter1_MouseMove(11, 21);
+  EXPECT_EQ(selection.availableTooltip(), "");
+
   model.options().setSpecies(1);
   model.setDecimalSeparator(',');
   model.Fischfutter1_MouseDown(0, 0, 0);
-  EXPECT_EQ(model.selection().availableTooltip(),
+  EXPECT_EQ(selection.availableTooltip(),
             "Protein content: 13 %, Lipid content: 2 %  Testicide content: 1,2 mg/kg. "
             "Max. content in food: 30 %");
-}
-
-// A feed that meets the carp targets, so that a run shows its result before each change.
-TEST_F(ModelTest, EveryChangeWithdrawsTheResult) {
-  table.addComponent(component("Target", 35, 8, 0, 100, 100));
-  table.setResidue(1, 6, 0.5);
-  const std::vector<std::function<void()>> changes = {
-      [&] { model.options().setMrbdLimits(false); }, [&] { model.selectSubstance(0); },
-      [&] { choose({0}); }, [&] { model.selection().raus(); },
-      [&] { model.selection().alle_raus(); }};
-  for (size_t i = 0; i < changes.size(); ++i) {
-    load();
-    pseudos(false, false, false);
-    model.options().setCriterionOption(Criterion::Maximum);
-    model.options().setSpeciesOption(Species::CommonCarp);
-    model.options().setMrbdLimits(true);
-    choose({4});
-    model.Optimierung_Click();
-    ASSERT_TRUE(resultShown()) << dialogs.messages.back();
-    model.selection().setCurrentChosen(0);
-    changes[i]();
-    EXPECT_FALSE(model.visible(ControlId::Ergebnis) || model.visible(ControlId::ReportButton))
-        << "change " << i;
-  }
-  // Selecting, and "<---" with no current entry, change nothing that ran.
-  choose({4});
-  model.Optimierung_Click();
-  ASSERT_TRUE(resultShown());
-  model.selection().setSelected(0, true);
-  model.selection().clearSelection();
-  model.selection().setCurrentChosen(-1);
-  model.selection().raus();
-  EXPECT_TRUE(resultShown());
 }
 
 // A component that meets the carp targets alone; DM 0 keeps its residue unconverted, so the
@@ -115,6 +146,29 @@ class SingleRunTest : public ModelTest {
     model.Optimierung_Click();
   }
 };
+
+// Each change of the options or the lists withdraws the result; selecting, and "<---" with no
+// current entry, change nothing that ran.
+TEST_F(SingleRunTest, EveryChangeWithdrawsTheResult) {
+  const std::vector<std::function<void()>> changes = {
+      [&] { model.options().setMrbdLimits(false); }, [&] { model.selectSubstance(0); },
+      [&] { choose({0}); }, [&] { model.selection().raus(); },
+      [&] { model.selection().alle_raus(); }};
+  for (size_t i = 0; i < changes.size(); ++i) {
+    runWithResidue(0.5);
+    ASSERT_TRUE(resultShown());
+    model.selection().setCurrentChosen(0);
+    changes[i]();
+    EXPECT_FALSE(model.visible(ControlId::Ergebnis) || model.visible(ControlId::ReportButton))
+        << "change " << i;
+  }
+  runWithResidue(0.5);
+  model.selection().setSelected(0, true);
+  model.selection().clearSelection();
+  model.selection().setCurrentChosen(-1);
+  model.selection().raus();
+  EXPECT_TRUE(resultShown());
+}
 
 TEST_F(SingleRunTest, StatementAndColour) {
   runWithResidue(0.1);
