@@ -280,15 +280,56 @@ TEST_F(EditingTest, ListKeysWhileEditingKeepTheCopyOfTheCodes) {
   expectSubstances({{1, 1}, {2, 3}});
 }
 
-// Typing that Enter has not stored yet is not lost by a click on another cell or by "Done".
-TEST_F(EditingTest, TypingWithoutEnterIsKept) {
+// Each in-place editor sits inside the grid's border over its cell; opening one hides the
+// other, and a click outside columns 4 and 5, or outside editing, opens none.
+TEST_F(EditingTest, TheEditorsSitOnTheirCellAndHideEachOther) {
   edit().Edit_Click();
-  openEditBox(2);
+  editor().setGridCursor(1, 5, 1);
+  ASSERT_EQ(editor().schadstoffwerte_Click(), ResidueEditor::GridEditor::EditBox);
+  EXPECT_EQ(editor().Eingabefeld_platzieren(240, 600, {1200, 480, 1500, 240}),
+            TwipsRect({1455, 1095, 1500, 240}));
+  const ControlState& box = model.layout().at(C::EingabeSchadstoff);
+  EXPECT_TRUE(box.visible);
+  EXPECT_EQ(TwipsRect({box.left, box.top, box.width, box.height}),
+            TwipsRect({1455, 1095, 1500, 240}));
+
+  editor().setGridCursor(2, 4, 2);
+  EXPECT_EQ(editor().schadstoffwerte_Click(), ResidueEditor::GridEditor::BasisChooser);
+  EXPECT_FALSE(box.visible);
+  EXPECT_EQ(editor().grid().basisChoice(), 1);  // row 2 reads STMR-P
+  // The drop-down keeps its own height.
+  EXPECT_EQ(editor().Auswahlfeld_platzieren(240, 600, {1000, 480, 1200, 240}),
+            TwipsRect({1255, 1095, 1200, 315}));
+  EXPECT_TRUE(visible(C::ArtSchadstoffwertCombo));
+  edit().ArtSchadstoffwertCombo_Click(0);
+  EXPECT_EQ(editor().grid().text(2, 4), "STMR");
+  EXPECT_FALSE(visible(C::ArtSchadstoffwertCombo) || visible(C::EingabeSchadstoff));
+
+  editor().setGridCursor(1, 0, 1);
+  EXPECT_EQ(editor().schadstoffwerte_Click(), ResidueEditor::GridEditor::None);
+  edit().Abbrechen_Click();
+  editor().setGridCursor(1, 5, 1);
+  EXPECT_EQ(editor().schadstoffwerte_Click(), ResidueEditor::GridEditor::None);
+}
+
+// The edit box's text is kept by Enter, which closes the box on the last row, by a double
+// click, by a click on another cell and by "Done".
+TEST_F(EditingTest, TheEditBoxKeepsItsTextHoweverItCloses) {
+  edit().Edit_Click();
+  openEditBox(5);
   type("7");
+  EXPECT_EQ(editor().EingabeSchadstoff_Enter(), std::nullopt);
+  EXPECT_FALSE(visible(C::EingabeSchadstoff));
+  openEditBox(3);
+  type("6");
+  editor().EingabeSchadstoff_DblClick();
+  EXPECT_FALSE(visible(C::EingabeSchadstoff));
+  openEditBox(2);
+  type("8");
   openEditBox(4);
   type("3.5");
   ASSERT_TRUE(edit().leaveEditing());
-  EXPECT_EQ(stored(1), "1.1/0 7/1 1.3/0 3.5/1 1.5/0 ");
+  EXPECT_EQ(stored(1), "1.1/0 8/1 6/0 3.5/1 7/0 ");
 }
 
 // "&save" while editing writes the table as it was, then takes the grid over; a new substance
