@@ -107,7 +107,6 @@ TEST_F(ComponentEditorTest, DeletedAndNewRowsReachTheTableAtTheReadBack) {
   ComponentEditor editor(table);
   editor.setCursor(4, 1);
   ASSERT_TRUE(editor.Loeschen());
-  EXPECT_EQ(editor.currentRow(), 4);  // E moved into the place
   editor.setCursor(2, 1);
   editor.Loeschen();
   ASSERT_TRUE(editor.Neuer_Datensatz());
