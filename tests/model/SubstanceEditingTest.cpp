@@ -91,7 +91,7 @@ TEST_F(EditingTest, DeletingAndCopyingKeepEverySubstanceWithItsValuesAndCodes) {
   EXPECT_EQ(model.selection().workingSet()[2].residue, 3.3);  // the lists follow
   for (int k = 0; k < 4; ++k) edit().Loeschen_Click();
   EXPECT_FALSE(model.enabled(C::Loeschen));
-  edit().Loeschen_Click();  // refused silently
+  edit().Loeschen_Click();  // refused
   EXPECT_EQ(names(), "Alpha; 0");
 }
 
