@@ -86,87 +86,73 @@ struct ByHand {
   TempFolder folder;
 };
 
-// Every row is the single run "Optimize" makes for its substance and options: the same
-// figure to the bit, the same verdict, the same refusal.
-void expectSingleRuns(const Tables& tables, const ScreeningResult& result) {
-  ByHand byHand(tables);
-  for (const ScreeningRow& row : result.rows) {
-    SCOPED_TRACE(row.name + " species " + std::to_string(row.species));
-    MainWindowModel& model = byHand.choose(row.substance - 1, row.species, row.criterion);
-    model.Optimierung_Click();
-    if (model.selection().chosen().empty()) {  // refused before any run is made
-      EXPECT_EQ(row.stop, RunStop::NoComponents);
-      EXPECT_EQ(row.burdenCell, byHand.dialogs.messages.back());
-      continue;
-    }
-    const FeedRun& run = model.lastRun();
-    ASSERT_EQ(row.stop, run.lastStop());
-    EXPECT_EQ(row.options.fishmealGrade, run.options().fishmealGrade);
-    if (row.stop == RunStop::None) {
-      EXPECT_EQ(row.burden, run.result().burden);
-      EXPECT_NE(model.result().text.find(" is " + row.burdenCell + " mg/kg."), std::string::npos);
-      EXPECT_EQ(row.above, run.result().burden > 0.1);
-    } else {
-      EXPECT_EQ(row.burdenCell, run.message(row.stop, false));
-    }
-    EXPECT_EQ(row.checked, run.solverRan());
-    EXPECT_EQ(row.verdictCell, row.checked ? verdictCell(run.check()) : "");
-  }
-}
-
-TEST(Screening, RowsAreTheSingleRunsOfEachSubstanceInOrder) {
-  for (const Tables& tables : {sampleTables(), seededTables(31, 40, 25)}) {
-    const ScreeningResult result = screen(tables, everyway(false));
-    const int substances = tables.table.substanceCount();
-    ASSERT_EQ(std::tuple(result.total, static_cast<int>(result.rows.size()), result.cancelled),
-              std::tuple(substances * 4, substances * 4, false));
-    for (int k = 0; k < result.total; ++k) {
-      const ScreeningRow& row = result.rows[static_cast<size_t>(k)];
-      EXPECT_EQ(std::tuple(row.substance, row.name, row.species, row.criterion, row.scenario),
-                std::tuple(k / 4 + 1, tables.table.substanceName(k / 4 + 1), k / 2 % 2,
-                           k % 2 ? Criterion::Minimum : Criterion::Maximum, 0));
-    }
-    expectSingleRuns(tables, result);
-  }
-}
-
-// Where the sweep stops at a refused run, the screening ends the substance's sweep with that
-// run's row too; the seeded table's last substance is refused at its first run.
-TEST(Screening, ScenarioRowsAreTheSweepsRuns) {
+// Every row is the run the main window makes by hand for its substance and options: the single
+// run of "Optimize" (the same figure to the bit, the same verdict, the same refusal) or the
+// sweep's run. Where the sweep stops at a refused run, the screening ends the substance's sweep
+// with that run's row too; the seeded table's last substance is refused at its first run.
+TEST(Screening, RowsAreTheRunsMadeByHandInOrder) {
   for (const Tables& tables : {sampleTables(), seededTables(7, 12, 8)}) {
+    const ScreeningResult single = screen(tables, everyway(false));
     const ScreeningResult result = screen(tables, everyway(true));
-    ASSERT_EQ(result.total, tables.table.substanceCount() * 4 * kScenarioRuns);
+    const int runs = tables.table.substanceCount() * 4;
+    ASSERT_EQ(std::tuple(single.total, static_cast<int>(single.rows.size()), single.cancelled,
+                         result.total),
+              std::tuple(runs, runs, false, runs * kScenarioRuns));
     ByHand byHand(tables);
-    size_t next = 0;
+    size_t k = 0, next = 0;
     for (int s = 0; s < tables.table.substanceCount(); ++s) {
       for (const int species : {0, 1}) {
         for (const Criterion criterion : {Criterion::Maximum, Criterion::Minimum}) {
+          SCOPED_TRACE("substance " + std::to_string(s + 1) + " species " +
+                       std::to_string(species));
+          const ScreeningRow& row = single.rows[k++];
+          ASSERT_EQ(std::tuple(row.substance, row.name, row.species, row.criterion, row.scenario),
+                    std::tuple(s + 1, tables.table.substanceName(s + 1), species, criterion, 0));
           MainWindowModel& model = byHand.choose(s, species, criterion);
+          model.Optimierung_Click();
+          const FeedRun& run = model.lastRun();
+          if (model.selection().chosen().empty()) {  // refused before any run is made
+            EXPECT_EQ(std::tuple(row.stop, row.burdenCell),
+                      std::tuple(RunStop::NoComponents, byHand.dialogs.messages.back()));
+          } else {
+            ASSERT_EQ(row.stop, run.lastStop());
+            EXPECT_EQ(row.options.fishmealGrade, run.options().fishmealGrade);
+            if (row.stop == RunStop::None) {
+              EXPECT_EQ(row.burden, run.result().burden);
+              EXPECT_NE(model.result().text.find(" is " + row.burdenCell + " mg/kg."),
+                        std::string::npos);
+              EXPECT_EQ(row.above, run.result().burden > 0.1);
+            } else {
+              EXPECT_EQ(row.burdenCell, run.message(row.stop, false));
+            }
+            EXPECT_EQ(row.checked, run.solverRan());
+            EXPECT_EQ(row.verdictCell, row.checked ? verdictCell(run.check()) : "");
+          }
+
           const bool swept = Optimierung2_Click(model);
           const ReportState& report = model.report();
           const bool refusedFirst = !swept && model.selection().chosen().empty();
-          for (int run = 1; run <= kScenarioRuns; ++run) {
-            SCOPED_TRACE("substance " + std::to_string(s + 1) + " run " + std::to_string(run));
+          for (int r = 1; r <= kScenarioRuns; ++r) {
+            SCOPED_TRACE("run " + std::to_string(r));
             ASSERT_LT(next, result.rows.size());
             const ScreeningRow& row = result.rows[next++];
             ASSERT_EQ(std::tuple(row.substance, row.species, row.criterion, row.scenario),
-                      std::tuple(s + 1, species, criterion, run));
-            if (refusedFirst || (!swept && report.scenarioCells[run][2].empty())) {
+                      std::tuple(s + 1, species, criterion, r));
+            if (refusedFirst || (!swept && report.scenarioCells[r][2].empty())) {
               // The sweep stopped at this run: so does the screening, with its message.
               EXPECT_NE(row.stop, RunStop::None);
               EXPECT_EQ(row.refusal, byHand.dialogs.messages.back());
               break;
             }
-            if (report.scenarioCells[run][2] == "-") {
+            if (report.scenarioCells[r][2] == "-") {
               EXPECT_EQ(row.stop, RunStop::NotSolvable);
               EXPECT_EQ(row.burdenCell, FeedRun::kNotSolvable);
             } else {
-              EXPECT_EQ(row.burdenCell, report.scenarioCells[run][2]);
+              EXPECT_EQ(row.burdenCell, report.scenarioCells[r][2]);
             }
-            EXPECT_EQ(row.verdictCell, report.scenarioVerdicts[run - 1]);
-            EXPECT_EQ(row.trueOptimumCell, row.verdict == CheckVerdict::Differs
-                                               ? report.scenarioTrueOptima[run - 1]
-                                               : "");
+            EXPECT_EQ(row.verdictCell, report.scenarioVerdicts[r - 1]);
+            EXPECT_EQ(row.trueOptimumCell,
+                      row.verdict == CheckVerdict::Differs ? report.scenarioTrueOptima[r - 1] : "");
           }
         }
       }
