@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <map>
 #include <optional>
 #include <string>
@@ -40,7 +39,8 @@ std::string shown(const ReportViewState& state) {
 // Events: l load, o open single, e open single with an explanation, a open all scenarios,
 // 1/2/3 Command1/2/3, x Explain; after each, what is shown.
 void play(Window window, const std::string& events, const std::vector<std::string>& after) {
-  static const std::map<char, std::function<void(ReportViewState&)>> kEvents = {
+  using Event = void (*)(ReportViewState&);
+  static const std::map<char, Event> kEvents = {
       {'l', [](ReportViewState& s) { s.load(); }},
       {'o', [](ReportViewState& s) { s.openSingle(); }},
       {'e', [](ReportViewState& s) { s.openSingle(true); }},

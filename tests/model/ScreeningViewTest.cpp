@@ -79,21 +79,11 @@ TEST(ScreeningStyleTest, RowsAboveTheLimitAreRedAndDisputedRunsMarkedAsInTheScen
             scenarioRunMark(CheckVerdict::CouldNotRun, true)->background);
 }
 
-// Three substances over five components that meet both species' targets; B has no residue.
+// The sample tables, with every option at hand.
 class ScreeningSelectTest : public ModelFixture {
  protected:
   void SetUp() override {
-    for (const char* name : {"A", "B", "C"}) table.addSubstance(name);
-    const FeedComponent components[] = {{"By-Products", "Wheat", "feed", "1", 13, 2, 88, 40, 30},
-                                        {"By-Products", "Soy", "feed", "2", 50, 2, 89, 35, 25},
-                                        {"Fat", "Oil", "oil", "3", 0, 99, 99, 10, 20},
-                                        {"By-Products", "Corn", "feed", "4", 9, 4, 88, 40, 20},
-                                        {"By-Products", "Target", "feed", "5", 38, 12, 90, 60, 60}};
-    for (const FeedComponent& c : components) table.addComponent(c);
-    for (int i = 1; i <= 5; ++i) {
-      table.setResidue(1, i, 0.02 * i);
-      table.setResidue(3, i, 0.3 / i);
-    }
+    table = readComponentTable(PESCAVO_SAMPLE_INPUT "/feedstuff.tab");
     model.setAllOptions(true);
     load();
   }
@@ -133,14 +123,14 @@ TEST_F(ScreeningSelectTest, SelectedRunRepeatsAsASingleRun) {
     EXPECT_EQ(model.lastRun().result().burden, row.burden) << row.name << " " << row.scenario;
     ++repeated;
   }
-  EXPECT_GE(repeated, 12);  // of A and C, both species, scenarios 3, 8, 13 and 16
+  EXPECT_GE(repeated, 12);
   EXPECT_TRUE(dialogs.messages.empty());
 }
 
 // The entry goes with the edit menu (when that shows is the all-options switch's test).
 TEST_F(ScreeningSelectTest, EditingOrAChangedSubstanceListRefusesTheRun) {
   const std::vector<ScreeningRow> rows = screen(ScreeningRequest());
-  ASSERT_EQ(rows.size(), 3u);
+  ASSERT_EQ(rows.size(), 5u);
   EXPECT_TRUE(screeningEntryShown(model));
   model.substances().Add_Click();  // editing: the main window has no place for a run now
   EXPECT_FALSE(selectScreeningRun(model, rows[2]) || screeningEntryShown(model));
@@ -148,8 +138,8 @@ TEST_F(ScreeningSelectTest, EditingOrAChangedSubstanceListRefusesTheRun) {
   model.substances().Abbrechen_Click();
 
   model.selectSubstance(0);
-  model.substances().Loeschen_Click();  // A goes; C moves up to place 2
-  ASSERT_EQ(model.database().table().substanceCount(), 2);
+  model.substances().Loeschen_Click();  // the first goes; the third moves up to place 2
+  ASSERT_EQ(model.database().table().substanceCount(), 4);
   EXPECT_FALSE(selectScreeningRun(model, rows[2]));
   EXPECT_EQ(dialogs.messages, std::vector<std::string>{kScreeningListChanged});
 }
