@@ -16,18 +16,11 @@
 namespace pescavo::test {
 namespace {
 
-const std::string kInput = PESCAVO_SAMPLE_INPUT;
-
 struct Tables {
   ComponentTable table;
   std::vector<FishSpecies> species;
   std::vector<FishMealGrade> fishmeal;
 };
-
-Tables sampleTables() {
-  return {readComponentTable(kInput + "/feedstuff.tab"), readSpeciesTable(kInput + "/Species.tab"),
-          readFishmealTable(kInput + "/Fishmeal.tab")};
-}
 
 // A table fixed by its seed: some residues 0, so that substances differ in what is available,
 // and feeds that cannot meet every target; the last substance has no residue at all.
@@ -91,78 +84,76 @@ struct ByHand {
 // sweep's run. Where the sweep stops at a refused run, the screening ends the substance's sweep
 // with that run's row too; the seeded table's last substance is refused at its first run.
 TEST(Screening, RowsAreTheRunsMadeByHandInOrder) {
-  for (const Tables& tables : {sampleTables(), seededTables(7, 12, 8)}) {
-    const ScreeningResult single = screen(tables, everyway(false));
-    const ScreeningResult result = screen(tables, everyway(true));
-    const int runs = tables.table.substanceCount() * 4;
-    ASSERT_EQ(std::tuple(single.total, static_cast<int>(single.rows.size()), single.cancelled,
-                         result.total),
-              std::tuple(runs, runs, false, runs * kScenarioRuns));
-    ByHand byHand(tables);
-    size_t k = 0, next = 0;
-    for (int s = 0; s < tables.table.substanceCount(); ++s) {
-      for (const int species : {0, 1}) {
-        for (const Criterion criterion : {Criterion::Maximum, Criterion::Minimum}) {
-          SCOPED_TRACE("substance " + std::to_string(s + 1) + " species " +
-                       std::to_string(species));
-          const ScreeningRow& row = single.rows[k++];
-          ASSERT_EQ(std::tuple(row.substance, row.name, row.species, row.criterion, row.scenario),
-                    std::tuple(s + 1, tables.table.substanceName(s + 1), species, criterion, 0));
-          MainWindowModel& model = byHand.choose(s, species, criterion);
-          model.Optimierung_Click();
-          const FeedRun& run = model.lastRun();
-          if (model.selection().chosen().empty()) {  // refused before any run is made
-            EXPECT_EQ(std::tuple(row.stop, row.burdenCell),
-                      std::tuple(RunStop::NoComponents, byHand.dialogs.messages.back()));
+  const Tables tables = seededTables(7, 12, 8);
+  const ScreeningResult single = screen(tables, everyway(false));
+  const ScreeningResult result = screen(tables, everyway(true));
+  const int runs = tables.table.substanceCount() * 4;
+  ASSERT_EQ(std::tuple(single.total, static_cast<int>(single.rows.size()), single.cancelled,
+                       result.total),
+            std::tuple(runs, runs, false, runs * kScenarioRuns));
+  ByHand byHand(tables);
+  size_t k = 0, next = 0;
+  for (int s = 0; s < tables.table.substanceCount(); ++s) {
+    for (const int species : {0, 1}) {
+      for (const Criterion criterion : {Criterion::Maximum, Criterion::Minimum}) {
+        SCOPED_TRACE("substance " + std::to_string(s + 1) + " species " + std::to_string(species));
+        const ScreeningRow& row = single.rows[k++];
+        ASSERT_EQ(std::tuple(row.substance, row.name, row.species, row.criterion, row.scenario),
+                  std::tuple(s + 1, tables.table.substanceName(s + 1), species, criterion, 0));
+        MainWindowModel& model = byHand.choose(s, species, criterion);
+        model.Optimierung_Click();
+        const FeedRun& run = model.lastRun();
+        if (model.selection().chosen().empty()) {  // refused before any run is made
+          EXPECT_EQ(std::tuple(row.stop, row.burdenCell),
+                    std::tuple(RunStop::NoComponents, byHand.dialogs.messages.back()));
+        } else {
+          ASSERT_EQ(row.stop, run.lastStop());
+          EXPECT_EQ(row.options.fishmealGrade, run.options().fishmealGrade);
+          if (row.stop == RunStop::None) {
+            EXPECT_EQ(row.burden, run.result().burden);
+            EXPECT_NE(model.result().text.find(" is " + row.burdenCell + " mg/kg."),
+                      std::string::npos);
+            EXPECT_EQ(row.above, run.result().burden > 0.1);
           } else {
-            ASSERT_EQ(row.stop, run.lastStop());
-            EXPECT_EQ(row.options.fishmealGrade, run.options().fishmealGrade);
-            if (row.stop == RunStop::None) {
-              EXPECT_EQ(row.burden, run.result().burden);
-              EXPECT_NE(model.result().text.find(" is " + row.burdenCell + " mg/kg."),
-                        std::string::npos);
-              EXPECT_EQ(row.above, run.result().burden > 0.1);
-            } else {
-              EXPECT_EQ(row.burdenCell, run.message(row.stop, false));
-            }
-            EXPECT_EQ(row.checked, run.solverRan());
-            EXPECT_EQ(row.verdictCell, row.checked ? verdictCell(run.check()) : "");
+            EXPECT_EQ(row.burdenCell, run.message(row.stop, false));
           }
+          EXPECT_EQ(row.checked, run.solverRan());
+          EXPECT_EQ(row.verdictCell, row.checked ? verdictCell(run.check()) : "");
+        }
 
-          const bool swept = Optimierung2_Click(model);
-          const ReportState& report = model.report();
-          const bool refusedFirst = !swept && model.selection().chosen().empty();
-          for (int r = 1; r <= kScenarioRuns; ++r) {
-            SCOPED_TRACE("run " + std::to_string(r));
-            ASSERT_LT(next, result.rows.size());
-            const ScreeningRow& row = result.rows[next++];
-            ASSERT_EQ(std::tuple(row.substance, row.species, row.criterion, row.scenario),
-                      std::tuple(s + 1, species, criterion, r));
-            if (refusedFirst || (!swept && report.scenarioCells[r][2].empty())) {
-              // The sweep stopped at this run: so does the screening, with its message.
-              EXPECT_NE(row.stop, RunStop::None);
-              EXPECT_EQ(row.refusal, byHand.dialogs.messages.back());
-              break;
-            }
-            if (report.scenarioCells[r][2] == "-") {
-              EXPECT_EQ(row.stop, RunStop::NotSolvable);
-              EXPECT_EQ(row.burdenCell, FeedRun::kNotSolvable);
-            } else {
-              EXPECT_EQ(row.burdenCell, report.scenarioCells[r][2]);
-            }
-            EXPECT_EQ(row.verdictCell, report.scenarioVerdicts[r - 1]);
-            EXPECT_EQ(row.trueOptimumCell,
-                      row.verdict == CheckVerdict::Differs ? report.scenarioTrueOptima[r - 1] : "");
+        const bool swept = Optimierung2_Click(model);
+        const ReportState& report = model.report();
+        const bool refusedFirst = !swept && model.selection().chosen().empty();
+        for (int r = 1; r <= kScenarioRuns; ++r) {
+          SCOPED_TRACE("run " + std::to_string(r));
+          ASSERT_LT(next, result.rows.size());
+          const ScreeningRow& row = result.rows[next++];
+          ASSERT_EQ(std::tuple(row.substance, row.species, row.criterion, row.scenario),
+                    std::tuple(s + 1, species, criterion, r));
+          if (refusedFirst || (!swept && report.scenarioCells[r][2].empty())) {
+            // The sweep stopped at this run: so does the screening, with its message.
+            EXPECT_NE(row.stop, RunStop::None);
+            EXPECT_EQ(row.refusal, byHand.dialogs.messages.back());
+            break;
           }
+          if (report.scenarioCells[r][2] == "-") {
+            EXPECT_EQ(row.stop, RunStop::NotSolvable);
+            EXPECT_EQ(row.burdenCell, FeedRun::kNotSolvable);
+          } else {
+            EXPECT_EQ(row.burdenCell, report.scenarioCells[r][2]);
+          }
+          EXPECT_EQ(row.verdictCell, report.scenarioVerdicts[r - 1]);
+          EXPECT_EQ(row.trueOptimumCell,
+                    row.verdict == CheckVerdict::Differs ? report.scenarioTrueOptima[r - 1] : "");
         }
       }
     }
-    EXPECT_EQ(next, result.rows.size());
-    // Both kinds of run are compared, not only results.
-    for (const RunStop stop : {RunStop::None, RunStop::NotSolvable})
-      EXPECT_TRUE(std::any_of(result.rows.begin(), result.rows.end(),
-                              [&](const ScreeningRow& row) { return row.stop == stop; }));
   }
+  EXPECT_EQ(next, result.rows.size());
+  // Both kinds of run are compared, not only results.
+  for (const RunStop stop : {RunStop::None, RunStop::NotSolvable})
+    EXPECT_TRUE(std::any_of(result.rows.begin(), result.rows.end(),
+                            [&](const ScreeningRow& row) { return row.stop == stop; }));
 }
 
 // Whatever the threads did, the rows are the same and in the same order; a substance with no
