@@ -7,18 +7,9 @@ namespace {
 
 using C = ControlId;
 
-// Three components of which Target alone meets the carp targets, all with residues.
 class AllOptionsTest : public ModelFixture {
  protected:
-  void SetUp() override {
-    table.addSubstance("Example A");
-    const FeedComponent components[] = {
-        {"By-Products", "Wheat", "feed", "IFN-1", 13, 2, 88, 40, 30},
-        {"By-Products", "Soybean", "feed", "IFN-2", 50, 2, 89, 35, 25},
-        {"By-Products", "Target", "feed", "IFN-3", 35, 8, 0, 100, 100}};
-    for (const FeedComponent& c : components) table.addComponent(c);
-    for (int i = 1; i <= 3; ++i) table.setResidue(1, i, 0.1 * i);
-  }
+  void SetUp() override { table = readComponentTable(PESCAVO_SAMPLE_INPUT "/feedstuff.tab"); }
   // Shown on screen: a control in a hidden frame is not.
   bool shown(ControlId id) const {
     const std::optional<ControlId> frame = model.layout().at(id).parent;
@@ -155,7 +146,7 @@ TEST_F(AllOptionsTest, SwitchingOffRestoresTheHiddenOptions) {
 
   model.options().setCriterionOption(Criterion::Minimum);
   model.options().setMrbdLimits(false);
-  model.options().setPseudoComponents({false, true, false});
+  model.options().setPseudoComponents({true, false, false});
   model.options().setFishmealGrade(1);
   runAll();
   EXPECT_EQ(model.result().text.rfind("Minimum content", 0), 0u) << model.result().text;
