@@ -86,7 +86,9 @@ struct Sweep {
   MainWindowModel m{dialogs, '.'};
 };
 
-TEST(ScenarioSweep, ReportFilesSummaryFullReportDoneAndDetails) {
+// The labels above the report windows' tables and the print title follow the current species,
+// with the regional decimal separator; a Details run hands them on with its check.
+TEST(ScenarioSweep, ReportFilesSummaryFullReportDoneDetailsAndLabels) {
   Sweep s;
   s.m.options().setPseudoComponents({false, true, false});
   s.m.options().setMrbdLimits(false);
@@ -121,6 +123,16 @@ TEST(ScenarioSweep, ReportFilesSummaryFullReportDoneAndDetails) {
             "Report Szenario 16: PC, CC and F used  - " + kMrbd);
   EXPECT_FALSE(runScenarioDetails(s.m, 3).shown);  // run 4 cannot meet the targets
   EXPECT_EQ(s.dialogs.messages, std::vector<std::string>{kNotSolvable});  // the only message
+
+  s.m.setDecimalSeparator(',');
+  const ReportLabels labels = reportLabels(s.m);
+  EXPECT_EQ(labels.substance + "|" + labels.speciesName + "|" + labels.speciesTargets + "|" +
+                labels.printTitle,
+            "Substance A|Common carp|(10,00% Lipid; 40,00% Protein)|Pescavo - Substance: "
+            "Substance A\tSpecies: Common carp(10,00% Lipid; 40,00% Protein)");
+  const ScenarioDetails third = runScenarioDetails(s.m, 2);
+  EXPECT_EQ(std::tuple(third.labels.printTitle, third.verdict, third.checkSentence),
+            std::tuple(labels.printTitle, CheckVerdict::Agrees, "Independent check: agrees."));
 }
 
 // A disk that takes writes until they would hold more than `room` bytes, then fails them all
@@ -179,24 +191,6 @@ TEST(ScenarioSweep, AFullDiskKeepsTheReportsFromBeforeTheSweepByteForByte) {
   EXPECT_EQ(heading[0] + "|" + heading[1] + "|" + heading[2],
             "Szenario|Description|Minimum Residue Value");
   EXPECT_EQ(s.m.report().scenarioSummary.rfind("Scenario\tMinimum Residue Value\r\n___", 0), 0u);
-}
-
-// The labels above the report windows' tables and the print title follow the current species,
-// with the regional decimal separator; a Details run hands them on with its check.
-TEST(ScenarioSweep, LabelsAndPrintTitleAndTheDetailsCheck) {
-  Sweep s;
-  s.m.setDecimalSeparator(',');
-  ASSERT_TRUE(Optimierung2_Click(s.m));
-  const ReportLabels labels = reportLabels(s.m);
-  EXPECT_EQ(labels.substance + "|" + labels.speciesName + "|" + labels.speciesTargets + "|" +
-                labels.printTitle,
-            "Substance A|Common carp|(10,00% Lipid; 40,00% Protein)|Pescavo - Substance: "
-            "Substance A\tSpecies: Common carp(10,00% Lipid; 40,00% Protein)");
-  const ScenarioDetails details = runScenarioDetails(s.m, 2);
-  ASSERT_TRUE(details.shown);
-  EXPECT_EQ(details.labels.printTitle, labels.printTitle);
-  EXPECT_EQ(std::pair(details.verdict, details.checkSentence),
-            std::pair(CheckVerdict::Agrees, std::string("Independent check: agrees.")));
 }
 
 // The scenario cells keep what the method found; the check beside
