@@ -41,7 +41,6 @@ TEST_F(AllOptionsTest, OffLeavesEveryLayoutAsItWas) {
     if (simple) same("switched on in the simple layout");
     model.setAllOptions(false);
     same("switched off");
-    // The editing layout, switched off while editing and after it.
     model.substances().Add_Click();
     plain.substances().Add_Click();
     same("editing");

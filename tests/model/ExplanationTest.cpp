@@ -1,6 +1,3 @@
-// The explanation of a run: its figures against a rerun with a limit relaxed in the table, and
-// its words and tables as the assessor reads them.
-
 #include <gtest/gtest.h>
 
 #include <string>
@@ -25,9 +22,8 @@ class ExplanationTest : public HandMadeLists {
   }
 };
 
-// {lipid, protein, residue, carp, trout, dm, IFN}: a feed of the sample's kind with PC, CC, F,
-// explained on the run's own programme, dry-matter residues and all: each binding maximum
-// raised by 1 % in the table moves the rerun's burden by the rate stated for it.
+// {lipid, protein, residue, carp, trout, dm, IFN} with PC, CC and F, residues per dry matter:
+// each binding maximum raised by 1 % in the table moves the rerun's burden by its rate.
 TEST_F(ExplanationTest, RelaxingABindingLimitInTheTableMovesTheBurdenByItsRate) {
   add("Wheat (bran)", {4, 17, 0.05, 20, 20, 88, ""});
   add("Maize (grain)", {4, 9, 0.02, 30, 25, 86, ""});

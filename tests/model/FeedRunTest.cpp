@@ -100,9 +100,8 @@ TEST_F(FeedRunTest, StopsInTheOrderTheRunMeetsThem) {
             "Maximum content dietary burden based on Example A is 0,500 mg/kg.");
 }
 
-// Texts that repeat, at other positions in each list: each chosen entry takes the lipid of the
-// last available entry with its text, as a scan from the end finds it, also when the lists
-// change between runs (the lookup and each entry's last match are kept).
+// Texts that repeat: each chosen entry takes the lipid of the last available entry with its text,
+// also when the lists change between runs (the lookup and each entry's last match are kept).
 TEST_F(FeedRunTest, EachChosenEntryTakesTheLastAvailableEntryOfItsText) {
   const auto text = [](int k) { return std::to_string(k % 211) + " (by-product)"; };
   const auto fill = [&](bool fewer) {  // fewer: as for a substance without some of them

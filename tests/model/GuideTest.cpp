@@ -71,9 +71,8 @@ TEST_F(GuideTest, LocateTakesTheFirstFolderWithAnIndex) {
   EXPECT_TRUE(Guide(empty.string()).empty());
 }
 
-// The guide the program ships: every link leads somewhere and every page is in the contents.
-// The options page names each entry the all-options switch reveals, as written, as does the
-// page that describes it (a page that holds the words apart marks only the first word).
+// The shipped guide: every link leads somewhere, every page is in the contents, and the options
+// page names each entry the all-options switch reveals as written, as does its own page.
 TEST(ShippedGuide, EveryLinkResolvesEveryPageIsReachableAndTheOptionsPageNamesTheEntries) {
   const Guide guide(PESCAVO_GUIDE);
   ASSERT_FALSE(guide.empty()) << PESCAVO_GUIDE;
@@ -91,7 +90,7 @@ TEST(ShippedGuide, EveryLinkResolvesEveryPageIsReachableAndTheOptionsPageNamesTh
                                     std::pair("Feed components", "database.html"),
                                     std::pair("Screen all substances", "screening.html")}) {
     std::set<std::string> files;
-    for (const Guide::Hit& hit : guide.search(entry))
+    for (const Guide::Hit& hit : guide.search(entry))  // the whole entry marked, not a word
       if (hit.mark.size() == std::string(entry).size()) files.insert(hit.file);
     EXPECT_EQ(files.count("options.html") + files.count(page), 2u) << entry;
   }

@@ -1,6 +1,3 @@
-// The views of the report window and the scenario windows: what each button switches to and
-// which controls and captions go with each view.
-
 #include <gtest/gtest.h>
 
 #include <map>
@@ -61,10 +58,9 @@ const char kText[] = "Text: text [Convert into table] [Draw pie chart]";
 const char kTable[] = "Table: labels table [Back]";
 const char kChart[] = "Chart: kinds chart [Back]";
 
-// Text, table, chart and explanation take turns: each hides the others' buttons, and a press of
-// a hidden button changes nothing. The explanation is the report window's single run's alone:
-// never after a sweep or when the run has none to give. After a sweep the scenario table and
-// the full report take turns.
+// Text, table, chart and explanation take turns, a hidden button's press changes nothing; only
+// the report window's single run has an explanation. After a sweep the scenario table and the
+// full report take turns.
 TEST(ReportViewState, EachButtonSwitchesBetweenItsViewAndTheText) {
   const std::string loaded = "Text: text [Convert into chart] [Draw pie chart]";
   const std::string loadedReport = loaded + " [Open Full Report File]";
