@@ -83,7 +83,6 @@ TEST_F(FeedRunTest, StopsInTheOrderTheRunMeetsThem) {
       {{3, 0}, false, RunStop::UnusableFigures, huge, huge},
       {{1}, false, RunStop::NotSolvable, notSolvable, notSolvable},  // wheat alone: too little
       {{0}, false, RunStop::None, "", ""},
-      {{1, 0}, true, RunStop::None, "", ""},
       {{}, true, RunStop::NoComponents, "Please add components.", "Please add components."},
   };
   for (const auto& c : cases) {
