@@ -108,29 +108,24 @@ TEST_F(AllOptionsTest, NoTwoShownControlsOverlap) {
 }
 
 TEST_F(AllOptionsTest, SingleRunTakesTheChosenGradeOnlyWithTheSwitch) {
+  const auto gradeRun = [&](int chosen) {
+    model.options().setFishmealGrade(chosen);
+    runAll();
+    return model.lastRun().options().fishmealGrade;
+  };
   load();
-  model.options().setFishmealGrade(0);
-  runAll();
-  EXPECT_EQ(model.lastRun().options().fishmealGrade, 2);
-
+  EXPECT_EQ(gradeRun(0), 2);
   model.setAllOptions(true);
-  model.options().setFishmealGrade(0);
-  runAll();
-  EXPECT_EQ(model.lastRun().options().fishmealGrade, 0);
+  EXPECT_EQ(gradeRun(0), 0);
   // The sweep's "Details" runs are the sweep's: the third grade as ever.
   model.options().setAllScenariosMode(true);
   model.EinfacheOptimierung();
   EXPECT_EQ(model.lastRun().options().fishmealGrade, 2);
-
   // The simple layout resets it with or without the switch, unless a grade is asked for.
   load(true);
-  model.options().setFishmealGrade(3);
-  model.Optimierung_Click();
-  EXPECT_EQ(model.lastRun().options().fishmealGrade, 2);
+  EXPECT_EQ(gradeRun(3), 2);
   model.options().setKeepFishmealGrade(true);
-  model.options().setFishmealGrade(3);
-  model.Optimierung_Click();
-  EXPECT_EQ(model.lastRun().options().fishmealGrade, 3);
+  EXPECT_EQ(gradeRun(3), 3);
 }
 
 // The revealed controls withdraw a result like every option; switching off puts back what the
