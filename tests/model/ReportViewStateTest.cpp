@@ -1,9 +1,5 @@
-// The views of the report window and the scenario windows: what each button switches to and
-// which controls and captions go with each view.
-
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <map>
 #include <optional>
 #include <string>
@@ -16,14 +12,14 @@ namespace pescavo::test {
 namespace {
 
 using Window = ReportViewState::Window;
-using View = ReportViewState::View;
 
-// The visible controls in a fixed order, each button with its caption.
+// The view, then the visible controls in a fixed order, each button with its caption.
 std::string shown(const ReportViewState& state) {
+  const char* const views[] = {"Text", "Table", "Chart", "Scenarios", "Explain"};
   const ReportViewState::Controls c = state.controls();
-  std::string s;
+  std::string s = views[static_cast<int>(state.view())] + std::string(":");
   const auto add = [&s](bool visible, const std::string& name) {
-    if (visible) s += (s.empty() ? "" : " ") + name;
+    if (visible) s += " " + name;
   };
   const bool visible[] = {c.labels, c.text,        c.table,         c.chartKinds,
                           c.chart,  c.explanation, c.scenarioTable, c.detailsButtons};
@@ -37,16 +33,11 @@ std::string shown(const ReportViewState& state) {
   return s;
 }
 
-struct Step {
-  // o: open single, e: open single with an explanation, a: open all scenarios, 1/2/3:
-  // Command1/2/3, x: Explain, l: load
-  char event;
-  std::string controls;
-  View view;
-};
-
-const std::map<char, std::function<void(ReportViewState&)>>& events() {
-  static const std::map<char, std::function<void(ReportViewState&)>> kEvents = {
+// Events: l load, o open single, e open single with an explanation, a open all scenarios,
+// 1/2/3 Command1/2/3, x Explain; after each, what is shown.
+void play(Window window, const std::string& events, const std::vector<std::string>& after) {
+  using Event = void (*)(ReportViewState&);
+  static const std::map<char, Event> kEvents = {
       {'l', [](ReportViewState& s) { s.load(); }},
       {'o', [](ReportViewState& s) { s.openSingle(); }},
       {'e', [](ReportViewState& s) { s.openSingle(true); }},
@@ -55,88 +46,39 @@ const std::map<char, std::function<void(ReportViewState&)>>& events() {
       {'1', [](ReportViewState& s) { s.toggleTable(); }},
       {'2', [](ReportViewState& s) { s.toggleChart(); }},
       {'3', [](ReportViewState& s) { s.toggleFullReport(); }}};
-  return kEvents;
-}
-
-void play(Window window, const std::vector<Step>& steps) {
+  ASSERT_EQ(events.size(), after.size());
   ReportViewState state(window);
-  for (std::size_t i = 0; i < steps.size(); ++i) {
-    SCOPED_TRACE("step " + std::to_string(i) + " '" + steps[i].event + "'");
-    events().at(steps[i].event)(state);
-    EXPECT_EQ(shown(state), steps[i].controls);
-    EXPECT_EQ(state.view(), steps[i].view);
+  for (std::size_t i = 0; i < events.size(); ++i) {
+    kEvents.at(events[i])(state);
+    EXPECT_EQ(shown(state), after[i]) << "step " << i << " '" << events[i] << "'";
   }
 }
 
-const char kText[] = "text [Convert into table] [Draw pie chart]";
-const char kTable[] = "labels table [Back]";
-const char kChart[] = "kinds chart [Back]";
+const char kText[] = "Text: text [Convert into table] [Draw pie chart]";
+const char kTable[] = "Table: labels table [Back]";
+const char kChart[] = "Chart: kinds chart [Back]";
 
-// Table and chart are never on screen together: each hides the other's button, and a press
-// of a hidden button changes nothing.
-TEST(ReportViewState, TextTableAndChartTakeTurns) {
-  for (Window window : {Window::Report, Window::Scenario}) {
-    const std::string loaded =
-        window == Window::Report
-            ? "text [Convert into chart] [Draw pie chart] [Open Full Report File]"
-            : "text [Convert into chart] [Draw pie chart]";
-    play(window, {{'l', loaded, View::Text},
-                  {'o', kText, View::Text},
-                  {'1', kTable, View::Table},
-                  {'2', kTable, View::Table},
-                  {'3', kTable, View::Table},
-                  {'1', kText, View::Text},
-                  {'2', kChart, View::Chart},
-                  {'1', kChart, View::Chart},
-                  {'2', kText, View::Text},
-                  {'1', kTable, View::Table},
-                  {'o', kText, View::Text}});
-  }
-}
-
-TEST(ReportViewState, AfterASweepTheScenarioTableAndTheFullReportTakeTurns) {
-  const char table[] = "labels scenarios details [Open Full Report File]";
-  const char report[] = "labels text [Back]";
-  play(Window::Report, {{'a', table, View::ScenarioTable},
-                        {'1', table, View::ScenarioTable},
-                        {'2', table, View::ScenarioTable},
-                        {'3', report, View::Text},
-                        {'3', table, View::ScenarioTable},
-                        {'3', report, View::Text},
-                        {'a', table, View::ScenarioTable},
-                        {'o', kText, View::Text},
-                        {'3', kText, View::Text}});
+// Text, table, chart and explanation take turns, a hidden button's press changes nothing; only
+// the report window's single run has an explanation. After a sweep the scenario table and the
+// full report take turns.
+TEST(ReportViewState, EachButtonSwitchesBetweenItsViewAndTheText) {
+  const std::string loaded = "Text: text [Convert into chart] [Draw pie chart]";
+  const std::string loadedReport = loaded + " [Open Full Report File]";
+  const std::string text = std::string(kText) + " [Explain]";
+  const std::string explained = "Explain: explanation [Back]";
+  const std::string sweep = "Scenarios: labels scenarios details [Open Full Report File]";
+  const std::string report = "Text: labels text [Back]";
+  play(Window::Report, "lex12x123xe21x2oxa12x33exo",
+       {loadedReport, text,  explained, explained, explained, text, kTable,    kTable, kTable,
+        kTable,       text,  kChart,    kChart,    kChart,    text, kText,     kText,  sweep,
+        sweep,        sweep, sweep,     report,    sweep,     text, explained, kText});
+  play(Window::Scenario, "lex112o", {loaded, kText, kText, kTable, kText, kChart, kText});
   ReportViewState state(Window::Report);
   state.openAllScenarios();
   EXPECT_TRUE(state.toggleFullReport());  // to be written and opened
   EXPECT_FALSE(state.toggleFullReport());
-}
-
-// The explanation is a third view beside table and chart, of the report window's single run
-// alone: never in a scenario window, after a sweep or when the run has none to give.
-TEST(ReportViewState, TheExplanationTakesTurnsWithTheText) {
-  const std::string text = std::string(kText) + " [Explain]";
-  const char explanation[] = "explanation [Back]";
-  play(Window::Report,
-       {{'e', text, View::Text},
-        {'x', explanation, View::Explain},
-        {'1', explanation, View::Explain},
-        {'2', explanation, View::Explain},
-        {'x', text, View::Text},
-        {'1', kTable, View::Table},
-        {'x', kTable, View::Table},
-        {'1', text, View::Text},
-        {'2', kChart, View::Chart},
-        {'x', kChart, View::Chart},
-        {'2', text, View::Text},
-        {'x', explanation, View::Explain},
-        {'o', kText, View::Text},
-        {'x', kText, View::Text},
-        {'e', text, View::Text},
-        {'x', explanation, View::Explain},
-        {'a', "labels scenarios details [Open Full Report File]", View::ScenarioTable},
-        {'x', "labels scenarios details [Open Full Report File]", View::ScenarioTable}});
-  play(Window::Scenario, {{'e', kText, View::Text}, {'x', kText, View::Text}});
+  state.openSingle();
+  EXPECT_FALSE(state.toggleFullReport() || state.toggleFullReport());
 }
 
 // The report window's chart always opens on the feed composition; a scenario window's shows

@@ -11,9 +11,7 @@ OptimisationProblem feed(std::vector<std::array<double, 4>> v, double lipidTarge
   p.kind.assign(v.size(), VariableKind::Component);
   p.name.assign(v.size(), std::string());
   const auto addPseudo = [&](VariableKind kind, std::array<double, 4> values) {
-    v.push_back(values);
-    p.kind.push_back(kind);
-    p.name.push_back(pseudoComponentName(kind));
+    v.push_back(values), p.kind.push_back(kind), p.name.push_back(pseudoComponentName(kind));
   };
   if (pseudo & 1) addPseudo(VariableKind::PC, {10, 65, 0, 100});
   if (pseudo & 2) addPseudo(VariableKind::CC, {0.1, 0.1, 0, 100});
@@ -36,6 +34,12 @@ OptimisationResult solve(const OptimisationProblem& problem, Criterion criterion
 RandomProblem RandomProblems::next(int n) {
   RandomProblem made{{}, chance(0.5) ? Criterion::Maximum : Criterion::Minimum};
   OptimisationProblem& p = made.problem;
+  const auto add = [&p](VariableKind kind, std::string name, double lipid, double protein,
+                        double residue, double maxInclusion, double dryMatter) {
+    p.lipid.push_back(lipid), p.protein.push_back(protein), p.residue.push_back(residue);
+    p.maxInclusion.push_back(maxInclusion), p.dryMatter.push_back(dryMatter);
+    p.kind.push_back(kind), p.name.push_back(std::move(name));
+  };
   const bool trout = chance(0.5), mrbd = chance(0.5), allPseudo = chance(0.4);
   p.lipidTarget = trout ? 15 : 8, p.proteinTarget = trout ? 42 : 35;
   const bool pc = n > 1 && (allPseudo || chance(0.5));
@@ -52,26 +56,18 @@ RandomProblem RandomProblems::next(int n) {
     if (chance(0.05)) protein = p.proteinTarget;
     const double residue = chance(0.25) ? 0.0 : std::round(uniform(0.01, 5) * 100) / 100;
     const double limit = mrbd ? 5.0 * integer(1, 20) : 100.0;  // drawn before dry matter
-    add(made, VariableKind::Component, "Component " + std::to_string(j), lipid, protein, residue,
-        limit, rounded(uniform(85, 95)));
+    add(VariableKind::Component, "Component " + std::to_string(j), lipid, protein, residue, limit,
+        rounded(uniform(85, 95)));
     p.residueSum += residue;
   }
   if (p.residueSum == 0) p.residue[0] = p.residueSum = 0.5;  // the callers refuse such runs
   for (int j = 0; j < p.chosenCount; ++j) p.residue[j] = p.residue[j] / p.dryMatter[j] * 100;
   static const double grades[][2] = {{8, 70}, {10, 65}, {9.5, 64}, {12, 60}, {7, 72}};
   const int grade = pc ? integer(0, 4) : 0;
-  if (pc) add(made, VariableKind::PC, "PC", grades[grade][0], grades[grade][1], 0, 100, 0);
-  if (cc) add(made, VariableKind::CC, "CC", 0.1, 0.1, 0, 100, 0);
-  if (f) add(made, VariableKind::F, "F", 100, 0, 0, 100, 0);
+  if (pc) add(VariableKind::PC, "PC", grades[grade][0], grades[grade][1], 0, 100, 0);
+  if (cc) add(VariableKind::CC, "CC", 0.1, 0.1, 0, 100, 0);
+  if (f) add(VariableKind::F, "F", 100, 0, 0, 100, 0);
   return made;
-}
-
-void RandomProblems::add(RandomProblem& made, VariableKind kind, std::string name, double lipid,
-                         double protein, double residue, double maxInclusion, double dryMatter) {
-  OptimisationProblem& p = made.problem;
-  p.lipid.push_back(lipid), p.protein.push_back(protein), p.residue.push_back(residue);
-  p.maxInclusion.push_back(maxInclusion), p.dryMatter.push_back(dryMatter);
-  p.kind.push_back(kind), p.name.push_back(std::move(name));
 }
 
 }  // namespace pescavo::testing

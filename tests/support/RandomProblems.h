@@ -44,8 +44,6 @@ class RandomProblems {
   int integer(int low, int high) { return low + static_cast<int>(m_engine() % (high - low + 1)); }
   bool chance(double probability) { return uniform(0, 1) < probability; }
   static double rounded(double value) { return std::round(value * 10) / 10; }
-  static void add(RandomProblem& made, VariableKind kind, std::string name, double lipid,
-                  double protein, double residue, double maxInclusion, double dryMatter);
   std::mt19937_64 m_engine;
 };
 

@@ -10,7 +10,7 @@
 namespace pescavo {
 
 // Records what the model shows and asks, and answers its questions from a script; with no
-// answer left it answers `unscripted`.
+// answer left it answers no.
 class RecordingDialogs : public Dialogs {
  public:
   void information(const std::string& text) override {
@@ -19,7 +19,7 @@ class RecordingDialogs : public Dialogs {
   }
   bool askYesNo(const std::string& text) override {
     questions.push_back(text);
-    if (answers.empty()) return unscripted;
+    if (answers.empty()) return false;
     const bool answer = answers.front();
     answers.pop_front();
     return answer;
@@ -28,7 +28,6 @@ class RecordingDialogs : public Dialogs {
   std::vector<std::string> messages;
   std::vector<std::string> questions;
   std::deque<bool> answers;
-  bool unscripted = false;
   std::function<void()> onMessage;  // runs while the message is shown
 };
 

@@ -4,7 +4,7 @@
 
 #include <filesystem>
 #include <fstream>
-#include <sstream>
+#include <iterator>
 #include <stdexcept>
 #include <string>
 
@@ -32,9 +32,7 @@ class TempFolder {
   // The bytes of a file in the folder; "" where there is none.
   std::string read(const std::string& name) const {
     std::ifstream in(m_path / name, std::ios::binary);
-    std::stringstream bytes;
-    bytes << in.rdbuf();
-    return bytes.str();
+    return std::string(std::istreambuf_iterator<char>(in), {});
   }
   void write(const std::string& name, const std::string& bytes) const {
     std::ofstream(m_path / name, std::ios::binary) << bytes;
