@@ -26,8 +26,7 @@ TEST_F(HelpGuiTest, InformationImagesShareOneWindowThatShowsTheirTextsLineByLine
   click("Image2");
   auto* dialog = window->findChild<Dialog*>("Dialog");
   ASSERT_NE(dialog, nullptr);
-  EXPECT_TRUE(dialog->isVisible());
-  EXPECT_FALSE(dialog->isModal());
+  EXPECT_TRUE(dialog->isVisible() && !dialog->isModal());
   EXPECT_EQ(dialog->windowTitle(), "Fish species");
   auto* text = child<QTextEdit>(*dialog, "InfoFisch");
   EXPECT_EQ(text->toPlainText().split('\n'),
@@ -48,8 +47,7 @@ TEST_F(HelpGuiTest, WithoutHelpChmF1OpensTheGuideOnceWithContentsAndSearch) {
   trigger("menuHilfe");
   HelpWindow* help = helpWindow();
   ASSERT_NE(help, nullptr);
-  EXPECT_TRUE(help->isVisible());
-  EXPECT_TRUE(dialogs.opened.empty());
+  EXPECT_TRUE(help->isVisible() && dialogs.opened.empty());
   const Guide guide(PESCAVO_GUIDE);
   EXPECT_EQ(help->page()->source().fileName(), "index.html");
 
@@ -96,7 +94,6 @@ TEST_F(HelpGuiTest, AHelpChmTheDesktopCanOpenWinsOverTheGuide) {
   dialogs.openSucceeds = false;  // nothing on this desktop reads it
   trigger("menuHilfe");
   ASSERT_NE(helpWindow(), nullptr);
-  EXPECT_TRUE(helpWindow()->isVisible());
   EXPECT_TRUE(helpWindow()->page()->toPlainText().startsWith("The user guide was not found."));
 }
 
