@@ -1,7 +1,6 @@
 // The "All options" switch on the real main window: remembered between starts, and what it
 // brings into sight.
 
-#include <QCheckBox>
 #include <QMenu>
 #include <QSettings>
 #include <QTableWidget>
@@ -46,24 +45,6 @@ TEST_F(AllOptionsGuiTest, TheSwitchShowsTheOptionsAndSurvivesARestart) {
   window.reset();
   ASSERT_TRUE(start());
   EXPECT_FALSE(allOptions()->isChecked() || shown("Frame1"));
-}
-
-// The sweep opens the scenario table; its "Details" set the main window's options, now in sight.
-TEST_F(AllOptionsGuiTest, TheSweepOpensTheScenarioTableWhoseDetailsSetTheOptions) {
-  ASSERT_TRUE(start());
-  allOptions()->trigger();
-  window->model().report().reportFolder = input().parent_path().string();
-  click("alle_rein");
-  click("Optimierung2");
-  QWidget* report = nullptr;
-  for (QWidget* top : QApplication::topLevelWidgets())
-    if (top->objectName() == "Report" && top->isVisible()) report = top;
-  ASSERT_NE(report, nullptr);
-  EXPECT_EQ(child<QTableWidget>(*report, "AllScnErgebnis")->rowCount(), 16);
-  click(*report, "Command4_7");  // run 8: F alone, MRBD on
-  EXPECT_TRUE(find<QCheckBox>("Check2")->isChecked());
-  EXPECT_TRUE(find<QCheckBox>("Check5")->isChecked());
-  EXPECT_FALSE(find<QCheckBox>("Check1")->isChecked() || find<QCheckBox>("Check4")->isChecked());
 }
 
 // The switch shows "&Edit"; the main window's lists follow the editor's changes once "Done"

@@ -1,5 +1,4 @@
 #include <QLabel>
-#include <QPlainTextEdit>
 #include <QSignalSpy>
 
 #include "HauptformFixture.h"
@@ -70,26 +69,6 @@ TEST(InfoscreenTest, ShowsVersionAndDateAndStartsEitherLayout) {
   EXPECT_FALSE(started[0][0].toBool());
   EXPECT_TRUE(started[1][0].toBool());
   EXPECT_EQ(exit.count(), 1);
-}
-
-TEST_F(HauptformTest, TheReportButtonOpensTheRunsReportWithTheMainWindowOff) {
-  ASSERT_TRUE(start());
-  click("alle_rein");
-  click("Optimierung");
-  bool mainWindowOff = false;
-  QString caption, text, bericht;
-  whileModal([&] { click("ReportButton"); },
-             [&](QWidget& report) {
-               caption = report.windowTitle();
-               mainWindowOff = !window->isEnabled();
-               text = child<QPlainTextEdit>(report, "Bericht")->toPlainText();
-               bericht = QString::fromStdString(window->model().report().bericht).remove('\r');
-             });
-  EXPECT_EQ(caption, "Report");
-  EXPECT_TRUE(mainWindowOff);
-  EXPECT_EQ(text, bericht);
-  EXPECT_TRUE(text.contains("Example substance A (fungicide)"));
-  EXPECT_TRUE(window->isEnabled());
 }
 
 }  // namespace

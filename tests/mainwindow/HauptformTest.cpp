@@ -1,3 +1,4 @@
+#include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -11,31 +12,21 @@
 namespace pescavo {
 namespace {
 
-TEST_F(HauptformTest, FullLayoutPlacesTheControlsInPixelsWithTheirKeys) {
+// The full layout in pixels; the simple one narrow, with the fish-meal grade in the list's
+// column: editing a substance borrows the full width and gives it back.
+TEST_F(HauptformTest, BothLayoutsPlaceAndShowTheControlsAsTheLayoutSays) {
   ASSERT_TRUE(start(false));
-  EXPECT_EQ(window->windowTitle(), "Pescavo");
   EXPECT_EQ(window->centralWidget()->width(), 1184);
   EXPECT_EQ(find("Fischfutter2")->geometry(), QRect(560, 56, 177, 310));
-  EXPECT_TRUE(shown("Fischfutter2"));
-  EXPECT_FALSE(shown("Fischmehl") || shown("Ergebnis") || shown("schadstoffwerte"));
-  EXPECT_TRUE(enabled("Loeschen"));  // the sample holds five substances
-  EXPECT_FALSE(enabled("raus"));
+  EXPECT_TRUE(shown("Fischfutter2") && !shown("Fischmehl"));
+  EXPECT_TRUE(enabled("Loeschen") && !enabled("raus"));
   EXPECT_EQ(find("alle_rein")->toolTip(), "Add all available components to optimization.");
   EXPECT_TRUE(find<QAction>("restore")->isVisible());
   EXPECT_FALSE(find<QAction>("MenuEdit")->isVisible());
-  EXPECT_EQ(find<QAction>("menuHilfe")->shortcut(), QKeySequence(Qt::Key_F1));
-  EXPECT_EQ(find<QListWidget>("Schadstoffliste")->currentRow(), 0);
-}
 
-// Narrow, with the fish-meal grade in the list's column; editing a substance borrows the full
-// width and gives it back.
-TEST_F(HauptformTest, SimpleLayoutIsNarrowAndOffersTheFishmealGrade) {
   ASSERT_TRUE(start(true));
   EXPECT_EQ(window->width(), 600);
-  EXPECT_TRUE(shown("Fischmehl"));
-  EXPECT_FALSE(shown("Fischfutter2") || shown("Optimierung2"));
-  EXPECT_EQ(find("Fischmehl")->geometry().topLeft(), QPoint(267, 227));
-  EXPECT_EQ(find<QComboBox>("Fischmehl")->currentIndex(), 2);
+  EXPECT_TRUE(shown("Fischmehl") && !shown("Fischfutter2"));
   chooseSubstance(0);
   click("Edit");
   EXPECT_EQ(window->centralWidget()->width(), 1184);
@@ -128,8 +119,9 @@ void expectControlsNamed(QWidget& window) {
 }
 
 // Every window the main window opens names its controls and takes the hand from the input
-// folder; without the file the pointer stays as it was.
-TEST_F(HauptformTest, EveryWindowNamesItsControlsAndShowsTheHandFromTheInputFolder) {
+// folder (without the file the pointer stays as it was); the report turns the main window off
+// while it is up, and a scenario's "Details" set the main window's options.
+TEST_F(HauptformTest, EveryWindowOpenedNamesItsControlsShowsTheHandAndTalksBack) {
   QSettings().setValue(kAllOptionsSetting, true);
   ASSERT_TRUE(start());
   QSettings().remove(kAllOptionsSetting);
@@ -146,12 +138,21 @@ TEST_F(HauptformTest, EveryWindowNamesItsControlsAndShowsTheHandFromTheInputFold
   modal("Command1", "Go3");
   click("alle_rein");
   click("Optimierung");
-  modal("ReportButton", "Command1");
+  whileModal([&] { click("ReportButton"); },
+             [&](QWidget& shown) {
+               expectControlsNamed(shown);
+               EXPECT_TRUE(handOver(child(shown, "Command1")));
+               EXPECT_FALSE(window->isEnabled());
+             });
+  EXPECT_TRUE(window->isEnabled());
   click("Optimierung2");
   QWidget* report = nullptr;
   for (QWidget* top : QApplication::topLevelWidgets())
     if (top->objectName() == "Report" && top->isVisible()) report = top;
   ASSERT_NE(report, nullptr);
+  click(*report, "Command4_7");  // run 8: F alone, MRBD on
+  EXPECT_TRUE(find<QCheckBox>("Check2")->isChecked() && find<QCheckBox>("Check5")->isChecked());
+  EXPECT_FALSE(find<QCheckBox>("Check1")->isChecked() || find<QCheckBox>("Check4")->isChecked());
   click(*report, "Command4_2");  // a scenario window of its own
   click("Image1");
   click("Image2");

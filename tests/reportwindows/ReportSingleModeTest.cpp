@@ -35,14 +35,21 @@ class SingleModeTest : public ReportWindowTest {
   Report report{model, dialogs, &mainWindow};
 };
 
-// Every press brings the view the core's state gives, filled with what the core hands over.
-TEST_F(SingleModeTest, EachPressShowsTheCoresViewFilledFromTheCore) {
+// Every press brings the view the core's state gives, filled with what the core hands over;
+// copying and printing take the view on screen, and a cancelled print dialog prints nothing.
+TEST_F(SingleModeTest, EachViewShowsCopiesAndPrintsWhatTheCoreHandsOver) {
   ReportViewState expected(ReportViewState::Window::Report);
   expected.openSingle(true);
   const auto press = [&](const char* button, auto toggle) {
     click(report, button);
     (expected.*toggle)();
     expectView(report, expected.controls());
+    click(report, "Kopieren");
+  };
+  const auto print = [&](const char* name) {
+    dialogs.printPdf = file(name);
+    click(report, "Drucken");
+    return pdfPageText(dialogs.printPdf, 1);
   };
   withReport([&] {
     EXPECT_FALSE(mainWindow.isEnabled());
@@ -50,6 +57,11 @@ TEST_F(SingleModeTest, EachPressShowsTheCoresViewFilledFromTheCore) {
     EXPECT_EQ(report.focusWidget(), text);
     EXPECT_EQ(text->toPlainText(), QString::fromStdString(bericht()).remove('\r'));
     expectView(report, expected.controls());
+    click(report, "Kopieren");
+    EXPECT_EQ(dialogs.clipboard, bericht());  // CR LF as written
+    click(report, "Drucken");                 // no printer chosen: Cancel
+    EXPECT_EQ(dialogs.printDialogs, 1);
+    EXPECT_NE(print("text.pdf").find("Pescavo concerning Example substance A"), std::string::npos);
 
     press("Command1", &ReportViewState::toggleTable);
     EXPECT_EQ(child<QLineEdit>(report, "TextFischname2")->text().toStdString(),
@@ -63,16 +75,31 @@ TEST_F(SingleModeTest, EachPressShowsTheCoresViewFilledFromTheCore) {
       EXPECT_EQ(grid->item(0, c)->textAlignment() == int(Qt::AlignCenter),
                 compositionCellCentred(1, c));
     }
+    const QStringList lines = QString::fromStdString(dialogs.clipboard).split("\r\n");
+    EXPECT_EQ(lines.size(), static_cast<int>(rows.size()) + 1);
+    EXPECT_EQ(lines.front().split('\t').size(), 9);
+    print("table.pdf");
+    // Wider than a page: every page has the title and names the rows by category and crop.
+    EXPECT_GT(pdfPages(dialogs.printPdf), 1);
+    for (int page = 1; page <= pdfPages(dialogs.printPdf); ++page) {
+      const std::string table = pdfPageText(dialogs.printPdf, page);
+      EXPECT_NE(table.find("Pescavo - Substance: Example substance A"), std::string::npos);
+      EXPECT_NE(table.find("Barley (brewers grains, dried)"), std::string::npos) << page;
+    }
     press("Command1", &ReportViewState::toggleTable);
 
     // The explanation of this run, the report text left as it was.
     press("Explain", &ReportViewState::toggleExplanation);
     EXPECT_EQ(child<QPlainTextEdit>(report, "Explanation")->toPlainText().toStdString(),
               explanationText(explainRun(model.lastRun()), '.'));
+    EXPECT_EQ(dialogs.clipboard.rfind("The maximum dietary burden is ", 0), 0u);
+    EXPECT_NE(print("explanation.pdf").find("is at its maximum of"), std::string::npos);
     press("Explain", &ReportViewState::toggleExplanation);
     EXPECT_EQ(text->toPlainText(), QString::fromStdString(bericht()).remove('\r'));
 
-    // The chart opens on the kind the core chose, drawn from the core's slices.
+    // The chart opens on the kind the core chose, drawn from the core's slices; it is copied
+    // as a picture alone and printed through the clipboard.
+    dialogs.clipboard = "before";
     press("Command2", &ReportViewState::toggleChart);
     EXPECT_EQ(child<QComboBox>(report, "Combo1")->currentIndex(), kFeedComposition);
     auto* chart = child<PieChartView>(report, "MSChart1");
@@ -82,6 +109,19 @@ TEST_F(SingleModeTest, EachPressShowsTheCoresViewFilledFromTheCore) {
     ASSERT_EQ(chart->series()->count(), static_cast<int>(feed.slices.size()));
     for (std::size_t i = 0; i < feed.slices.size(); ++i)
       EXPECT_EQ(chart->series()->slices()[i]->label().toStdString(), feed.slices[i].label);
+    EXPECT_TRUE(dialogs.clipboard.empty());
+    const QImage picture = dialogs.clipboardImage;
+    EXPECT_GT(picture.width(), picture.height());
+    bool coloured = false;  // the slices are drawn in colour
+    for (int y = 0; y < picture.height() && !coloured; y += 4)
+      for (int x = 0; x < picture.width() && !coloured; x += 4)
+        coloured = picture.pixelColor(x, y).saturation() > 100;
+    EXPECT_TRUE(coloured);
+    dialogs.clipboardImage = QImage();
+    print("chart.pdf");
+    EXPECT_EQ(pdfPages(dialogs.printPdf), 1);
+    EXPECT_TRUE(pdfLandscape(dialogs.printPdf));
+    EXPECT_FALSE(dialogs.clipboardImage.isNull());
     chooseChart(report, kDietaryLoad);
     EXPECT_EQ(chart->title().toStdString(), Diagrammzeichnen(model, kDietaryLoad).title);
     click(report, "Fertig");
@@ -93,64 +133,8 @@ TEST_F(SingleModeTest, EachPressShowsTheCoresViewFilledFromTheCore) {
   // A second report: the chart kinds are there once.
   withReport([&] { EXPECT_EQ(child<QComboBox>(report, "Combo1")->count(), 2); });
   report.openAllScenarios();  // the same window after a sweep: beside the main window
-  EXPECT_TRUE(report.isVisible());
-  EXPECT_FALSE(report.isModal());
+  EXPECT_TRUE(report.isVisible() && !report.isModal());
   report.close();
-}
-
-// Copying and printing take the view on screen; a cancelled print dialog prints nothing.
-TEST_F(SingleModeTest, CopiesAndPrintsWhatIsOnScreen) {
-  withReport([&] {
-    click(report, "Kopieren");
-    EXPECT_EQ(dialogs.clipboard, bericht());  // CR LF as written
-    click(report, "Drucken");                 // no printer chosen: Cancel
-    EXPECT_EQ(dialogs.printDialogs, 1);
-    dialogs.printPdf = file("text.pdf");
-    click(report, "Drucken");
-    EXPECT_NE(pdfPageText(dialogs.printPdf, 1).find("Pescavo concerning Example substance A"),
-              std::string::npos);
-
-    click(report, "Command1");
-    click(report, "Kopieren");
-    const QStringList lines = QString::fromStdString(dialogs.clipboard).split("\r\n");
-    EXPECT_EQ(lines.size(), static_cast<int>(model.report().ergebnisGrid.size()) + 1);
-    EXPECT_EQ(lines.front().split('\t').size(), 9);
-    dialogs.printPdf = file("table.pdf");
-    click(report, "Drucken");
-    // Wider than a page: every page has the title and names the rows by category and crop.
-    EXPECT_GT(pdfPages(dialogs.printPdf), 1);
-    for (int page = 1; page <= pdfPages(dialogs.printPdf); ++page) {
-      const std::string table = pdfPageText(dialogs.printPdf, page);
-      EXPECT_NE(table.find("Pescavo - Substance: Example substance A"), std::string::npos);
-      EXPECT_NE(table.find("Barley (brewers grains, dried)"), std::string::npos) << page;
-    }
-    click(report, "Command1");
-
-    click(report, "Explain");
-    click(report, "Kopieren");
-    EXPECT_EQ(dialogs.clipboard.rfind("The maximum dietary burden is ", 0), 0u);
-    dialogs.printPdf = file("explanation.pdf");
-    click(report, "Drucken");
-    EXPECT_NE(pdfPageText(dialogs.printPdf, 1).find("is at its maximum of"), std::string::npos);
-    click(report, "Explain");
-
-    click(report, "Command2");
-    click(report, "Kopieren");
-    EXPECT_TRUE(dialogs.clipboard.empty());  // the picture alone
-    const QImage picture = dialogs.clipboardImage;
-    EXPECT_GT(picture.width(), picture.height());
-    bool coloured = false;  // the slices are drawn in colour
-    for (int y = 0; y < picture.height() && !coloured; y += 4)
-      for (int x = 0; x < picture.width() && !coloured; x += 4)
-        coloured = picture.pixelColor(x, y).saturation() > 100;
-    EXPECT_TRUE(coloured);
-    dialogs.printPdf = file("chart.pdf");
-    dialogs.clipboardImage = QImage();
-    click(report, "Drucken");
-    EXPECT_EQ(pdfPages(dialogs.printPdf), 1);
-    EXPECT_TRUE(pdfLandscape(dialogs.printPdf));
-    EXPECT_FALSE(dialogs.clipboardImage.isNull());  // on its way through the clipboard
-  });
 }
 
 TEST_F(SingleModeTest, AWarningWhenTheCheckDiffers) {
