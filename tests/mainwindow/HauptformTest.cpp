@@ -155,6 +155,7 @@ TEST_F(HauptformTest, EveryWindowOpenedNamesItsControlsShowsTheHandAndTalksBack)
   EXPECT_FALSE(find<QCheckBox>("Check1")->isChecked() || find<QCheckBox>("Check4")->isChecked());
   click(*report, "Command4_2");  // a scenario window of its own
   click("Image1");
+  EXPECT_EQ(QApplication::activeModalWidget(), nullptr);  // the logo's About leaves it usable
   click("Image2");
   trigger("screening");
   window->setGuideFolders({PESCAVO_GUIDE});
