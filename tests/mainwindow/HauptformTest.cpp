@@ -38,14 +38,18 @@ TEST_F(HauptformTest, BothLayoutsPlaceAndShowTheControlsAsTheLayoutSays) {
 TEST_F(HauptformTest, TheComponentListsForwardTheirSelectionAndShowTheFigures) {
   ASSERT_TRUE(start());
   const QStringList available = items("Fischfutter1");
-  for (int p : {1, 3}) find<QListWidget>("Fischfutter1")->item(p)->setSelected(true);
+  for (int p : {1, 3, 5}) find<QListWidget>("Fischfutter1")->item(p)->setSelected(true);
   click("Rein");
-  EXPECT_EQ(items("Fischfutter2"), QStringList({available[1], available[3]}));
+  EXPECT_EQ(items("Fischfutter2"), QStringList({available[1], available[3], available[5]}));
   auto* chosen = find<QListWidget>("Fischfutter2");
-  chosen->setCurrentRow(0);
+  chosen->setCurrentRow(1);
   click("raus");
-  EXPECT_EQ(items("Fischfutter2"), QStringList{available[3]});
+  EXPECT_EQ(items("Fischfutter2"), QStringList({available[1], available[5]}));
+  EXPECT_EQ(chosen->currentRow(), 1);
+  click("alle_rein");
+  EXPECT_EQ(find<QListWidget>("Fischfutter1")->selectedItems().size(), available.size());
   click("alle_raus");
+  EXPECT_TRUE(items("Fischfutter2").isEmpty());
   EXPECT_FALSE(enabled("raus") || enabled("alle_raus"));
 
   // Pressing an available component shows its figures until the pointer leaves it.

@@ -69,8 +69,10 @@ TEST_F(SubstanceGuiTest, ListKeysAndDoubleClickEditAndTheBoxFollowsEnter) {
   list->setFocus();
   QTest::keyClick(list, Qt::Key_Delete);
   EXPECT_EQ(items("Schadstoffliste").size(), 4);
+  EXPECT_EQ(list->currentRow(), 3);
   QTest::keyClick(list, Qt::Key_C, Qt::ControlModifier);
   EXPECT_EQ(items("Schadstoffliste").size(), 5);
+  EXPECT_EQ(list->currentRow(), 4);
 
   chooseSubstance(1);
   doubleClick(list->viewport(), list->visualItemRect(list->item(1)).center());

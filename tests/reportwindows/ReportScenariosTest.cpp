@@ -12,6 +12,7 @@
 #include "model/FeedRun.h"
 #include "model/ReportRun.h"
 #include "reportwindows/CompositionGrid.h"
+#include "reportwindows/PieChartView.h"
 #include "reportwindows/Report.h"
 #include "reportwindows/ReportSingle.h"
 #include "reportwindows/ReportViews.h"
@@ -121,6 +122,15 @@ TEST_F(ScenariosTest, DetailsOpensItsRunInAWindowOfItsOwn) {
   EXPECT_GT(std::accumulate(printed.begin(), printed.end(), 0), columns * 14 / 10);
   // Beside the report window, within the screen.
   EXPECT_TRUE(report.screen()->availableGeometry().contains(window.frameGeometry()));
+  click(window, "Command1");
+  click(window, "Command2");
+  // The run the button repeated is the model's last: its charts are the window's.
+  auto* chart = child<PieChartView>(window, "MSChart1");
+  EXPECT_EQ(chart->title().toStdString(), Diagrammzeichnen(model, kFeedComposition).title);
+  chooseChart(window, kDietaryLoad);
+  click(window, "Command2");  // the chart last drawn comes back
+  click(window, "Command2");
+  EXPECT_EQ(chart->title().toStdString(), Diagrammzeichnen(model, kDietaryLoad).title);
   // A run that cannot meet the targets says so and opens nothing; the same button reuses its
   // window, showing the text again.
   QTest::mouseClick(details(0), Qt::LeftButton);

@@ -196,6 +196,7 @@ TEST_F(HauptformTest, ScreeningEntryOpensTheWindowAndADoubleClickSelectsTheRun) 
   QSettings().setValue(kAllOptionsSetting, true);
   ASSERT_TRUE(start());
   QAction* entry = find<QAction>("screening");
+  EXPECT_TRUE(entry->isVisible());
   entry->trigger();
   auto* screening = find<ScreeningWindow>("Screening");
   ASSERT_NE(screening, nullptr);
