@@ -8,10 +8,9 @@
 #include "desktop/Styles.h"
 #include "model/Explanation.h"
 #include "model/ReportRun.h"
-#include "reportwindows/CompositionGrid.h"
+#include "reports/ResultTables.h"
 #include "reportwindows/PieChartView.h"
 #include "reportwindows/Report.h"
-#include "reportwindows/ReportSingle.h"
 #include "reportwindows/ReportViews.h"
 #include "support/ErringTables.h"
 
