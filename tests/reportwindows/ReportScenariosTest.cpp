@@ -198,15 +198,8 @@ TEST_F(ScenariosTest, AStoppedSweepShowsNoWindowAndASingleReportReplacesTheOpenO
 
 // Only 100 % of "Second" meets the carp targets (true minimum 5 mg/kg); the method reports
 // 3 mg/kg from "First" in runs 1 and 2. Their rows keep the method's figures and are marked.
-class ErringRunsTest : public ScenariosTest {
- protected:
-  void SetUp() override {
-    ReportWindowTest::SetUp();
-    loadErringTables(model);
-  }
-};
-
-TEST_F(ErringRunsTest, TheirRowsCannotBeOverlookedOnScreenOnPaperOrInTheClipboard) {
+TEST_F(ScenariosTest, ErringRunsCannotBeOverlookedOnScreenOnPaperOrInTheClipboard) {
+  loadErringTables(model);
   report.openAllScenarios();
   QTableWidget* grid = table();
   ASSERT_EQ(model.report().scenarioChecks[0].verdict, CheckVerdict::Differs);
