@@ -1,12 +1,12 @@
 #pragma once
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <QAbstractButton>
 #include <QAction>
 #include <QColor>
 #include <QListWidget>
+#include <QTemporaryDir>
 #include <filesystem>
 #include <fstream>
 #include <memory>
@@ -30,18 +30,8 @@ namespace pescavo {
 // A copy of the sample tables in a folder of its own, and the main window started on it.
 class HauptformTest : public ::testing::Test {
  protected:
-  void SetUp() override {
-    const std::string test = ::testing::UnitTest::GetInstance()->current_test_info()->name();
-    m_folder = std::filesystem::temp_directory_path() /
-               ("pescavo-gui-" + test + "-" + std::to_string(::getpid()));
-    std::filesystem::remove_all(m_folder);
-    std::filesystem::create_directories(m_folder);
-    std::filesystem::copy(PESCAVO_SAMPLE_INPUT, input());
-  }
-  void TearDown() override {
-    window.reset();
-    std::filesystem::remove_all(m_folder);
-  }
+  void SetUp() override { std::filesystem::copy(PESCAVO_SAMPLE_INPUT, input()); }
+  void TearDown() override { window.reset(); }  // before its folder goes
 
   // Start-up as "START" (full) or "SIMPLE" does it; false when a table was refused.
   bool start(bool simple = false) {
@@ -84,7 +74,8 @@ class HauptformTest : public ::testing::Test {
   std::unique_ptr<Hauptform> window;
 
  private:
-  std::filesystem::path m_folder;
+  const QTemporaryDir m_scratch;  // its own: ctest runs the tests side by side
+  const std::filesystem::path m_folder = m_scratch.path().toStdString();
 };
 
 }  // namespace pescavo
