@@ -2,26 +2,15 @@
 // brings into sight.
 
 #include <QMenu>
-#include <QSettings>
 #include <QTableWidget>
 
 #include "HauptformFixture.h"
-#include "model/AllOptionsLayout.h"
 
 namespace pescavo {
 namespace {
 
 class AllOptionsGuiTest : public HauptformTest {
  protected:
-  // Every test begins with the switch off, as on a first start.
-  void SetUp() override {
-    HauptformTest::SetUp();
-    QSettings().remove(kAllOptionsSetting);
-  }
-  void TearDown() override {
-    QSettings().remove(kAllOptionsSetting);
-    HauptformTest::TearDown();
-  }
   QAction* allOptions() const { return find<QAction>("allOptions"); }
   bool revealed() const { return shown("Frame1") && shown("Optimierung2") && shown("Fischmehl"); }
 };

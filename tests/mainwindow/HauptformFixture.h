@@ -6,6 +6,7 @@
 #include <QAction>
 #include <QColor>
 #include <QListWidget>
+#include <QSettings>
 #include <QTemporaryDir>
 #include <filesystem>
 #include <fstream>
@@ -15,6 +16,7 @@
 #include "ScriptedDialogs.h"
 #include "WidgetLookup.h"
 #include "mainwindow/Hauptform.h"
+#include "model/AllOptionsLayout.h"
 
 // Readable failure messages for Qt's values.
 inline void PrintTo(const QString& text, std::ostream* out) { *out << text.toStdString(); }
@@ -30,7 +32,10 @@ namespace pescavo {
 // A copy of the sample tables in a folder of its own, and the main window started on it.
 class HauptformTest : public ::testing::Test {
  protected:
-  void SetUp() override { std::filesystem::copy(PESCAVO_SAMPLE_INPUT, input()); }
+  void SetUp() override {
+    std::filesystem::copy(PESCAVO_SAMPLE_INPUT, input());
+    QSettings().remove(kAllOptionsSetting);  // as on a first start
+  }
   void TearDown() override { window.reset(); }  // before its folder goes
 
   // Start-up as "START" (full) or "SIMPLE" does it; false when a table was refused.

@@ -3,11 +3,9 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QProgressBar>
-#include <QSettings>
 #include <QTextEdit>
 
 #include "HauptformFixture.h"
-#include "model/AllOptionsLayout.h"
 
 namespace pescavo {
 namespace {
@@ -128,7 +126,6 @@ void expectControlsNamed(QWidget& window) {
 TEST_F(HauptformTest, EveryWindowOpenedNamesItsControlsShowsTheHandAndTalksBack) {
   QSettings().setValue(kAllOptionsSetting, true);
   ASSERT_TRUE(start());
-  QSettings().remove(kAllOptionsSetting);
   expectControlsNamed(*window);
   window->model().report().reportFolder = input().parent_path().string();
   const auto modal = [&](const char* opener, const char* button, bool hand = true) {

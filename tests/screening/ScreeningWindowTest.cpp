@@ -6,14 +6,12 @@
 #include <QProcess>
 #include <QProgressBar>
 #include <QRadioButton>
-#include <QSettings>
 #include <QSignalSpy>
 #include <QTableView>
 #include <QTemporaryDir>
 
 #include "desktop/Styles.h"
 #include "mainwindow/HauptformFixture.h"
-#include "model/AllOptionsLayout.h"
 #include "model/ScreeningView.h"
 #include "screening/ScreeningPrint.h"
 #include "screening/ScreeningTable.h"
@@ -216,7 +214,6 @@ TEST_F(HauptformTest, ScreeningEntryOpensTheWindowAndADoubleClickSelectsTheRun) 
   EXPECT_EQ(window->findChildren<ScreeningWindow*>().size(), 1);
   trigger("allOptions");
   EXPECT_FALSE(entry->isVisible());
-  QSettings().setValue(kAllOptionsSetting, false);
 }
 
 }  // namespace
