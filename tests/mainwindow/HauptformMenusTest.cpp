@@ -52,7 +52,7 @@ TEST_F(HauptformTest, AboutIsModalFromTheMenu) {
   EXPECT_EQ(shownVersion, "Pescavo 1.0.20");
 }
 
-TEST(InfoscreenTest, ShowsVersionAndDateAndStartsEitherLayout) {
+TEST(InfoscreenTest, ShowsTheVersionAndStartsEitherLayout) {
   Infoscreen screen;
   screen.show();
   EXPECT_TRUE(screen.windowFlags() & Qt::FramelessWindowHint);
