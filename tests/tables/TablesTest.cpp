@@ -214,14 +214,5 @@ TEST(FishTables, SpeciesAndFishmealCellsAsTheyAreRead) {
   EXPECT_EQ(fishmealItemText({62.5, 11.25}, ','), "62,5 % protein, 11,25% lipid");
 }
 
-TEST(SampleData, InputFolderLoads) {
-  const std::string input = PESCAVO_SAMPLE_INPUT "/";
-  EXPECT_GE(readComponentTable(input + "feedstuff.tab").substanceCount(), 4);
-  EXPECT_EQ(readFileBytes(input + "feedstuff1.tab"), readFileBytes(input + "feedstuff.tab"));
-  EXPECT_EQ(readSpeciesTable(input + "Species.tab")[1].protein, 42);
-  EXPECT_EQ(fishmealItemText(readFishmealTable(input + "Fishmeal.tab")[2], '.'),
-            "65 % protein, 10% lipid");
-}
-
 }  // namespace
 }  // namespace pescavo
