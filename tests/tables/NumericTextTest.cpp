@@ -90,7 +90,7 @@ std::string referenceFixed(double value, int decimals, char separator) {
   return result;
 }
 
-// Random bit patterns, decimal fractions, values a hair from a rounding tie, exact ties at the
+// Random binary and decimal fractions, values a hair from a rounding tie, exact ties at the
 // 15th digit, and the edges of the range held in integers (1e-8 and 1e15); writeFixedForm,
 // where it writes, writes the same.
 TEST(FixedForm, MatchesThePlainDefinition) {
@@ -105,12 +105,7 @@ TEST(FixedForm, MatchesThePlainDefinition) {
   }
   for (int k = 0; k < 40000; ++k) {
     double value = 0;
-    switch (k % 5) {
-      case 0: {
-        const std::uint64_t bits = random();
-        std::memcpy(&value, &bits, sizeof value);
-        break;
-      }
+    switch (k % 4 + 1) {
       case 1:
         value =
             std::ldexp(static_cast<double>(random() >> 11), static_cast<int>(random() % 130) - 110);
