@@ -1,7 +1,6 @@
 #pragma once
 
 #include <gtest/gtest.h>
-#include <stdlib.h>
 
 #include <filesystem>
 #include <sstream>
@@ -9,6 +8,7 @@
 #include <vector>
 
 #include "cli/Cli.h"
+#include "support/TempFolder.h"
 
 namespace pescavo {
 
@@ -22,13 +22,9 @@ class CliFixture : public ::testing::Test {
   };
 
   void SetUp() override {
-    std::string folder = (std::filesystem::temp_directory_path() / "pescavo-cli-XXXXXX").string();
-    ASSERT_NE(::mkdtemp(folder.data()), nullptr);
-    m_root = folder;
     std::filesystem::copy(PESCAVO_SAMPLE_INPUT, input());
     m_substance = lines(cli({"substances"}).out).at(0);
   }
-  void TearDown() override { std::filesystem::remove_all(m_root); }
 
   std::string input() const { return (m_root / "Input").string(); }
   Outcome cli(std::vector<std::string> args) const {
@@ -52,7 +48,8 @@ class CliFixture : public ::testing::Test {
     return result;
   }
 
-  std::filesystem::path m_root;
+  TempFolder m_folder;
+  const std::filesystem::path& m_root = m_folder.path();
   std::string m_substance;
 };
 

@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
@@ -19,6 +18,7 @@
 
 #include "reports/RtfWriter.h"
 #include "reports/TextFiles.h"
+#include "support/TempFolder.h"
 
 namespace pescavo::test {
 namespace {
@@ -46,20 +46,10 @@ std::string bytes(const std::string& path) {
 
 class TextFilesTest : public ::testing::Test {
  protected:
-  void SetUp() override {
-    std::string pattern = (fs::temp_directory_path() / "pescavo-textfiles-XXXXXX").string();
-    ASSERT_NE(::mkdtemp(pattern.data()), nullptr) << std::strerror(errno);
-    m_folder = pattern;
-  }
-  void TearDown() override {
-    std::error_code ignored;
-    fs::remove_all(m_folder, ignored);
-  }
-
-  std::string file(const std::string& name) const { return (m_folder / name).string(); }
+  std::string file(const std::string& name) const { return m_folder.file(name); }
   std::vector<std::string> names() const {
     std::vector<std::string> found;
-    for (const auto& entry : fs::directory_iterator(m_folder))
+    for (const auto& entry : fs::directory_iterator(m_folder.path()))
       found.push_back(entry.path().filename().string());
     std::sort(found.begin(), found.end());
     return found;
@@ -75,7 +65,7 @@ class TextFilesTest : public ::testing::Test {
     return info.st_mode & 07777;
   }
 
-  fs::path m_folder;
+  TempFolder m_folder;
 };
 
 std::optional<ReportFileError> errorOf(const std::function<void()>& write) {
