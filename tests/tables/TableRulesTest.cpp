@@ -40,9 +40,7 @@ void read(Kind kind, const std::string& path) {
   if (kind == Kind::Fishmeal) readFishmealTable(path);
 }
 
-const std::string kHeader =
-    "Category\tCrop\tCommodity\tIFN Code\tCP (%)\tCL (%)\tDM(%)\tmax carp(%)\tmax trout (%)\t"
-    "ResidueInputValue\tAlpha\tResidueInputValue\tBeta\r\n";
+const std::string kHeader = header({"Alpha", "Beta"});
 const std::string kNutrients = "9.4\t4.3\t88\t40\t15";
 
 std::string component(const std::string& values, const std::string& crop = "Maize") {
@@ -55,10 +53,7 @@ std::string withResidue(const std::string& residue) {
 std::string withNutrients(const std::string& nutrients) {
   return kHeader + component(nutrients + "\t0\t0.02\t0\t0.01");
 }
-const std::string kFixed = kHeader.substr(0, kHeader.find("\tResidueInputValue"));
-const std::string kRow = "Fat\tRape\toil\t\t0\t99\t99\t5\t5\t";
 const std::string kGood = kRow + "0\t1\t0\t1\r\n";
-std::string times(int n, const std::string& text) { return n ? text + times(n - 1, text) : ""; }
 
 const std::string kSpecies =
     "Species\tCommon carp\tRainbow trout\r\nCrude lipid (%)\t8\t15\r\nCrude protein "
@@ -159,15 +154,15 @@ TEST(TableRules, RefusalsNameFileLineCellAndWhatWasExpected) {
           {Kind::Components, kHeader + kGood + kGood + "\r\n",
            "line 4: expected a component, found an empty line"},
           {Kind::Components, "", "line 1: expected the header line, found an empty file"},
-          {Kind::Components, kFixed + "\r\n",
+          {Kind::Components, kFixedHeader + "\r\n",
            "line 1, cell 10: expected a substance pair (\"ResidueInputValue\" and the substance's "
            "name) after the nine component columns"},
           {Kind::Components, kHeader.substr(0, kHeader.size() - 2) + "\t\r\n",
            "line 1, cell 14: expected \"ResidueInputValue\" before substance 3, found an empty "
            "cell (a TAB at the end of the line?)"},
-          {Kind::Components, kFixed + "\tResidueInputValue\t\tResidueInputValue\tBeta\r\n",
+          {Kind::Components, kFixedHeader + "\tResidueInputValue\t\tResidueInputValue\tBeta\r\n",
            "line 1, cell 11: expected the name of substance 1, found an empty cell"},
-          {Kind::Components, kFixed + times(999, "\tResidueInputValue\tS") + "\r\n",
+          {Kind::Components, kFixedHeader + times(999, "\tResidueInputValue\tS") + "\r\n",
            "line 1, cell 2006: expected at most 998 substances"},
           {Kind::Components, kHeader + times(1001, kGood),
            "line 1002: expected at most 1000 components"},
@@ -282,16 +277,14 @@ TEST(TableFiles, OnlyRegularFilesOfAtMost64MiBAreRead) {
 // Equal components and equal substance names are read, with one warning each naming both
 // places.
 TEST(DuplicateWarnings, NameBothLinesOrCells) {
-  const std::string header =
-      "Category\tCrop\tCommodity\tIFN Code\tCP (%)\tCL (%)\tDM(%)\tmax carp(%)\tmax trout (%)\t"
-      "ResidueInputValue\tAlpha\tResidueInputValue\tBeta\tResidueInputValue\tAlpha\r\n";
   const auto row = [](const std::string& crop, const std::string& commodity, double residue) {
     return "Fat\t" + crop + "\t" + commodity + "\t\t0\t99\t99\t5\t5\t0\t" +
            std::to_string(residue) + "\t0\t0\t0\t0\r\n";
   };
   const ComponentTable table = parseComponentTable(
-      header + row("Maize", "grain", 1) + row("Rye", "grain", 2) + row(" Maize ", "grain ", 3) +
-          row("Maize", "grain meal", 4) + row("Rye", "grain", 5) + row("Rye", "grain", 6),
+      header({"Alpha", "Beta", "Alpha"}) + row("Maize", "grain", 1) + row("Rye", "grain", 2) +
+          row(" Maize ", "grain ", 3) + row("Maize", "grain meal", 4) + row("Rye", "grain", 5) +
+          row("Rye", "grain", 6),
       "feedstuff.tab");
   EXPECT_EQ(duplicateWarnings(table, "feedstuff.tab"),
             std::vector<std::string>(
@@ -333,11 +326,8 @@ TEST(TableLines, AFileReadInBlocksGivesWhatItsBytesGive) {
 
   // A message quoting a text decodes it as the whole file decides: these bytes are UTF-8 for
   // "\u00C4", but a later byte makes the file Windows-1252.
-  const std::string header =
-      "Category\tCrop\tCommodity\tIFN Code\tCP (%)\tCL (%)\tDM(%)\tmax carp(%)\tmax trout (%)\t"
-      "ResidueInputValue\t\xC3\x84\r\n";
-  const std::string refused = header + "Fat\tRape\toil\t\t0\t99\t99\t5\t5\t0\tx\r\n" +
-                              "Fat\tR\xFC" + "be\toil\t\t0\t99\t99\t5\t5\t0\t1\r\n";
+  const std::string refused = header({"\xC3\x84"}) + kRow + "0\tx\r\n" + "Fat\tR\xFC" +
+                              "be\toil\t\t0\t99\t99\t5\t5\t0\t1\r\n";
   folder.write("feedstuff.tab", refused);
   EXPECT_EQ(errorOf([&] { readComponentTable(path); }),
             path + ": " + residueExpected(11, "substance 1 \"\u00C3\u201E\"", "x"));
