@@ -93,33 +93,35 @@ TEST_F(CliTest, OptimizeReportAndRefusals) {
   EXPECT_EQ(none.err, "Please add components.\n");
   for (const char* command : {"report", "verify"})  // a run refused before the solver
     EXPECT_EQ(cli({command, "--substance", m_substance}).status, 1) << command;
-  for (const std::vector<std::string>& bad :
-       {std::vector<std::string>{"optimize", "--all"},
-        {"optimize", "--substance", "No such substance", "--all"},
-        {"optimize", "--substance", m_substance, "--component", "Moon (dust)"},
-        {"optimize", "--substance", m_substance, "--species", "pike"},
-        {"optimize", "--substance", m_substance, "--criterion", "median"},
-        {"optimize", "--substance", m_substance, "--fishmeal", "99"},
-        {"optimize", "--substance", m_substance, "--fishmeal", "x"},
-        {"--decimal", ";", "check"},
-        {"optimize", "--substance", m_substance, "--bogus"},
-        {"dance"},
-        // Options the command does not take, or takes once.
-        {"check", "--all"},
-        {"optimize", "--substance", m_substance, "--all", "--scenarios"},
-        {"verify", "--scenarios", "--substance", m_substance, "--all", "--no-mrbd"},
-        {"optimize", "--substance", m_substance, "--substance", m_substance, "--all"},
-        {"optimize", "--substance", m_substance, "--all", "--simple", "--no-pc"},
-        {"--input", "", "check"},
-        {"optimize", "--substance-number", "99", "--all"},
-        {"screen", "--substance", m_substance},
-        {"screen", "--format", "xml"},
-        {"screen", "--scenarios", "--no-pc"},
-        {"screen", "--fishmeal", "9"},
-        {"optimize", "--substance", m_substance, "--all", "--species", "both"},
-        {"optimize", "--substance", m_substance, "--all", "--format", "csv"}}) {
-    const Outcome refused = cli(bad);
-    EXPECT_EQ(refused.status, 2) << bad.back();
+  // Split at blanks. The last are options the command does not take, or takes once.
+  for (const char* bad : {"optimize --all",
+                          "optimize --substance Nothing --all",
+                          "dance",
+                          "--decimal ; check",
+                          "optimize --substance-number 1 --component Moon",
+
+                          "optimize --substance-number 1 --species pike",
+                          "optimize --substance-number 99 --all",
+                          "optimize --substance-number 1 --criterion median",
+                          "screen --fishmeal 9",
+                          "optimize --substance-number 1 --fishmeal 99",
+                          "optimize --substance-number 1 --fishmeal x",
+                          "optimize --substance-number 1 --bogus",
+                          "optimize --substance-number 1 --all --species both",
+                          "screen --format xml",
+                          "explain --substance-number 1 --all --format csv",
+                          "check --all",
+                          "optimize --substance-number 1 --all --scenarios",
+                          "screen --substance-number 1",
+                          "verify --scenarios --substance-number 1 --all --no-mrbd",
+                          "screen --scenarios --no-pc",
+                          "optimize --substance A --substance A --all",
+                          "optimize --all --simple --no-pc"}) {
+    std::vector<std::string> args;
+    std::istringstream words(bad);
+    for (std::string word; words >> word;) args.push_back(word);
+    const Outcome refused = cli(args);
+    EXPECT_EQ(refused.status, 2) << bad;
     EXPECT_EQ(refused.err.rfind("pescavo-cli: ", 0), 0u) << refused.err;
     EXPECT_TRUE(refused.out.empty());
   }
@@ -127,10 +129,15 @@ TEST_F(CliTest, OptimizeReportAndRefusals) {
   EXPECT_EQ(cli({"optimize", "--substance", m_substance, "--all", "--all"}).out, o.out);
   EXPECT_EQ(cli({"optimize", "--substance-number", "1", "--all"}).out, o.out);
 
-  // The command is known before any table is read.
-  std::ostringstream out, err;
-  EXPECT_EQ(runCli({"--input", (m_root / "nowhere").string(), "dance"}, '.', out, err), 2);
-  EXPECT_EQ(err.str().rfind("pescavo-cli: unknown command dance\n", 0), 0u) << err.str();
+  // Refused before any table is read.
+  for (const auto& [args, said] : std::vector<std::pair<std::vector<std::string>, std::string>>{
+           {{"--input", (m_root / "nowhere").string(), "dance"}, "unknown command dance"},
+           {{"--input", "", "check"}, "--input needs a folder"},
+           {{"--report-folder", "", "check"}, "--report-folder needs a folder"}}) {
+    std::ostringstream out, err;
+    EXPECT_EQ(runCli(args, '.', out, err), 2);
+    EXPECT_EQ(err.str().rfind("pescavo-cli: " + said + "\n", 0), 0u) << err.str();
+  }
 }
 
 // A grade given is the grade a run takes, in the simple layout too; without one, the third.

@@ -21,15 +21,9 @@ namespace {
 // Carp, wheat (DM 88, STMR), rapeseed meal (DM 0, STMR-P), pseudo shares fixed; S = 85.
 ReportValues feedValues(int mask, bool minimum) {
   ReportValues v;
-  v.substance = "Substance A";
-  v.speciesName = "Common carp";
-  v.lipidTarget = 10;
-  v.proteinTarget = 40;
-  v.maximum = !minimum;
-  v.criterionText = minimum ? "Minimum content" : "Maximum content";
-  v.burden = 0.85;
-  v.fishmealProtein = 65;
-  v.fishmealLipid = 10;
+  v.substance = "Substance A", v.speciesName = "Common carp", v.burden = 0.85;
+  v.lipidTarget = 10, v.proteinTarget = 40, v.fishmealProtein = 65, v.fishmealLipid = 10;
+  v.maximum = !minimum, v.criterionText = minimum ? "Minimum content" : "Maximum content";
   ReportComponent wheat, rape;
   wheat.maxInclusion = 40, wheat.dryMatter = 88, wheat.residue = 1.25, wheat.share = 60;
   wheat.name = "Wheat (grain)", wheat.category = "Cereal Grains/ Crop Seeds";
@@ -43,9 +37,7 @@ ReportValues feedValues(int mask, bool minimum) {
   for (int k = 0; k < 3; ++k) {
     if (!(mask >> k & 1)) continue;
     ReportPseudo pseudo;
-    pseudo.kind = kinds[k];
-    pseudo.maxInclusion = 100;
-    pseudo.share = shares[k];
+    pseudo.kind = kinds[k], pseudo.maxInclusion = 100, pseudo.share = shares[k];
     v.pseudos.push_back(pseudo);
   }
   return v;
