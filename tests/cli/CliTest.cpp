@@ -93,30 +93,19 @@ TEST_F(CliTest, OptimizeReportAndRefusals) {
   EXPECT_EQ(none.err, "Please add components.\n");
   for (const char* command : {"report", "verify"})  // a run refused before the solver
     EXPECT_EQ(cli({command, "--substance", m_substance}).status, 1) << command;
-  // Split at blanks. The last are options the command does not take, or takes once.
-  for (const char* bad : {"optimize --all",
-                          "optimize --substance Nothing --all",
-                          "dance",
-                          "--decimal ; check",
-                          "optimize --substance-number 1 --component Moon",
-
-                          "optimize --substance-number 1 --species pike",
-                          "optimize --substance-number 99 --all",
-                          "optimize --substance-number 1 --criterion median",
-                          "screen --fishmeal 9",
-                          "optimize --substance-number 1 --fishmeal 99",
-                          "optimize --substance-number 1 --fishmeal x",
-                          "optimize --substance-number 1 --bogus",
-                          "optimize --substance-number 1 --all --species both",
-                          "screen --format xml",
-                          "explain --substance-number 1 --all --format csv",
-                          "check --all",
-                          "optimize --substance-number 1 --all --scenarios",
-                          "screen --substance-number 1",
-                          "verify --scenarios --substance-number 1 --all --no-mrbd",
-                          "screen --scenarios --no-pc",
-                          "optimize --substance A --substance A --all",
-                          "optimize --all --simple --no-pc"}) {
+  // Command lines split at "|", then at blanks; the last give options the command does not
+  // take, or takes once.
+  std::istringstream commands(
+      "optimize --all|optimize --substance Nothing --all|dance|--decimal ; check|"
+      "optimize --substance-number 1 --component Moon|optimize --substance-number 99 --all|"
+      "optimize --substance-number 1 --species pike|screen --fishmeal 9|screen --format xml|"
+      "optimize --substance-number 1 --criterion median|optimize --substance-number 1 --bogus|"
+      "optimize --substance-number 1 --fishmeal 99|optimize --substance-number 1 --fishmeal x|"
+      "optimize --substance-number 1 --all --species both|check --all|screen --scenarios --no-pc|"
+      "explain --substance-number 1 --all --format csv|screen --substance-number 1|"
+      "optimize --substance-number 1 --all --scenarios|optimize --all --simple --no-pc|"
+      "verify --scenarios --substance-number 1 --all --no-mrbd|lp --substance A --substance A");
+  for (std::string bad; std::getline(commands, bad, '|');) {
     std::vector<std::string> args;
     std::istringstream words(bad);
     for (std::string word; words >> word;) args.push_back(word);
