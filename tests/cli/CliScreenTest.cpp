@@ -22,7 +22,6 @@ namespace {
 constexpr size_t kRuns = 16;  // of a sweep
 const char kNotSolvable[] = "The problem is not solvable. Add more or try different components.";
 
-// pescavo-cli screen over a private copy of the sample tables.
 class CliScreenTest : public CliFixture {};
 
 // screen passes its options on: a row is what verify says of that substance with the same

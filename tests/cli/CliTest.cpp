@@ -189,10 +189,8 @@ TEST_F(CliTest, ComponentsAreMovedInTheOrderGivenAndOnce) {
   EXPECT_NE(minimum.out.find("\nMinimize\n"), std::string::npos) << minimum.out;
 }
 
-// The sweep prints its table and writes both report files, Report.txt as after one press of
-// "Open Full Report File" (header block and summary first). Then a disk that takes no byte:
-// the reports of the sweep before stay as they were, each file is named once, and the exit
-// code says so. verify --scenarios judges the same sixteen runs.
+// The sweep writes both reports; on a disk that takes no byte the last ones stay, each file is
+// named once and the exit code says so. verify --scenarios prints a verdict for each run.
 TEST_F(CliTest, SweepWritesBothReportsAndAFullDiskKeepsTheLastOnes) {
   const Outcome o = cli({"sweep", "--substance", m_substance, "--all"});
   ASSERT_EQ(o.status, 0) << o.err;

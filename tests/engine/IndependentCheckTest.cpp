@@ -1,6 +1,3 @@
-// The independent check on pinned and hand-built runs, the engine against it on seeded
-// programmes, and the programme as the check writes it for glpsol.
-
 #include <gtest/gtest.h>
 #include <stdlib.h>
 

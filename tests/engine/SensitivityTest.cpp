@@ -1,5 +1,3 @@
-// Binding limits, rates and ranges on feeds small enough to work out by hand.
-
 #include <gtest/gtest.h>
 
 #include <cmath>

@@ -1,6 +1,3 @@
-// The fixed-pass two-phase simplex on hand-solvable feeds, and bit for bit against the literal
-// method.
-
 #include <gtest/gtest.h>
 
 #include <cmath>

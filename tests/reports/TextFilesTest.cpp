@@ -106,9 +106,8 @@ TEST_F(TextFilesTest, EachWriterLeavesItsBytesAndTheFilesMode) {
   }
 }
 
-// A missing folder and a folder in the report's place (the temporary file is made before the
-// rename fails): each writer refuses, naming the report file and the system's reason, and
-// leaves the folder as it was.
+// A missing folder, and a folder in the report's place (the rename fails after the temporary
+// file is made): each writer refuses as the system says, and leaves the folder as it was.
 TEST_F(TextFilesTest, ARefusedWriteNamesTheReportAndLeavesTheFolderAsItWas) {
   for (const Writer& w : writers()) {
     EXPECT_TRUE(refuses(w, file(std::string("missing/") + w.file), ENOENT));

@@ -236,9 +236,8 @@ TEST(TableRules, TablesWithinTheRulesLoad) {
   }
 }
 
-// What is not a regular file is refused without reading from it: a pipe would block the
-// reader, /dev/zero would never end. The pipe is opened for writing after a while, so a reader
-// that blocks on it fails this test instead of hanging it.
+// What is not a regular file is refused unread (a pipe would block, /dev/zero never end); a
+// reader blocked on the pipe is let go after a while and fails the test instead of hanging it.
 TEST(TableFiles, OnlyRegularFilesOfAtMost64MiBAreRead) {
   TempFolder folder;
   const std::string pipe = folder.file("pipe");
