@@ -178,6 +178,8 @@ TEST(CrossCheck, EngineAgainstGlpkOnSeededProblems) {
 
 TEST(LpWriter, LegalNamesThatSayWhichComponentAndRoundTripNumbers) {
   EXPECT_EQ(lpVariableName(12, "Maize, gluten meal (dry) 60%"), "x12_Maize_gluten_meal_dry_60");
+  EXPECT_EQ(lpVariableName(3, "R\u00fcben-Schnitzel"), "x3_R_ben_Schnitzel");
+  EXPECT_EQ(lpVariableName(5, "  ~~  "), "x5");
   EXPECT_EQ(lpVariableName(103, std::string(300, 'a')), "x103_" + std::string(43, 'a'));  // cut
   // Without names the pseudo-components still say what they are.
   OptimisationProblem p = feed({{10, 20, 3.25, 40}, {10, 35, -0.1, 100}}, 10, 35, 4);

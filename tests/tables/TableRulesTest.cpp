@@ -126,6 +126,8 @@ TEST(TableRules, RefusalsNameFileLineCellAndWhatWasExpected) {
           {Kind::Components, kHeader + component(kNutrients + "\tSTMR\t0\t0\t0"),
            "line 2, cell 10: expected the residue input value (0 STMR or 1 STMR-P) of substance "
            "1 \"Alpha\", found \"STMR\""},
+          {Kind::Components, withNutrients("\t4.3\t88\t40\t15"),
+           percent(2, 5, "crude protein CP (%)", "")},
           {Kind::Components, withNutrients("9.4\t4.3\t-88\t40\t15"),
            percent(2, 7, "dry matter DM(%)", "-88")},
           {Kind::Components, withNutrients("9.4\t4.3\t88\t40\t100.5"),
@@ -138,6 +140,7 @@ TEST(TableRules, RefusalsNameFileLineCellAndWhatWasExpected) {
                component(kNutrients + "\t0\t0.03\t0\t0.01", "Oat"),
            header},
           {Kind::Components, utf16(withResidue("0.5"), false), utf16Found("little-endian")},
+          {Kind::Components, utf16(withResidue("0.5"), true), utf16Found("big-endian")},
           {Kind::Components, crLines, crOnly},
           {Kind::Components,
            kHeader + "Cereal Grains/ Crop Seeds\tMa" + std::string(1, '\0') + "ize\tgrain\t\t" +
@@ -180,6 +183,8 @@ TEST(TableRules, RefusalsNameFileLineCellAndWhatWasExpected) {
           {Kind::Species, "Crude lipid (%)\t8\t15\r\nCrude protein (%)\t35\t42\r\n",
            "line 1, cell 2: expected the header line with the species names, found \"8\" (line 1 "
            "reads as targets: is the header missing?)"},
+          {Kind::Fishmeal, "\xFF\xFE" + utf16(kFishmeal, false),
+           utf16Found("little-endian, with a byte-order mark")},
           {Kind::Species, "\xFE\xFF" + utf16(kSpecies, true),
            utf16Found("big-endian, with a byte-order mark")},
           {Kind::Species, kSpecies + "\r\n \t\r\n\t\tx\r\n",
