@@ -106,19 +106,6 @@ TEST_F(TextFilesTest, EachWriterLeavesItsBytesAndTheFilesMode) {
   }
 }
 
-// A missing folder, and a folder in the report's place (the rename fails after the temporary
-// file is made): each writer refuses as the system says, and leaves the folder as it was.
-TEST_F(TextFilesTest, ARefusedWriteNamesTheReportAndLeavesTheFolderAsItWas) {
-  for (const Writer& w : writers()) {
-    EXPECT_TRUE(refuses(w, file(std::string("missing/") + w.file), ENOENT));
-    if (std::string(w.name) == "txt_AppendLine") continue;  // fails reading, before any write
-    fs::create_directory(file(w.file));
-    EXPECT_TRUE(refuses(w, file(w.file), EISDIR));
-    EXPECT_TRUE(fs::is_empty(file(w.file))) << w.name;
-  }
-  EXPECT_EQ(names(), (std::vector<std::string>{"Report.rtf", "Report.txt"}));
-}
-
 // A full disk, made with a file size limit in a child process: each write stops part way with
 // EFBIG. The child reports through its exit code which writers misbehaved.
 TEST_F(TextFilesTest, AFullDiskKeepsTheOldReportsAndLeavesNoTemporaryFile) {
