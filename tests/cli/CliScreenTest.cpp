@@ -1,16 +1,13 @@
 #include <gtest/gtest.h>
 #include <signal.h>
-#include <stdlib.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <filesystem>
 #include <regex>
-#include <sstream>
 #include <string>
 #include <vector>
 
-#include "cli/Cli.h"
 #include "cli/CliFixture.h"
 #include "tables/ComponentTable.h"
 

@@ -1,5 +1,4 @@
 #include <gtest/gtest.h>
-#include <stdlib.h>
 
 #include <algorithm>
 #include <cstdio>
@@ -15,7 +14,6 @@
 #include "cli/CliFixture.h"
 #include "engine/LpWriter.h"
 #include "tables/ComponentTable.h"
-#include "tables/FishTables.h"
 
 namespace fs = std::filesystem;
 

@@ -1,8 +1,6 @@
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <array>
-#include <filesystem>
 #include <numeric>
 #include <string>
 #include <tuple>
@@ -13,7 +11,6 @@
 #include "reports/ReportValues.h"
 #include "reports/ResultTables.h"
 #include "reports/RtfWriter.h"
-#include "tables/TextFile.h"
 
 namespace pescavo::test {
 namespace {
