@@ -303,8 +303,8 @@ TEST(DuplicateWarnings, NameBothLinesOrCells) {
           .empty());
 }
 
-// The file is read a block at a time: a header longer than a block, lines across block ends,
-// and a Windows-1252 byte only in the last line give what the same bytes give in memory.
+// The file is read a block at a time: with a header longer than a block, lines across block
+// ends and a Windows-1252 byte only in the last line, the table read writes its bytes again.
 TEST(TableLines, AFileReadInBlocksGivesWhatItsBytesGive) {
   ComponentTable written;
   for (int s = 1; s <= ComponentTable::kMaxSubstances; ++s)
