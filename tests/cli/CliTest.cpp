@@ -1,18 +1,20 @@
 #include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <regex>
 #include <sstream>
 #include <string>
 #include <vector>
 
 #include "cli/Cli.h"
-#include "cli/CliFixture.h"
 #include "engine/LpWriter.h"
+#include "support/TempFolder.h"
 #include "tables/ComponentTable.h"
 
 namespace fs = std::filesystem;
@@ -30,12 +32,45 @@ std::string run(const std::string& command) {
   return output;
 }
 
-class CliTest : public CliFixture {
+// Runs the command line over a private copy of the sample tables that a test may break.
+class CliTest : public ::testing::Test {
  protected:
-  std::string readFile(const std::string& name) const {
-    std::ifstream in(m_root / name, std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(in), {});
+  struct Outcome {
+    int status;
+    std::string out;
+    std::string err;
+  };
+
+  void SetUp() override {
+    std::filesystem::copy(PESCAVO_SAMPLE_INPUT, input());
+    m_substance = lines(cli({"substances"}).out).at(0);
   }
+
+  std::string input() const { return (m_root / "Input").string(); }
+  Outcome cli(std::vector<std::string> args) const {
+    args.insert(args.begin(), {"--input", input(), "--report-folder", m_root.string()});
+    std::ostringstream out, err;
+    const int status = runCli(args, '.', out, err);
+    return {status, out.str(), err.str()};
+  }
+  static std::vector<std::string> lines(const std::string& text) {
+    std::vector<std::string> result;
+    std::istringstream in(text);
+    for (std::string line; std::getline(in, line);) result.push_back(line);
+    return result;
+  }
+  // The TAB-separated cells of a line; a trailing TAB ends with an empty cell.
+  static std::vector<std::string> cells(const std::string& line) {
+    std::vector<std::string> result;
+    std::istringstream in(line);
+    for (std::string cell; std::getline(in, cell, '\t');) result.push_back(cell);
+    if (!line.empty() && line.back() == '\t') result.emplace_back();
+    return result;
+  }
+
+  TempFolder m_folder;
+  const std::filesystem::path& m_root = m_folder.path();
+  std::string m_substance;
 };
 
 // check describes the tables and alone warns, on one stderr line, of a component given twice.
@@ -43,7 +78,7 @@ class CliTest : public CliFixture {
 // 2, nothing on stdout and the reader's message on one stderr line; no sweep begins.
 TEST_F(CliTest, CheckDescribesTheTablesAndARefusedTableStopsTheCommand) {
   const std::string path = input() + "/feedstuff.tab";
-  const std::vector<std::string> all = lines(readFile("Input/feedstuff.tab"));
+  const std::vector<std::string> all = lines(m_folder.read("Input/feedstuff.tab"));
   std::ofstream(path, std::ios::binary | std::ios::app) << all.at(1) << '\n';  // line 2 again
   const ComponentTable table = readComponentTable(path);
   const Outcome o = cli({"check"});
@@ -195,7 +230,7 @@ TEST_F(CliTest, SweepWritesBothReportsAndAFullDiskKeepsTheLastOnes) {
   const auto rows = lines(o.out);
   ASSERT_EQ(rows.size(), 16u);
   EXPECT_EQ(rows[0].rfind("1\tWithout PC, CC, F \t", 0), 0u);
-  const std::string txt = readFile("Report.txt"), rtf = readFile("Report.rtf");
+  const std::string txt = m_folder.read("Report.txt"), rtf = m_folder.read("Report.rtf");
   EXPECT_NE(txt.find("REPORT\r\n\r\nScenario\tMaximum Residue Value\r\n"), std::string::npos);
   EXPECT_EQ(rtf.substr(0, 5), "{\\rtf");
   for (const char* command : {"sweep", "verify --scenarios"}) {
@@ -209,8 +244,8 @@ TEST_F(CliTest, SweepWritesBothReportsAndAFullDiskKeepsTheLastOnes) {
       EXPECT_NE(first, std::string::npos) << output;
       EXPECT_EQ(output.find(file, first + 1), std::string::npos) << "named twice: " << output;
     }
-    EXPECT_EQ(readFile("Report.txt"), txt) << command;
-    EXPECT_EQ(readFile("Report.rtf"), rtf) << command;
+    EXPECT_EQ(m_folder.read("Report.txt"), txt) << command;
+    EXPECT_EQ(m_folder.read("Report.rtf"), rtf) << command;
   }
   const Outcome verified = cli({"verify", "--scenarios", "--substance", m_substance, "--all"});
   EXPECT_EQ(verified.status, 0) << verified.out;
@@ -261,6 +296,98 @@ TEST_F(CliTest, ARunTheCheckDisputesExitsWithThree) {
   EXPECT_EQ(with({"verify", "--scenarios"}).status, 3);
   EXPECT_EQ(cli({"screen", "--species", "trout", "--criterion", "min"}).status, 0);
   EXPECT_EQ(cli({"screen", "--species", "trout", "--criterion", "min", "--scenarios"}).status, 3);
+}
+
+constexpr size_t kRuns = 16;  // of a sweep
+
+class CliScreenTest : public CliTest {};
+
+// screen passes its options on (a row is what verify says of that substance with the same
+// options) and writes no report.
+TEST_F(CliScreenTest, ScreenRowsAreTheRunsOfTheOtherCommands) {
+  const Outcome screen = cli({"screen", "--species", "both", "--criterion", "min"});
+  ASSERT_EQ(screen.status, 0) << screen.err;
+  EXPECT_FALSE(fs::exists(m_root / "Report.txt"));
+  const std::vector<std::string> rows = lines(screen.out);
+  const size_t substances = lines(cli({"substances"}).out).size();
+  ASSERT_EQ(rows.size(), 1 + 2 * substances);
+  EXPECT_EQ(rows[0],
+            "Number\tSubstance\tSpecies\tCriterion\tBurden (mg/kg feed DM)\tAbove 0.1\t"
+            "Independent check\tTrue optimum");
+  const std::vector<std::string> row = cells(rows.back());
+  ASSERT_EQ(row.size(), 8u) << rows.back();
+  const std::vector<std::string> verified =
+      lines(cli({"verify", "--substance-number", row[0], "--all", "--species", "trout",
+                 "--criterion", "min"})
+                .out);
+  ASSERT_EQ(verified.size(), 2u);
+  EXPECT_EQ(verified[0],
+            "Minimum content dietary burden based on " + row[1] + " is " + row[4] + " mg/kg.");
+  EXPECT_EQ(verified[1].rfind("Independent check: " + row[6], 0), 0u) << verified[1];
+
+  const std::vector<std::string> runs =
+      lines(cli({"screen", "--scenarios", "--species", "trout"}).out);
+  ASSERT_EQ(runs.size(), 1 + kRuns * substances);
+  const std::string last = "5\t" + lines(cli({"substances"}).out).back() + "\tRainbow trout\t";
+  EXPECT_EQ(runs.back().rfind(last + "Maximum\t16\t", 0), 0u) << runs.back();
+}
+
+TEST_F(CliScreenTest, ScreenTakesTheOptionsOfTheRunsItMakes) {
+  const Outcome csv = cli({"--decimal", ",", "screen", "--format", "csv", "--no-mrbd"});
+  ASSERT_EQ(csv.status, 0) << csv.err;
+  // The burden's decimal comma is quoted; the number of runs is said on stderr.
+  EXPECT_TRUE(std::regex_search(lines(csv.out).at(1), std::regex(R"(,"\d+,\d{3}",(yes|no),)")))
+      << csv.out;
+  EXPECT_EQ(csv.err, "Screening 5 substances: 5 runs\n");
+}
+
+// Ctrl+C during a long screening: the runner stops, prints the rows done and says so.
+TEST_F(CliScreenTest, CtrlCStopsAScreeningWithTheRowsDone) {
+  ComponentTable table;
+  for (int s = 1; s <= 300; ++s) table.addSubstance("Substance " + std::to_string(s));
+  for (int i = 1; i <= 150; ++i) {
+    const int c = table.addComponent({"Forages/Fodders", "Crop " + std::to_string(i), "feed", "",
+                                      10.0 + i % 40, 1.0 + i % 20, 90, 40, 40});
+    for (int s = 1; s <= 300; ++s) table.setResidue(s, c, (i * s) % 17 * 0.01 + 0.01);
+  }
+  writeComponentTable(table, input() + "/feedstuff.tab", '.');
+  int out[2], err[2];
+  ASSERT_EQ(::pipe(out), 0);
+  ASSERT_EQ(::pipe(err), 0);
+  const pid_t child = ::fork();
+  ASSERT_GE(child, 0);
+  if (child == 0) {
+    ::dup2(out[1], 1);
+    ::dup2(err[1], 2);
+    ::close(out[0]);
+    ::close(err[0]);
+    const std::string folder = input();
+    ::execl(PESCAVO_CLI, PESCAVO_CLI, "--input", folder.c_str(), "screen", "--scenarios",
+            static_cast<char*>(nullptr));
+    ::_exit(127);
+  }
+  ::close(out[1]);
+  ::close(err[1]);
+  // The runner says how many runs it makes once Ctrl+C is in its hands.
+  std::string said;
+  char c = 0;
+  while (said.find('\n') == std::string::npos && ::read(err[0], &c, 1) == 1) said += c;
+  EXPECT_EQ(said, "Screening 300 substances: 4800 runs\n");
+  ::kill(child, SIGINT);
+  std::string printed, rest;
+  char buffer[4096];
+  for (ssize_t n; (n = ::read(out[0], buffer, sizeof buffer)) > 0;) printed.append(buffer, n);
+  for (ssize_t n; (n = ::read(err[0], buffer, sizeof buffer)) > 0;) rest.append(buffer, n);
+  int status = 0;
+  ASSERT_EQ(::waitpid(child, &status, 0), child);
+  ASSERT_TRUE(WIFEXITED(status)) << "ended by signal " << WTERMSIG(status);
+  EXPECT_EQ(WEXITSTATUS(status), 130);
+  const std::vector<std::string> rows = lines(printed);
+  ASSERT_FALSE(rows.empty());
+  EXPECT_EQ(rows[0].rfind("Number\tSubstance\t", 0), 0u);
+  EXPECT_LT(rows.size(), 4801u);
+  for (size_t k = 1; k < rows.size(); ++k) EXPECT_EQ(cells(rows[k]).size(), 9u) << rows[k];
+  EXPECT_EQ(rest, "Stopped after " + std::to_string(rows.size() - 1) + " of 4800 runs.\n");
 }
 
 }  // namespace
