@@ -61,16 +61,38 @@ class ComponentEditorTest : public ::testing::Test {
   ComponentTable table;
 };
 
-TEST_F(ComponentEditorTest, ShowsNineColumnsWithLeadingBlanksAndCopiesThem) {
+// Numbers and codes after a blank; the clipboard takes every row, the headings first, a tab
+// between cells; the search marks hits in the text columns only. The overview adds the
+// substance's residues.
+TEST_F(ComponentEditorTest, ShowsCopiesAndSearchesTheRows) {
   table.component(2).cp = 12.25;
+  table.component(4).commodity = "Olive OIL";
   ComponentEditor editor(table);
   ASSERT_EQ(editor.rowCount(), 6);
   EXPECT_EQ(row(editor, 2), "Fat|B|oil| 4-02| 12.25| 2.5| 90| 30| 20|");
-  // The clipboard takes every row, the headings first, a tab between cells.
   std::string copied;
   for (int r = 0; r < 6; ++r)
     copied += row(editor, r, "\t").substr(0, row(editor, r).size() - 1) + "\r\n";
   EXPECT_EQ(editor.clipboardText(), copied);
+
+  editor.search("oil");
+  EXPECT_EQ(marks(editor), "1,2 2,2 3,2 4,2 5,2 ");
+  editor.search("4-03");
+  EXPECT_EQ(marks(editor), "3,3 ");
+  editor.search("2.5");  // every CL cell holds it
+  EXPECT_EQ(marks(editor), "");
+  EXPECT_TRUE(editor.Fertig());  // search hits do not keep "Done" from closing
+
+  auto rows = componentOverview(table, 1, '.');
+  ASSERT_EQ(rows.size(), 6u);
+  EXPECT_EQ(rows[2][1] + "|" + rows[2][2] + "|" + rows[2][3] + "|" + rows[2][8],
+            "B (oil)|4-02| 12.25| STMR-P");
+  EXPECT_EQ(rows[3][8] + "|" + rows[3][9], " STMR| 3");
+  EXPECT_EQ(overviewSearch(rows, "OLI"),
+            (std::vector<bool>{false, false, false, false, true, false}));
+  rows = componentOverview(table, 2, ',');
+  ASSERT_EQ(rows.size(), 2u);
+  EXPECT_EQ(rows[1][9], " 0,75");
 }
 
 TEST_F(ComponentEditorTest, ReadBackChecksAgainstOneHundred) {
@@ -174,34 +196,6 @@ TEST_F(ComponentEditorTest, EditingKeys) {
   EXPECT_EQ(editor.cell(1, 1), "Az");
   for (int k = 0; k < 3; ++k) editor.gridKeyPress(8);
   EXPECT_EQ(editor.cell(1, 1), "");
-}
-
-TEST_F(ComponentEditorTest, SearchMarksTextColumnsOnly) {
-  table.component(4).commodity = "Olive OIL";
-  ComponentEditor editor(table);
-  editor.search("oil");
-  EXPECT_EQ(marks(editor), "1,2 2,2 3,2 4,2 5,2 ");
-  editor.search("4-03");
-  EXPECT_EQ(marks(editor), "3,3 ");
-  editor.search("2.5");  // every CL cell holds it, but numbers are not searched
-  EXPECT_EQ(marks(editor), "");
-  // Search hits do not keep "Done" from closing.
-  EXPECT_TRUE(editor.Fertig());
-}
-
-TEST_F(ComponentEditorTest, Overview) {
-  table.component(4).commodity = "Olive";
-  auto rows = componentOverview(table, 1, '.');
-  ASSERT_EQ(rows.size(), 6u);
-  EXPECT_EQ(rows[2][1] + "|" + rows[2][2] + "|" + rows[2][3] + "|" + rows[2][8],
-            "B (oil)|4-02| 12| STMR-P");
-  EXPECT_EQ(rows[3][8] + "|" + rows[3][9], " STMR| 3");
-  EXPECT_EQ(overviewSearch(rows, "OLI"),
-            (std::vector<bool>{false, false, false, false, true, false}));
-
-  rows = componentOverview(table, 2, ',');
-  ASSERT_EQ(rows.size(), 2u);
-  EXPECT_EQ(rows[1][9], " 0,75");
 }
 
 }  // namespace
