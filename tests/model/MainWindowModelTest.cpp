@@ -48,7 +48,11 @@ class ModelTest : public ModelFixture {
   }
 };
 
-TEST_F(ModelTest, MovingInAndOut) {
+// Removing keeps the current position in range. Another substance empties the chosen list but
+// leaves "<---" as it was; loading a table switches it off.
+TEST_F(ModelTest, MovingInAndOutAndAnotherSubstance) {
+  table.setBasis(2, 5, 1);
+  load();
   ComponentSelection& selection = model.selection();
   EXPECT_EQ(state(), " @-1");
   choose({1});
@@ -56,7 +60,7 @@ TEST_F(ModelTest, MovingInAndOut) {
   selection.alle_rein();  // Maize is there already: the others in list order
   EXPECT_EQ(state(), "Maize (feed);Wheat (feed);Soybean (feed);Rape (feed); @-1 <---");
 
-  // Removing keeps the current position in range: 1 of 4 stays 1, the last goes one up.
+  // 1 of 4 stays 1, the last goes one up.
   selection.setCurrentChosen(1);
   selection.raus();
   EXPECT_EQ(state(), "Maize (feed);Soybean (feed);Rape (feed); @1 <---");
@@ -72,14 +76,7 @@ TEST_F(ModelTest, MovingInAndOut) {
   choose({0, 1});
   selection.alle_raus();
   EXPECT_EQ(state(), " @-1");
-}
 
-// Another substance empties the chosen list but leaves "<---" as it was; loading a table
-// switches it off.
-TEST_F(ModelTest, AnotherSubstanceKeepsTheRemoveButtonsAndALoadDoesNot) {
-  table.setBasis(2, 5, 1);
-  load();
-  ComponentSelection& selection = model.selection();
   choose({0});
   selection.setCurrentChosen(0);
   model.selectSubstance(1);
@@ -156,7 +153,7 @@ TEST_F(SingleRunTest, EveryChangeWithdrawsTheResult) {
   EXPECT_TRUE(resultShown());
 }
 
-TEST_F(SingleRunTest, StatementAndColour) {
+TEST_F(SingleRunTest, StatementColourAndRefusals) {
   runWithResidue(0.1);
   ASSERT_TRUE(resultShown());
   EXPECT_EQ(model.result().text,
@@ -170,9 +167,8 @@ TEST_F(SingleRunTest, StatementAndColour) {
   model.options().setAllScenariosMode(true);  // repeated from the report window: no statement
   model.EinfacheOptimierung();
   EXPECT_FALSE(model.visible(ControlId::Ergebnis));
-}
 
-TEST_F(SingleRunTest, ARefusalShowsItsMessageAndHidesTheResult) {
+  // A refusal shows its message, the chosen list's caption red meanwhile, and hides the result.
   bool redWhileShown = false;
   dialogs.onMessage = [&] { redWhileShown = model.chosenCaptionRed(); };
   runWithResidue(0.2);
