@@ -77,8 +77,6 @@ TEST_F(ComponentEditorTest, ShowsCopiesAndSearchesTheRows) {
 
   editor.search("oil");
   EXPECT_EQ(marks(editor), "1,2 2,2 3,2 4,2 5,2 ");
-  editor.search("4-03");
-  EXPECT_EQ(marks(editor), "3,3 ");
   editor.search("2.5");  // every CL cell holds it
   EXPECT_EQ(marks(editor), "");
   EXPECT_TRUE(editor.Fertig());  // search hits do not keep "Done" from closing
@@ -95,8 +93,10 @@ TEST_F(ComponentEditorTest, ShowsCopiesAndSearchesTheRows) {
   EXPECT_EQ(rows[1][9], " 0,75");
 }
 
-// Each value is stored as read, also where a check fails; at 100 itself the checks pass.
-TEST_F(ComponentEditorTest, ReadBackChecksAgainstOneHundred) {
+// Each value is stored as read, also where a check fails; at 100 itself the checks pass. Rows
+// deleted and added reach the table at the read-back only; the residues leave with their
+// components and a new record comes last with zero residues.
+TEST_F(ComponentEditorTest, ReadBackChecksAgainstOneHundredAndTakesDeletedAndNewRows) {
   ComponentEditor editor(table);
   type(editor, 1, 4, "60");
   type(editor, 1, 5, "41");
@@ -116,12 +116,7 @@ TEST_F(ComponentEditorTest, ReadBackChecksAgainstOneHundred) {
   EXPECT_EQ(marks(editor), "4,7 ");
   type(editor, 4, 7, "1E2");
   EXPECT_TRUE(editor.Fertig() && editor.databaseModified());
-}
 
-// Rows deleted and added reach the table at the read-back only; the residues leave with their
-// components and a new record comes last with zero residues.
-TEST_F(ComponentEditorTest, DeletedAndNewRowsReachTheTableAtTheReadBack) {
-  ComponentEditor editor(table);
   editor.setCursor(4, 1);
   ASSERT_TRUE(editor.Loeschen());
   editor.setCursor(2, 1);
@@ -174,7 +169,6 @@ TEST_F(ComponentEditorTest, EditingKeys) {
   EXPECT_EQ(editor.cell(2, 5) + "|" + editor.cell(3, 6) + "|" + editor.cell(4, 6), "9|9| 90");
   editor.setCursor(4, 0, 2, 0);
   EXPECT_EQ(editor.cellClicked(), ComponentEditor::GridEditor::CategoryChooser);
-  EXPECT_EQ(editor.categoryItem(), 2);
   editor.chooseCategory(4);
   EXPECT_EQ(editor.cell(2, 0) + "|" + editor.cell(4, 0) + "|" + editor.cell(5, 0),
             "Roots and Tubers|Roots and Tubers|Fat");
