@@ -34,11 +34,14 @@ ComponentTable smallTable() {
 class GridTest : public ::testing::Test {
  protected:
   void SetUp() override { grid.startEditing(lade_Schadstoffwerte(table, 2), table, 2); }
-  // The rows marked in column c.
-  std::string marks(int c) const {
+  // The rows marked in each column, column after column.
+  std::string marks() const {
     std::string rows;
-    for (int r = 0; r < grid.rowCount(); ++r)
-      if (grid.marked(r, c)) rows += std::to_string(r) + " ";
+    for (int c = 0; c < 6; ++c) {
+      for (int r = 0; r < grid.rowCount(); ++r)
+        if (grid.marked(r, c)) rows += std::to_string(r) + " ";
+      rows += "|";
+    }
     return rows;
   }
   std::string column(int c) const {
@@ -76,33 +79,9 @@ TEST(EditBoxKeys, NumericFilterOnTextCaretAndSelection) {
             std::tuple("123.", 4, 0));
 }
 
-TEST_F(GridTest, EnterAndPasteWriteColumnFiveTopToBottom) {
-  grid.setCursor(3, 5, 3);
-  grid.editBox().set("7", 1, 0);
-  EXPECT_EQ(grid.enterEditBox(), 4);
-  // The next cell, all selected.
-  EXPECT_EQ(
-      std::tuple(grid.editBox().text(), grid.editBox().selectionLength(), grid.selectionEnd()),
-      std::tuple("0.4", 3, 4));
-  grid.editBox().set("8", 1, 0);
-  EXPECT_EQ(grid.enterEditBox(), std::nullopt);  // last row: written, then the box hides
-  EXPECT_EQ(column(5), "0.1;0.2;7;8;");
-
-  grid.setCursor(3, 5, 3);  // a paste writes complete lines down column 5
-  grid.paste("0.1\r\n0.2\r\n");
-  EXPECT_EQ(column(5), "0.1;0.2;0.1;0.2;");
-
-  grid.setCursor(1, 2, 1);  // column 5 whatever the current column; the tail is not written
-  grid.paste("5\r\n\r\n9");
-  EXPECT_EQ(column(5), "5;;0.1;0.2;");
-  EXPECT_EQ(grid.text(1, 2), "grain");
-
-  grid.setCursor(3, 5, 3);  // beyond the last row dropped; a bare line feed ends a line too
-  grid.paste("1\n2\r\n3\r\n4\r\n");
-  EXPECT_EQ(column(5), "5;;1;2;");
-}
-
-TEST_F(GridTest, SelectionFillsAndCopiesWhicheverEndIsActive) {
+// A selection fills and copies whichever end is active; Enter and a paste write column 5 top
+// to bottom.
+TEST_F(GridTest, SelectionEnterAndPasteWriteColumnFive) {
   grid.setCursor(2, 5, 2);
   EXPECT_EQ(grid.copyText(), "0.2");  // one cell: its text alone
 
@@ -123,6 +102,30 @@ TEST_F(GridTest, SelectionFillsAndCopiesWhicheverEndIsActive) {
   grid.setCursor(1, 4, 1);  // a click on column 4 shows the cell's item in the drop-down
   grid.showBasisOfCurrentCell();
   EXPECT_EQ(grid.basisChoice(), 1);
+
+  grid.setCursor(3, 5, 3);
+  grid.editBox().set("7", 1, 0);
+  EXPECT_EQ(grid.enterEditBox(), 4);
+  // The next cell, all selected.
+  EXPECT_EQ(
+      std::tuple(grid.editBox().text(), grid.editBox().selectionLength(), grid.selectionEnd()),
+      std::tuple("2.5", 3, 4));
+  grid.editBox().set("8", 1, 0);
+  EXPECT_EQ(grid.enterEditBox(), std::nullopt);  // last row: written, then the box hides
+  EXPECT_EQ(column(5), "0.1;2.5;7;8;");
+
+  grid.setCursor(3, 5, 3);  // a paste writes complete lines down column 5
+  grid.paste("0.1\r\n0.2\r\n");
+  EXPECT_EQ(column(5), "0.1;2.5;0.1;0.2;");
+
+  grid.setCursor(1, 2, 1);  // column 5 whatever the current column; the tail is not written
+  grid.paste("5\r\n\r\n9");
+  EXPECT_EQ(column(5), "5;;0.1;0.2;");
+  EXPECT_EQ(grid.text(1, 2), "grain");
+
+  grid.setCursor(3, 5, 3);  // beyond the last row dropped; a bare line feed ends a line too
+  grid.paste("1\n2\r\n3\r\n4\r\n");
+  EXPECT_EQ(column(5), "5;;1;2;");
 }
 
 TEST_F(GridTest, KeysOnTheGridEditColumnFive) {
@@ -141,28 +144,23 @@ TEST_F(GridTest, KeysOnTheGridEditColumnFive) {
   EXPECT_EQ(grid.text(4, 5), "");
 }
 
-TEST_F(GridTest, SearchMarksCellsContainingTheTextInAnyCase) {
-  const auto all = [&] {
-    std::string cells;
-    for (int c = 0; c < 6; ++c) cells += marks(c) + "|";
-    return cells;
-  };
+// A search marks the cells holding the text in any case; the values the table cannot hold are
+// marked in column 5.
+TEST_F(GridTest, SearchHitsAndValuesTheTableCannotHoldAreMarked) {
   grid.search("mAiZe");
-  EXPECT_EQ(all(), "|1 3 |4 ||||");
+  EXPECT_EQ(marks(), "|1 3 |4 ||||");
   grid.search("-");  // a new search clears the earlier marks; the first and fourth columns too
-  EXPECT_EQ(all(), "4 |||1 2 3 4 |||");
+  EXPECT_EQ(marks(), "4 |||1 2 3 4 |||");
   grid.home();  // every start of editing clears them
-  EXPECT_EQ(all(), "||||||");
-}
+  EXPECT_EQ(marks(), "||||||");
 
-TEST_F(GridTest, ValuesTheTableCannotHoldAreMarked) {
   grid.setCursor(1, 5, 1);
   grid.paste("1000000\r\n1000000.5\r\n1E999\r\n-1\r\n");
   EXPECT_EQ(grid.markUnstorableValues(), 2);
-  EXPECT_EQ(marks(5), "2 3 ");  // negative: no value, as in the file
+  EXPECT_EQ(marks(), "|||||2 3 |");  // negative: no value, as in the file
   grid.paste("1\r\n2\r\n3\r\n");
   EXPECT_EQ(grid.markUnstorableValues(), 0);
-  EXPECT_EQ(marks(5), "");
+  EXPECT_EQ(marks(), "||||||");
   // A pasted decimal comma is the value it shows, not the 0 before it.
   grid.paste("0,5\r\n");
   EXPECT_EQ(grid.value(1), 0.5);
