@@ -73,10 +73,6 @@ TEST_F(ModelTest, MovingInAndOutAndAnotherSubstance) {
   for (int left = 2; left > 0; --left) selection.setCurrentChosen(0), selection.raus();
   EXPECT_EQ(state(), " @-1");
 
-  choose({0, 1});
-  selection.alle_raus();
-  EXPECT_EQ(state(), " @-1");
-
   choose({0});
   selection.setCurrentChosen(0);
   model.selectSubstance(1);
