@@ -15,7 +15,6 @@ namespace {
 const char kSaveQuestion[] = "You modified the substance database. Do you want to save?";
 const char kSortQuestion[] = "Do you want to sort the data base entries?";
 
-// The database read from a copy of the sample tables in a folder of its own.
 struct SampleCopy {
   SampleCopy() {
     std::filesystem::copy(PESCAVO_SAMPLE_INPUT, folder.path());
@@ -90,7 +89,6 @@ TEST(SubstanceDatabase, RestoreKeepsTheTableWhenThePristineCopyIsBad) {
   EXPECT_EQ(c.folder.read("feedstuff.tab"), pristine);
 }
 
-// The model started on a copy of the sample tables.
 class MainWindowFilesTest : public ::testing::Test {
  protected:
   void SetUp() override { std::filesystem::copy(PESCAVO_SAMPLE_INPUT, folder.path()); }

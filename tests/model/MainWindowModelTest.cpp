@@ -35,7 +35,6 @@ class ModelTest : public ModelFixture {
     for (int p : positions) model.selection().setSelected(p, true);
     model.selection().Rein();
   }
-  void pseudos(bool pc, bool cc, bool f) { model.options().setPseudoComponents({pc, cc, f}); }
   bool resultShown() const {
     return model.visible(ControlId::Ergebnis) && model.visible(ControlId::ReportButton);
   }
@@ -54,18 +53,16 @@ TEST_F(ModelTest, MovingInAndOutAndAnotherSubstance) {
   table.setBasis(2, 5, 1);
   load();
   ComponentSelection& selection = model.selection();
-  EXPECT_EQ(state(), " @-1");
   choose({1});
   EXPECT_EQ(state(), "Maize (feed); @-1 <---");
   selection.alle_rein();  // Maize is there already: the others in list order
   EXPECT_EQ(state(), "Maize (feed);Wheat (feed);Soybean (feed);Rape (feed); @-1 <---");
 
-  // 1 of 4 stays 1, the last goes one up.
   selection.setCurrentChosen(1);
-  selection.raus();
+  selection.raus();  // 1 of 4 stays 1
   EXPECT_EQ(state(), "Maize (feed);Soybean (feed);Rape (feed); @1 <---");
   selection.setCurrentChosen(2);
-  selection.raus();
+  selection.raus();  // the last goes one up
   EXPECT_EQ(state(), "Maize (feed);Soybean (feed); @1 <---");
   selection.setCurrentChosen(-1);
   selection.raus();  // no current entry: nothing
@@ -93,11 +90,10 @@ TEST_F(ModelTest, MovingInAndOutAndAnotherSubstance) {
 
 // The tooltip names the limit of the species chosen, in the window's decimal separator.
 TEST_F(ModelTest, TooltipTexts) {
-  const ComponentSelection& selection = model.selection();
   model.options().setSpecies(1);
   model.setDecimalSeparator(',');
   model.Fischfutter1_MouseDown(0, 10, 20);
-  EXPECT_EQ(selection.availableTooltip(),
+  EXPECT_EQ(model.selection().availableTooltip(),
             "Protein content: 13 %, Lipid content: 2 %  Testicide content: 1,2 mg/kg. "
             "Max. content in food: 30 %");
 }
@@ -113,7 +109,7 @@ class SingleRunTest : public ModelTest {
   void runWithResidue(double residue) {
     table.setResidue(1, 6, residue);
     load();
-    pseudos(false, false, false);
+    model.options().setPseudoComponents({false, false, false});
     choose({4});
     model.Optimierung_Click();
   }
@@ -163,13 +159,13 @@ TEST_F(SingleRunTest, StatementColourAndRefusals) {
   runWithResidue(0.2);
   ASSERT_TRUE(resultShown());
   model.selection().alle_raus();
-  pseudos(true, false, false);  // pseudo-components alone are no components
+  model.options().setPseudoComponents({true, false, false});  // alone they are no components
   model.Optimierung_Click();
   EXPECT_TRUE(redWhileShown);
   EXPECT_FALSE(model.chosenCaptionRed() || model.visible(ControlId::Ergebnis));
 
   load();
-  pseudos(false, false, false);
+  model.options().setPseudoComponents({false, false, false});
   choose({0});  // wheat alone cannot reach 35 % protein
   dialogs.messages.clear();
   model.Optimierung_Click();
