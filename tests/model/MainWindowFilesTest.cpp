@@ -114,10 +114,11 @@ TEST_F(MainWindowFilesTest, StartUpSetsTheDesignedStatesAndTheSimpleLayoutMovesT
   }
 }
 
-// A restore, once confirmed, that reads the pristine copy starts over from the first substance,
-// with the lists emptied and the result withdrawn; one that does not leaves the window as it was.
+// The full layout offers a restore; confirmed and with the pristine copy read, it starts over
+// from the first substance, lists emptied and result withdrawn, else the window stays as it was.
 TEST_F(MainWindowFilesTest, RestoreStartsOverOnlyWhenThePristineCopyIsRead) {
   start();
+  EXPECT_TRUE(model.visible(ControlId::restore));
   model.selectSubstance(1);
   model.selection().alle_rein();
   model.Optimierung_Click();
