@@ -102,6 +102,7 @@ class MainWindowFilesTest : public ::testing::Test {
 // The simple layout turns the pseudo-components on, shows the fish-meal chooser higher than
 // after editing and keeps every control it shows inside its narrow window.
 TEST_F(MainWindowFilesTest, TheSimpleLayoutTurnsPseudoComponentsOnAndFitsItsNarrowWindow) {
+  model.options().setPseudoComponents({false, false, false});
   start(true);
   const MainWindowLayout& simple = model.layout();
   EXPECT_TRUE(model.options().pseudoComponents().pc && model.visible(ControlId::FischmehlCaption));

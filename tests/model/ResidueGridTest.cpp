@@ -105,10 +105,9 @@ TEST_F(GridTest, SelectionEnterAndPasteWriteColumnFive) {
   grid.setCursor(3, 5, 3);
   grid.editBox().set("7", 1, 0);
   EXPECT_EQ(grid.enterEditBox(), 4);
-  // The next cell, all selected.
   EXPECT_EQ(
       std::tuple(grid.editBox().text(), grid.editBox().selectionLength(), grid.selectionEnd()),
-      std::tuple("2.5", 3, 4));
+      std::tuple("2.5", 3, 4));  // the next cell, all selected
   grid.editBox().set("8", 1, 0);
   EXPECT_EQ(grid.enterEditBox(), std::nullopt);  // last row: written, then the box hides
   EXPECT_EQ(column(5), "0.1;2.5;7;8;");
