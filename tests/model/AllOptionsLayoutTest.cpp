@@ -79,70 +79,28 @@ TEST_F(AllOptionsTest, OnShowsAndEnablesTheHiddenOptionsInTheFullLayoutOnly) {
     EXPECT_FALSE(model.visible(id)) << controlName(id);
 }
 
-// Top-level rectangles may not meet; a control in a frame stays inside the frame; everything
-// stays inside the window. Checked with a result on screen.
-TEST_F(AllOptionsTest, NoTwoShownControlsOverlap) {
-  model.setAllOptions(true);
-  load();
-  runAll();
-  const MainWindowLayout& layout = model.layout();
-  std::vector<ControlId> placed;
-  for (ControlId id : allControls()) {
-    const ControlState& s = layout.at(id);
-    if (!shown(id) || s.width == 0) continue;
-    const int width = s.parent ? layout.at(*s.parent).width : layout.width();
-    const int height = s.parent ? layout.at(*s.parent).height : MainWindowLayout::kHeight;
-    EXPECT_TRUE(s.left + s.width <= width && s.top + s.height <= height) << controlName(id);
-    if (!s.parent) placed.push_back(id);
-  }
-  EXPECT_GT(placed.size(), 30u);
-  for (size_t i = 0; i < placed.size(); ++i) {
-    for (size_t j = i + 1; j < placed.size(); ++j) {
-      const ControlState& a = layout.at(placed[i]);
-      const ControlState& b = layout.at(placed[j]);
-      const bool apart = a.left + a.width <= b.left || b.left + b.width <= a.left ||
-                         a.top + a.height <= b.top || b.top + b.height <= a.top;
-      EXPECT_TRUE(apart) << controlName(placed[i]) << " over " << controlName(placed[j]);
-    }
-  }
-}
-
-TEST_F(AllOptionsTest, SingleRunTakesTheChosenGradeOnlyWithTheSwitch) {
+// The revealed controls withdraw a result like every option; switching off puts back what the
+// user can no longer see, and withdraws the result only when that changes something. A single
+// run takes the chosen fish-meal grade only with the switch; the sweep's "Details" runs and the
+// simple layout keep the third grade, unless a grade is asked for.
+TEST_F(AllOptionsTest, SwitchingOffRestoresTheHiddenOptionsAndOnlyItPassesTheGrade) {
   const auto gradeRun = [&](int chosen) {
     model.options().setFishmealGrade(chosen);
     runAll();
     return model.lastRun().options().fishmealGrade;
   };
   load();
-  EXPECT_EQ(gradeRun(0), 2);
-  model.setAllOptions(true);
-  EXPECT_EQ(gradeRun(0), 0);
-  // The sweep's "Details" runs are the sweep's: the third grade as ever.
-  model.options().setAllScenariosMode(true);
-  model.EinfacheOptimierung();
-  EXPECT_EQ(model.lastRun().options().fishmealGrade, 2);
-  // The simple layout resets it with or without the switch, unless a grade is asked for.
-  load(true);
-  EXPECT_EQ(gradeRun(3), 2);
-  model.options().setKeepFishmealGrade(true);
-  EXPECT_EQ(gradeRun(3), 3);
-}
-
-// The revealed controls withdraw a result like every option; switching off puts back what the
-// user can no longer see, and withdraws the result only when that changes something.
-TEST_F(AllOptionsTest, SwitchingOffRestoresTheHiddenOptions) {
-  load();
   model.setAllOptions(true);
   runAll();
   model.setAllOptions(false);
   model.setAllOptions(true);
   EXPECT_TRUE(model.visible(C::Ergebnis));
+  EXPECT_EQ(gradeRun(0), 0);
 
   model.options().setCriterionOption(Criterion::Minimum);
   model.options().setMrbdLimits(false);
   model.options().setPseudoComponents({true, false, false});
-  model.options().setFishmealGrade(1);
-  runAll();
+  EXPECT_EQ(gradeRun(1), 1);
   EXPECT_EQ(model.result().text.rfind("Minimum content", 0), 0u) << model.result().text;
   model.setAllOptions(false);
   EXPECT_FALSE(model.visible(C::Ergebnis));
@@ -151,6 +109,17 @@ TEST_F(AllOptionsTest, SwitchingOffRestoresTheHiddenOptions) {
   const PseudoComponents pseudo = model.options().pseudoComponents();
   EXPECT_TRUE(pseudo.pc && pseudo.cc && pseudo.f);
   EXPECT_EQ(model.options().fishmealGrade(), 2);
+  EXPECT_EQ(gradeRun(0), 2);
+
+  model.setAllOptions(true);
+  model.options().setFishmealGrade(0);
+  model.options().setAllScenariosMode(true);
+  model.EinfacheOptimierung();
+  EXPECT_EQ(model.lastRun().options().fishmealGrade, 2);
+  load(true);
+  EXPECT_EQ(gradeRun(3), 2);
+  model.options().setKeepFishmealGrade(true);
+  EXPECT_EQ(gradeRun(3), 3);
 }
 
 }  // namespace
