@@ -56,9 +56,7 @@ TEST(GuideTest, ContentsSearchBrokenLinksAndLocate) {
   EXPECT_EQ(Guide::locate({empty.string()}), "");
 }
 
-// The shipped guide: every link leads somewhere, every page is in the contents, and the options
-// page names each entry the all-options switch reveals as written, as does its own page.
-TEST(ShippedGuide, EveryLinkResolvesEveryPageIsReachableAndTheOptionsPageNamesTheEntries) {
+TEST(ShippedGuide, EveryLinkResolvesAndEveryPageIsInTheContents) {
   const Guide guide(PESCAVO_GUIDE);
   ASSERT_FALSE(guide.empty()) << PESCAVO_GUIDE;
   EXPECT_EQ(guide.brokenLinks(), std::vector<std::string>{});
@@ -70,14 +68,6 @@ TEST(ShippedGuide, EveryLinkResolvesEveryPageIsReachableAndTheOptionsPageNamesTh
     if (entry.path().extension() == ".html" && file != "index.html") {
       EXPECT_EQ(listed.count(file), 1u) << file << " is not in the contents";
     }
-  }
-  for (const auto& [entry, page] : {std::pair("Optimize all Scenarios", "sweep.html"),
-                                    std::pair("Feed components", "database.html"),
-                                    std::pair("Screen all substances", "screening.html")}) {
-    std::set<std::string> files;
-    for (const Guide::Hit& hit : guide.search(entry))  // the whole entry marked, not a word
-      if (hit.mark.size() == std::string(entry).size()) files.insert(hit.file);
-    EXPECT_EQ(files.count("options.html") + files.count(page), 2u) << entry;
   }
 }
 
