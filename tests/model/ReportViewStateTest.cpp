@@ -79,14 +79,10 @@ TEST(ReportViewState, EachButtonSwitchesBetweenItsViewAndTheText) {
   EXPECT_FALSE(state.toggleFullReport());
   state.openSingle();
   EXPECT_FALSE(state.toggleFullReport() || state.toggleFullReport());
-  // The report window's chart opens on the feed composition; a scenario window's shows the kind
-  // last chosen, so it asks for no drawing.
+  // The report window's chart opens on the feed composition.
   using Chart = std::vector<std::optional<int>>;  // braces: called in order
   EXPECT_EQ((Chart{state.toggleChart(), state.toggleChart(), state.toggleChart()}),
             (Chart{kFeedComposition, std::nullopt, kFeedComposition}));
-  ReportViewState scenario(Window::Scenario);
-  scenario.openSingle();
-  EXPECT_EQ(scenario.toggleChart(), std::nullopt);
 }
 
 }  // namespace
