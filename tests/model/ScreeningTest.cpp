@@ -177,16 +177,10 @@ TEST(Screening, ThreadsChangeNothingAndACancelKeepsTheRowsDone) {
 
 TEST(Screening, TextFormsQuoteWhatTheirSeparatorsWouldBreak) {
   ScreeningRow row;
-  row.substance = 12;
-  row.name = "Acid, \"technical\"";
-  row.species = 1;
-  row.criterion = Criterion::Minimum;
-  row.scenario = 3;
-  row.burdenCell = "0,125";
-  row.above = true;
-  row.checked = true;
-  row.verdictCell = "differs";
-  row.trueOptimumCell = "0,100";
+  std::tie(row.substance, row.name, row.species, row.criterion, row.scenario, row.burdenCell) =
+      std::tuple(12, "Acid, \"technical\"", 1, Criterion::Minimum, 3, "0,125");
+  std::tie(row.above, row.checked, row.verdictCell, row.trueOptimumCell) =
+      std::tuple(true, true, "differs", "0,100");
   const std::vector<FishSpecies> species = {{"Common carp", 8, 35}, {"Rainbow trout", 15, 42}};
   EXPECT_EQ(
       screeningLine(row, true, species, ScreeningFormat::Csv),

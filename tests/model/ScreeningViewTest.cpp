@@ -30,15 +30,9 @@ ScreeningRow refused(int substance, const std::string& why) {
 TEST(ScreeningOrderTest, BurdensSortByValueWithRefusedRunsLastEitherWay) {
   const std::vector<ScreeningRow> rows = {run(10, 0.2), refused(2, "zero"), run(9, 10.0),
                                           run(1, 0.05), run(3, 0.2),        refused(4, "a")};
-  const auto order = [&rows](int column, bool descending) {
-    std::vector<int> numbers;
-    for (int i : screeningOrder(rows, column, descending, false))
-      numbers.push_back(rows[static_cast<std::size_t>(i)].substance);
-    return numbers;
-  };
-  // "10.000" would come before "0.200" by its characters.
-  EXPECT_EQ(order(4, false), (std::vector<int>{1, 10, 3, 9, 4, 2}));
-  EXPECT_EQ(order(4, true), (std::vector<int>{9, 10, 3, 1, 2, 4}));
+  // By value, where "10.000" would come before "0.200" by its characters; refusals by their text.
+  EXPECT_EQ(screeningOrder(rows, 4, false, false), (std::vector<int>{3, 0, 4, 2, 5, 1}));
+  EXPECT_EQ(screeningOrder(rows, 4, true, false), (std::vector<int>{2, 0, 4, 3, 1, 5}));
 }
 
 TEST(ScreeningStyleTest, RowsAboveTheLimitAreRedAndDisputedRunsMarkedAsInTheScenarioTable) {
