@@ -58,9 +58,8 @@ const char kText[] = "Text: text [Convert into table] [Draw pie chart]";
 const char kTable[] = "Table: labels table [Back]";
 const char kChart[] = "Chart: kinds chart [Back]";
 
-// Text, table, chart and explanation take turns, a hidden button's press changes nothing; only
-// the report window's single run has an explanation. After a sweep the scenario table and the
-// full report take turns.
+// Text, table, chart and explanation take turns, a hidden button's press changes nothing; only the
+// report window's single run has an explanation. After a sweep scenario table and report alternate.
 TEST(ReportViewState, EachButtonSwitchesBetweenItsViewAndTheText) {
   const std::string loaded = "Text: text [Convert into chart] [Draw pie chart]";
   const std::string loadedReport = loaded + " [Open Full Report File]";

@@ -189,8 +189,7 @@ TEST(ScenarioSweep, AFullDiskKeepsTheReportsFromBeforeTheSweepByteForByte) {
   EXPECT_EQ(s.m.report().scenarioSummary.rfind("Scenario\tMinimum Residue Value\r\n___", 0), 0u);
 }
 
-// The scenario cells keep what the method found; the check beside
-// them says it differs, and the Details run says so too.
+// The cells keep what the method found; the check beside them and the Details run say it differs.
 TEST(ScenarioSweep, RunsWhereTheMethodErrsCarryTheVerdict) {
   Sweep s;
   loadErringTables(s.m);

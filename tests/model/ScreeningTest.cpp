@@ -59,10 +59,9 @@ ScreeningRequest everyway(bool scenarios) {
   return request;
 }
 
-// Every row is the run the main window makes by hand for its substance and options: the single
-// run of "Optimize" (the same figure to the bit, the same verdict, the same refusal) or the
-// sweep's run. Where the sweep stops at a refused run, the screening ends the substance's sweep
-// with that run's row too; the seeded table's last substance is refused at its first run.
+// Every row is the run the main window makes by hand: the single run of "Optimize" (the same figure
+// to the bit, verdict and refusal) or the sweep's run. Where the sweep stops at a refused run, so
+// does the screening, with that run's row; the seeded table's last substance is refused at once.
 TEST(Screening, RowsAreTheRunsMadeByHandInOrder) {
   const Tables tables = seededTables(7, 12, 8);
   const ScreeningResult single = screen(tables, everyway(false));
@@ -144,9 +143,8 @@ TEST(Screening, RowsAreTheRunsMadeByHandInOrder) {
                             [&](const ScreeningRow& row) { return row.stop == stop; }));
 }
 
-// Whatever the threads did, the rows are the same and in the same order, and the progress
-// reaches the total. A cancel stops before the next run and keeps every row done, each as the
-// full screening has it, exactly where it was told.
+// Whatever the threads did, the rows are the same, in the same order, and the progress reaches the
+// total. A cancel stops before the next run, keeping every row done exactly where it was told.
 TEST(Screening, ThreadsChangeNothingAndACancelKeepsTheRowsDone) {
   const Tables tables = seededTables(5, 30, 12);
   const Screening screening(tables.table, tables.species, tables.fishmeal, '.');
