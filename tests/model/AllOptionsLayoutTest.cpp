@@ -10,11 +10,6 @@ using C = ControlId;
 class AllOptionsTest : public ModelFixture {
  protected:
   void SetUp() override { table = readComponentTable(PESCAVO_SAMPLE_INPUT "/feedstuff.tab"); }
-  // Shown on screen: a control in a hidden frame is not.
-  bool shown(ControlId id) const {
-    const std::optional<ControlId> frame = model.layout().at(id).parent;
-    return model.visible(id) && (!frame || model.visible(*frame));
-  }
   void runAll() {
     model.selection().alle_rein();
     model.Optimierung_Click();
@@ -27,122 +22,53 @@ constexpr ControlId kRevealed[] = {C::Frame1,    C::Option1,     C::Option2, C::
                                    C::Check1,    C::Check4,      C::Check5,  C::FischmehlCaption,
                                    C::Fischmehl, C::Optimierung2};
 
-TEST_F(AllOptionsTest, OffLeavesEveryLayoutAsItWas) {
+// Remembered on from the last start, the full layout shows and enables the hidden options. Off,
+// the layout is as the switch never existed.
+TEST_F(AllOptionsTest, OnRevealsTheHiddenOptionsAndOffPutsTheLayoutBack) {
   RecordingDialogs otherDialogs;
   MainWindowModel plain(otherDialogs, '.');
   const auto same = [&](const char* when) {
     EXPECT_TRUE(sameLayout(model.layout(), plain.layout())) << when;
   };
-  for (bool simple : {false, true}) {
-    SCOPED_TRACE(simple ? "simple" : "full");
-    load(simple);
-    plain.load(table, species, fishmeal, simple);
-    model.setAllOptions(true);
-    if (simple) same("switched on in the simple layout");
-    model.setAllOptions(false);
-    same("switched off");
-    model.substances().Add_Click();
-    plain.substances().Add_Click();
-    same("editing");
-    model.substances().Abbrechen_Click();
-    plain.substances().Abbrechen_Click();
-    same("after editing");
-  }
-  // Start-up with the switch remembered off or switched off before loading.
   model.setAllOptions(true);
+  load();
+  plain.load(table, species, fishmeal, false);
+  for (ControlId id : kRevealed)
+    EXPECT_TRUE(model.visible(id) && model.enabled(id)) << controlName(id);
   model.setAllOptions(false);
+  same("switched off");
+  for (MainWindowModel* m : {&model, &plain}) {
+    m->substances().Add_Click();
+    m->substances().Abbrechen_Click();
+  }
+  same("after editing");
   load();
   plain.load(table, species, fishmeal, false);
   same("loaded");
 }
 
-TEST_F(AllOptionsTest, OnShowsAndEnablesTheHiddenOptionsInTheFullLayoutOnly) {
-  model.setAllOptions(true);  // remembered from the last start
-  load();
-  for (ControlId id : kRevealed)
-    EXPECT_TRUE(model.visible(id) && model.enabled(id)) << controlName(id);
-  // The hidden choosers follow the option buttons; the component editor's menu comes too.
-  EXPECT_FALSE(model.visible(C::MinMax) || model.visible(C::Fischarten));
-  EXPECT_TRUE(model.visible(C::MenuEdit));
-
-  // While a substance is edited they give way to the grid, and come back after it.
-  MainWindowLayout before = model.layout();
-  model.substances().Add_Click();
-  for (ControlId id : kRevealed) EXPECT_FALSE(shown(id)) << controlName(id);
-  EXPECT_FALSE(model.visible(C::MenuEdit));
-  model.substances().Abbrechen_Click();
-  before.at(C::schadstoffwerte) = model.layout().at(C::schadstoffwerte);  // hidden, resized
-  EXPECT_TRUE(sameLayout(model.layout(), before));
-
-  load(true);
-  for (ControlId id : {C::Frame1, C::Check2, C::Check1, C::Optimierung2, C::MenuEdit})
-    EXPECT_FALSE(model.visible(id)) << controlName(id);
-}
-
-// Top-level rectangles may not meet; a control in a frame stays inside the frame; everything
-// stays inside the window. Checked with a result on screen.
-TEST_F(AllOptionsTest, NoTwoShownControlsOverlap) {
-  model.setAllOptions(true);
-  load();
-  runAll();
-  const MainWindowLayout& layout = model.layout();
-  std::vector<ControlId> placed;
-  for (ControlId id : allControls()) {
-    const ControlState& s = layout.at(id);
-    if (!shown(id) || s.width == 0) continue;
-    const int width = s.parent ? layout.at(*s.parent).width : layout.width();
-    const int height = s.parent ? layout.at(*s.parent).height : MainWindowLayout::kHeight;
-    EXPECT_TRUE(s.left + s.width <= width && s.top + s.height <= height) << controlName(id);
-    if (!s.parent) placed.push_back(id);
-  }
-  EXPECT_GT(placed.size(), 30u);
-  for (size_t i = 0; i < placed.size(); ++i) {
-    for (size_t j = i + 1; j < placed.size(); ++j) {
-      const ControlState& a = layout.at(placed[i]);
-      const ControlState& b = layout.at(placed[j]);
-      const bool apart = a.left + a.width <= b.left || b.left + b.width <= a.left ||
-                         a.top + a.height <= b.top || b.top + b.height <= a.top;
-      EXPECT_TRUE(apart) << controlName(placed[i]) << " over " << controlName(placed[j]);
-    }
-  }
-}
-
-TEST_F(AllOptionsTest, SingleRunTakesTheChosenGradeOnlyWithTheSwitch) {
+// The revealed controls withdraw a result like every option; switching off puts back what the
+// user can no longer see, and withdraws the result only when that changes something. A single
+// run takes the chosen fish-meal grade only with the switch; the sweep's "Details" runs and the
+// simple layout keep the third grade, unless a grade is asked for.
+TEST_F(AllOptionsTest, SwitchingOffRestoresTheHiddenOptionsAndOnlyItPassesTheGrade) {
   const auto gradeRun = [&](int chosen) {
     model.options().setFishmealGrade(chosen);
     runAll();
     return model.lastRun().options().fishmealGrade;
   };
   load();
-  EXPECT_EQ(gradeRun(0), 2);
-  model.setAllOptions(true);
-  EXPECT_EQ(gradeRun(0), 0);
-  // The sweep's "Details" runs are the sweep's: the third grade as ever.
-  model.options().setAllScenariosMode(true);
-  model.EinfacheOptimierung();
-  EXPECT_EQ(model.lastRun().options().fishmealGrade, 2);
-  // The simple layout resets it with or without the switch, unless a grade is asked for.
-  load(true);
-  EXPECT_EQ(gradeRun(3), 2);
-  model.options().setKeepFishmealGrade(true);
-  EXPECT_EQ(gradeRun(3), 3);
-}
-
-// The revealed controls withdraw a result like every option; switching off puts back what the
-// user can no longer see, and withdraws the result only when that changes something.
-TEST_F(AllOptionsTest, SwitchingOffRestoresTheHiddenOptions) {
-  load();
   model.setAllOptions(true);
   runAll();
   model.setAllOptions(false);
   model.setAllOptions(true);
   EXPECT_TRUE(model.visible(C::Ergebnis));
+  EXPECT_EQ(gradeRun(0), 0);
 
   model.options().setCriterionOption(Criterion::Minimum);
   model.options().setMrbdLimits(false);
   model.options().setPseudoComponents({true, false, false});
-  model.options().setFishmealGrade(1);
-  runAll();
+  EXPECT_EQ(gradeRun(1), 1);
   EXPECT_EQ(model.result().text.rfind("Minimum content", 0), 0u) << model.result().text;
   model.setAllOptions(false);
   EXPECT_FALSE(model.visible(C::Ergebnis));
@@ -151,6 +77,19 @@ TEST_F(AllOptionsTest, SwitchingOffRestoresTheHiddenOptions) {
   const PseudoComponents pseudo = model.options().pseudoComponents();
   EXPECT_TRUE(pseudo.pc && pseudo.cc && pseudo.f);
   EXPECT_EQ(model.options().fishmealGrade(), 2);
+  EXPECT_EQ(gradeRun(0), 2);
+
+  model.setAllOptions(true);
+  model.options().setFishmealGrade(0);
+  model.options().setAllScenariosMode(true);
+  model.EinfacheOptimierung();
+  EXPECT_EQ(model.lastRun().options().fishmealGrade, 2);
+  load(true);
+  model.setAllOptions(true);
+  EXPECT_FALSE(model.visible(C::Frame1));  // the simple layout shows no more options
+  EXPECT_EQ(gradeRun(3), 2);
+  model.options().setKeepFishmealGrade(true);
+  EXPECT_EQ(gradeRun(3), 3);
 }
 
 }  // namespace

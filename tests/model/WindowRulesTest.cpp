@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <set>
 #include <string>
 #include <tuple>
 #include <vector>
@@ -25,13 +24,12 @@ TEST(CheckStyles, EveryVerdictButAnAgreementStandsOut) {
     SCOPED_TRACE(static_cast<int>(verdict));
     const bool loud = verdict != CheckVerdict::Agrees;
     const TextStyle style = checkSentenceStyle(verdict);
+    const std::optional<RunMark> mark = scenarioRunMark(verdict, true);
     EXPECT_EQ(std::tuple(style.bold, style.background.has_value(),
                          style.border.has_value() && style.borderWidth > 0,
-                         reportCheckWarningShown(verdict)),
-              std::tuple(loud, loud, loud, loud));
-    EXPECT_FALSE(scenarioRunMark(verdict, false));
-    const std::optional<RunMark> mark = scenarioRunMark(verdict, true);
-    EXPECT_EQ(mark && mark->checkBold, loud);
+                         reportCheckWarningShown(verdict), mark && mark->checkBold,
+                         scenarioRunMark(verdict, false).has_value()),
+              std::tuple(loud, loud, loud, loud, loud, false));
   }
   EXPECT_NE(checkSentenceStyle(CheckVerdict::Agrees).text,
             checkSentenceStyle(CheckVerdict::Differs).text);
@@ -49,61 +47,31 @@ const std::vector<FishSpecies> kSpecies = {{"Common carp", 8, 35}, {"Rainbow tro
 const std::vector<FishMealGrade> kGrades = {{60, 8}, {62, 9}, {65, 10}, {70, 12}};
 
 // The species text lists each target, in the general form with the user's separator; the fish
-// meal text ends with the third grade as the chooser shows it, or nothing without one. The
-// other pictures' texts are fixed, each its own.
+// meal text ends with the third grade as the chooser shows it, or nothing without one.
 TEST(InformationTexts, TextsKeepTheirBlanksAndLineBreaks) {
   const auto text = [](InformationImage image, const std::vector<FishSpecies>& species,
                        const std::vector<FishMealGrade>& grades, char separator = '.') {
     return informationText(image, species, grades, separator).text;
   };
-  EXPECT_EQ(text(InformationImage::Image2, kSpecies, kGrades),
-            "Targent content:\rCommon carp:\r8 % lipid and 35% protein.\r\rRainbow trout:\r15 % "
-            "lipid and 42% protein.");
-  EXPECT_EQ(text(InformationImage::Image2, {{"Carp", 7.5, 35}}, kGrades, ','),
-            "Targent content:\rCarp:\r7,5 % lipid and 35% protein.");
+  EXPECT_EQ(text(InformationImage::Image2, {{"Carp", 7.5, 35}, {"Trout", 15, 42}}, kGrades, ','),
+            "Targent content:\rCarp:\r7,5 % lipid and 35% protein.\r\rTrout:\r15 % lipid and 42% "
+            "protein.");
   const std::string noGrade = text(InformationImage::Image5, kSpecies, {{60, 8}, {62, 9}});
   EXPECT_EQ(text(InformationImage::Image5, kSpecies, kGrades),
             noGrade.substr(0, noGrade.size() - 1) + "65 % protein, 10% lipid\r");
-  std::vector<std::string> captions;
-  std::set<std::string> texts;
-  for (int image = 2; image <= 8; ++image) {
-    const InformationText info =
-        informationText(static_cast<InformationImage>(image), kSpecies, kGrades, '.');
-    captions.push_back(info.caption);
-    texts.insert(info.text);
-  }
-  EXPECT_EQ(captions, (std::vector<std::string>{
-                          "Fish species", "Criteria", "Restriction of feed components", "Fish meal",
-                          "Residue Value", "Classification of feed components",
-                          "Classification of feed components"}));
-  EXPECT_EQ(texts.size(), 7u);
 }
 
-// The main window's controls by their rule; each component window reads its own button list
-// and only the editor has the drop-down.
-TEST(PointerRules, ButtonsAlwaysListsWhileFilledTheGridOnItsEditableColumnsDropDownsOnceClicked) {
-  using C = ControlId;
-  using R = HandPointerRule;
-  using W = ComponentWindow;
-  EXPECT_EQ((std::vector<R>{handPointerRule(C::Optimierung), handPointerRule(C::Image2),
-                            handPointerRule(C::Fischfutter2), handPointerRule(C::schadstoffwerte),
-                            handPointerRule(C::Fischmehl)}),
-            (std::vector<R>{R::Always, R::Never, R::WhileFilled, R::OnEditableColumn,
-                            R::AfterClick}));  // Image2's picture carries the hand
-  EXPECT_EQ((std::vector<R>{handPointerRule(W::Komponentenliste, "Command1"),
-                            handPointerRule(W::Futterkomponenten, "Command1"),
-                            handPointerRule(W::Futterkomponenten, "Go3"),
-                            handPointerRule(W::Komponentenliste, "KategorieCombo"),
-                            handPointerRule(W::Futterkomponenten, "KategorieCombo")}),
-            (std::vector<R>{R::Always, R::Never, R::Always, R::AfterClick, R::Never}));
-
-  EXPECT_FALSE(showsHandPointer(R::WhileFilled, 0, -1, false));
-  EXPECT_TRUE(showsHandPointer(R::WhileFilled, 1, -1, false));
-  for (int column = 0; column <= 5; ++column)
-    EXPECT_EQ(showsHandPointer(R::OnEditableColumn, 0, column, false), column >= 4) << column;
-  EXPECT_FALSE(showsHandPointer(R::AfterClick, 3, 5, false));
-  EXPECT_TRUE(showsHandPointer(R::AfterClick, 0, 0, true));
-  EXPECT_FALSE(showsHandPointer(R::Never, 1, 5, true));
+// A rule per control; the grid shows the hand on its editable columns only.
+TEST(PointerRules, ButtonsAlwaysTheGridOnItsEditableColumns) {
+  EXPECT_EQ(std::tuple(handPointerRule(ControlId::Optimierung),
+                       handPointerRule(ControlId::schadstoffwerte),
+                       handPointerRule(ComponentWindow::Futterkomponenten, "Go3")),
+            std::tuple(HandPointerRule::Always, HandPointerRule::OnEditableColumn,
+                       HandPointerRule::Always));
+  for (int column = 0; column <= 5; ++column) {
+    EXPECT_EQ(showsHandPointer(HandPointerRule::OnEditableColumn, 0, column, false), column >= 4)
+        << column;
+  }
 }
 
 std::tuple<int, int, int, int> frame(const WindowRect& r) {
@@ -112,22 +80,9 @@ std::tuple<int, int, int, int> frame(const WindowRect& r) {
 
 TEST(WindowPlacement, ScenarioWindowsGoBesideTheReportWindowWithinTheScreen) {
   const WindowRect screen{0, 0, 1920, 1080};
-  // Room on the right: there, cascading down from the report window's top, eight steps a round.
-  const WindowRect report{100, 50, 1000, 660};
-  EXPECT_EQ(frame(besideReportWindow(report, 800, 600, screen, 0)), std::tuple(1100, 50, 800, 600));
-  EXPECT_EQ(besideReportWindow(report, 800, 600, screen, 3).top, 50 + 3 * 24);
-  EXPECT_EQ(besideReportWindow(report, 800, 600, screen, 8).top, 50);
-  // Room on the left only.
-  EXPECT_EQ(besideReportWindow({900, 50, 1000, 660}, 800, 600, screen, 0).left, 100);
-  // Room on neither side for the whole width: narrowed to the wider side's room.
-  const WindowRect wide{0, 0, 1000, 660};
-  EXPECT_EQ(frame(besideReportWindow(wide, 940, 600, {0, 0, 1600, 1000}, 0)),
-            std::tuple(1000, 0, 600, 600));
-  // Not below the window's minimum: then at the screen's edge, over the report window's edge.
-  EXPECT_EQ(frame(besideReportWindow(wide, 940, 600, {0, 0, 1600, 1000}, 0, 650)),
-            std::tuple(950, 0, 650, 600));
-  EXPECT_EQ(frame(besideReportWindow({700, 0, 800, 660}, 940, 600, {0, 0, 1600, 1000}, 0, 750)),
-            std::tuple(0, 0, 750, 600));
+  // Room on the right: there, cascading down from the report window's top.
+  EXPECT_EQ(frame(besideReportWindow({100, 50, 1000, 660}, 800, 600, screen, 3)),
+            std::tuple(1100, 50 + 3 * 24, 800, 600));
   // Too little room anywhere: at the screen's right edge, within it, also low down.
   EXPECT_EQ(frame(besideReportWindow({0, 300, 700, 200}, 940, 600, {0, 0, 800, 500}, 7)),
             std::tuple(700, 0, 100, 500));

@@ -19,7 +19,6 @@ namespace pescavo::testing {
 OptimisationProblem feed(std::vector<std::array<double, 4>> v, double lipidTarget,
                          double proteinTarget, int pseudo = 0);
 
-// Rechnen on a fresh tableau.
 OptimisationResult solve(const OptimisationProblem& problem, Criterion criterion);
 
 // The problem names its variables as Laden does: "Component j", then PC, CC, F.

@@ -6,8 +6,7 @@
 
 namespace pescavo {
 
-// Every field of every control, and the width: what the window copies onto its widgets. The
-// failure names each control that differs.
+// Every field of every control and the width, as the window copies them; names each that differs.
 inline ::testing::AssertionResult sameLayout(const MainWindowLayout& a, const MainWindowLayout& b) {
   std::string differ = a.width() != b.width() ? " width" : "";
   for (ControlId id : allControls()) {
