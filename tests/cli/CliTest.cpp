@@ -147,14 +147,11 @@ TEST_F(CliTest, OptimizeReportAndRefusals) {
   EXPECT_EQ(cli({"optimize", "--substance-number", "1", "--all"}).out, o.out);
 
   // Refused before any table is read.
-  for (const auto& [args, said] : std::vector<std::pair<std::vector<std::string>, std::string>>{
-           {{"--input", (m_root / "nowhere").string(), "dance"}, "unknown command dance"},
-           {{"--input", "", "check"}, "--input needs a folder"},
-           {{"--report-folder", "", "check"}, "--report-folder needs a folder"}}) {
-    std::ostringstream out, err;
-    EXPECT_EQ(runCli(args, '.', out, err), 2);
-    EXPECT_EQ(err.str().rfind("pescavo-cli: " + said + "\n", 0), 0u) << err.str();
-  }
+  std::ostringstream out, err;
+  EXPECT_EQ(runCli({"--input", (m_root / "nowhere").string(), "--report-folder", "", "check"}, '.',
+                   out, err),
+            2);
+  EXPECT_EQ(err.str().rfind("pescavo-cli: --report-folder needs a folder\n", 0), 0u) << err.str();
 }
 
 // A grade given is the grade a run takes, in the simple layout too; without one, the third.
@@ -179,13 +176,11 @@ TEST_F(CliTest, FishmealGradeIsUsedAsGiven) {
 TEST_F(CliTest, ASubstanceNameHeldTwiceNeedsItsNumber) {
   const std::string path = input() + "/feedstuff.tab";
   ComponentTable table = readComponentTable(path);
-  ASSERT_GE(table.substanceCount(), 3);
-  const std::string second = table.substanceName(2), third = table.substanceName(3);
-  // The third's report under the second's name.
-  std::string expected = cli({"report", "--substance", third, "--all"}).out;
-  for (size_t at; (at = expected.find(third)) != std::string::npos;)
-    expected.replace(at, third.size(), second);
-  expected = cli({"report", "--substance", second, "--all"}).out + "|" + expected;
+  const std::string second = table.substanceName(2);
+  const auto lp = [&](const char* number) {  // the programme, without the substance's name
+    return cli({"lp", "--substance-number", number, "--substance", second, "--all"}).out;
+  };
+  const std::string expected = lp("2") + "|" + cli({"lp", "--substance-number", "3", "--all"}).out;
   table.setSubstanceName(3, second);
   writeComponentTable(table, path, '.');
 
@@ -193,9 +188,8 @@ TEST_F(CliTest, ASubstanceNameHeldTwiceNeedsItsNumber) {
   EXPECT_EQ(ambiguous.status, 2);
   EXPECT_EQ(ambiguous.err, "pescavo-cli: substances 2 and 3 are all named \"" + second +
                                "\"; choose one with --substance-number 2\n");
-  EXPECT_TRUE(cli({"report", "--substance-number", "2", "--all"}).out + "|" +
-                  cli({"report", "--substance-number", "3", "--substance", second, "--all"}).out ==
-              expected);
+  EXPECT_TRUE(lp("2") + "|" + lp("3") == expected);
+  EXPECT_NE(lp("2"), lp("3"));
   EXPECT_EQ(cli({"optimize", "--substance-number", "1", "--substance", second, "--all"}).status, 2);
 }
 
