@@ -64,9 +64,7 @@ const std::string kThree = "h\r\n" + kGrades;
 
 std::string utf16(const std::string& ascii, bool bigEndian) {
   std::string out;
-  for (const char c : ascii) {
-    out += bigEndian ? std::string{'\0', c} : std::string{c, '\0'};
-  }
+  for (const char c : ascii) out += bigEndian ? std::string{'\0', c} : std::string{c, '\0'};
   return out;
 }
 
