@@ -346,7 +346,7 @@ TEST_F(CliTest, CtrlCStopsAScreeningWithTheRowsDone) {
   EXPECT_EQ(
       run(std::string("'") + PESCAVO_CLI + "' --input '" + input() + "' screen --scenarios >'" +
           m_folder.file("out") + "' 2>'" + err + "' & until [ -s '" + err +
-          "' ]; do sleep 0.01; done; kill -INT $!; wait $!; echo $?"),
+          "' ] || ! kill -0 $!; do sleep 0.01; done; kill -INT $!; wait $!; echo $?"),
       "130\n");
   const std::vector<std::string> rows = lines(m_folder.read("out"));
   ASSERT_FALSE(rows.empty());
