@@ -4,8 +4,6 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <map>
-#include <regex>
 #include <sstream>
 
 #include "engine/IndependentCheck.h"
@@ -139,20 +137,17 @@ TEST(IndependentCheck, ToleranceEdges) {
   }
 }
 
-// The method keeps its quirks, so its disagreements are counted by kind, in the check's words.
+// The method keeps its quirks, so it may disagree, but seldom.
 TEST(CrossCheck, EngineAgainstGlpkOnSeededProblems) {
   constexpr int kProblems = 20000;
   testing::RandomProblems problems(20240611);
-  std::map<std::string, int> counts;
+  int agrees = 0;
   for (int k = 0; k < kProblems; ++k) {
     const auto [problem, criterion] = problems.next();
     const OptimisationResult result = testing::solve(problem, criterion);
     const CheckResult check = checkOptimum(problem, criterion, result);
-    const std::string line = cliLine(check, criterion, '.');
-    ++counts[check.verdict == CheckVerdict::Agrees
-                 ? "agrees"
-                 : std::regex_replace(line.substr(19), std::regex("-?[0-9][0-9.]*"), "#")];
-    SCOPED_TRACE("problem " + std::to_string(k) + ": " + line);
+    agrees += check.verdict == CheckVerdict::Agrees;
+    SCOPED_TRACE("problem " + std::to_string(k) + ": " + cliLine(check, criterion, '.'));
     // A disagreement rests on the exact rational simplex, never on round-off alone.
     EXPECT_TRUE(check.verdict == CheckVerdict::Agrees || check.exactConfirmed);
     // Started from the method's basis, GLPK still ends where it ends from its own.
@@ -170,10 +165,8 @@ TEST(CrossCheck, EngineAgainstGlpkOnSeededProblems) {
     EXPECT_TRUE(check.verdict == CheckVerdict::Agrees ||
                 (result.burden < check.trueOptimum) == (criterion == kMax));
   }
-  std::printf("Cross-check of %d seeded problems:\n", kProblems);
-  for (const auto& [kind, count] : counts) std::printf("  %5d  %s\n", count, kind.c_str());
   // The method's quirks need ties; on realistic tables it finds the optimum almost always.
-  EXPECT_GE(counts["agrees"], kProblems * 98 / 100);
+  EXPECT_GE(agrees, kProblems * 98 / 100);
 }
 
 TEST(LpWriter, LegalNamesThatSayWhichComponentAndRoundTripNumbers) {

@@ -132,7 +132,6 @@ TEST(FilterKey, NumericEditorTakesDigitsPointEnterAndBackspaceOnly) {
   int caret = 0;
   for (const char key : std::string("09.\b\r")) EXPECT_EQ(filterKey(key, text, caret), key);
   for (const char key : std::string("-+aE /:")) EXPECT_FALSE(filterKey(key, text, caret)) << key;
-  EXPECT_EQ(text + "|" + std::to_string(caret), "25|0");
   EXPECT_FALSE(filterKey(',', text, caret));  // typed as a point at the end
   EXPECT_EQ(text + "|" + std::to_string(caret), "25.|3");
 }
@@ -148,18 +147,6 @@ TEST(PlainDecimalText, ShortestTextThatReadsBackExactly) {
   for (const auto& [value, text] : cases) EXPECT_EQ(plainDecimalText(value), text);
 }
 
-// The texts of a list written "a|b|c".
-std::vector<std::string> bars(const std::string& list) {
-  std::vector<std::string> texts(1);
-  for (const char c : list) {
-    if (c == '|')
-      texts.emplace_back();
-    else
-      texts.back().push_back(c);
-  }
-  return texts;
-}
-
 std::uint64_t bitsOf(double value) {
   std::uint64_t bits;
   std::memcpy(&bits, &value, sizeof bits);
@@ -168,18 +155,19 @@ std::uint64_t bitsOf(double value) {
 
 // A numeric cell holds one number or is refused (what it holds reads as zahl reads it, below).
 TEST(NumberCell, OneNumberReadsAsZahlReadsItAnythingElseIsRefused) {
-  for (const std::string& text : bars("12,5| 0 . 02 |- 5|+.5|5.|1 000|1d2|1D-2|4.9e-324|1e-400")) {
+  for (const std::string text :
+       {"12,5", " 0 . 02 ", "- 5", "+.5", "5.", "1 000", "1d2", "1D-2", "4.9e-324", "1e-400"}) {
     ASSERT_TRUE(numberCell(text)) << text;
     EXPECT_EQ(bitsOf(*numberCell(text)), bitsOf(zahl(text))) << text;
   }
-  for (const char* zero : {"-0", "-0.000", "-0e5", "0e999"}) {
-    EXPECT_EQ(bitsOf(numberCell(zero).value_or(1)), bitsOf(0.0)) << zero;  // no negative zero
-  }
-  const auto refused = bars(
-      "|   |high|NaN|nan|Inf|-Infinity|abc|0.21 mg/kg|1,234.5|1.2.3|1,5,0|&H10|&O17|0x10|1e400|"
-      "-1e400|1E|1e+|E5|--1|+-1|12.5%|.|-|1 2e|5 % protein|1e5.5|1\xC2\xA0"
-      "000|1\r|\xEF\xBC\x91");
-  for (const std::string& text : refused) EXPECT_FALSE(numberCell(text)) << text;
+  for (const char* zero : {"-0", "-0.000", "-0e5", "0e999"})  // no negative zero
+    EXPECT_EQ(bitsOf(numberCell(zero).value_or(1)), bitsOf(0.0)) << zero;
+  const char* const refused[] = {
+      "",           "   ",     "high",        "NaN",   "nan",        "Inf",  "-Infinity",   "abc",
+      "0.21 mg/kg", "1,234.5", "1.2.3",       "1,5,0", "&H10",       "&O17", "0x10",        "1e400",
+      "-1e400",     "1E",      "1e+",         "E5",    "--1",        "+-1",  "12.5%",       ".",
+      "-",          "1 2e",    "5 % protein", "1e5.5", "1\u00A0000", "1\r",  "\xEF\xBC\x91"};
+  for (const std::string text : refused) EXPECT_FALSE(numberCell(text)) << text;
 }
 
 // Random cells of every form the grammar takes: numberCell matches zahl bit for bit, and the

@@ -64,9 +64,7 @@ const std::string kThree = "h\r\n" + kGrades;
 
 std::string utf16(const std::string& ascii, bool bigEndian) {
   std::string out;
-  for (const char c : ascii) {
-    out += bigEndian ? std::string{'\0', c} : std::string{c, '\0'};
-  }
+  for (const char c : ascii) out += bigEndian ? std::string{'\0', c} : std::string{c, '\0'};
   return out;
 }
 
@@ -298,9 +296,6 @@ TEST(DuplicateWarnings, NameBothLinesOrCells) {
                  "both are offered, a run takes the figures of line 4 only",
                  "feedstuff.tab: lines 3, 6 and 7 all hold the component \"Rye (grain)\"; where "
                  "several are offered, a run takes the figures of line 7 only"}));
-  EXPECT_TRUE(
-      duplicateWarnings(readComponentTable(PESCAVO_SAMPLE_INPUT "/feedstuff.tab"), "feedstuff.tab")
-          .empty());
 }
 
 // The file is read a block at a time: with a header longer than a block, lines across block
