@@ -1,6 +1,9 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <set>
+#include <string>
+#include <vector>
 
 #include "model/Guide.h"
 #include "support/TempFolder.h"
@@ -53,6 +56,23 @@ TEST(GuideTest, ContentsSearchBrokenLinksAndLocate) {
   fs::create_directory(empty);
   EXPECT_EQ(Guide::locate({folder.file("missing"), empty.string(), folder.file()}), folder.file());
   EXPECT_EQ(Guide::locate({empty.string()}), "");
+}
+
+// The shipped guide: every link leads somewhere and every page is in the contents.
+TEST(GuideTest, TheShippedGuideHasNoBrokenLinkAndNoPageOutsideTheContents) {
+  const Guide guide(PESCAVO_GUIDE);
+  EXPECT_EQ(guide.brokenLinks(), std::vector<std::string>{});
+  std::set<std::string> listed;
+  for (const Guide::Entry& item : guide.contents())
+    listed.insert(item.href.substr(0, item.href.find('#')));
+  int pages = 0;
+  for (const fs::directory_entry& entry : fs::directory_iterator(PESCAVO_GUIDE)) {
+    const std::string file = entry.path().filename().string();
+    if (entry.path().extension() != ".html" || file == "index.html") continue;
+    EXPECT_EQ(listed.count(file), 1u) << file << " is not in the contents";
+    ++pages;
+  }
+  EXPECT_GT(pages, 5);
 }
 
 }  // namespace
