@@ -33,8 +33,11 @@ TEST(CheckStyles, EveryVerdictButAnAgreementStandsOut) {
   }
   EXPECT_NE(checkSentenceStyle(CheckVerdict::Agrees).text,
             checkSentenceStyle(CheckVerdict::Differs).text);
-  EXPECT_NE(scenarioRunMark(CheckVerdict::Differs, true)->background,
-            scenarioRunMark(CheckVerdict::CouldNotRun, true)->background);
+  // A disagreement in a red tint, a run the check could not judge in amber.
+  const Rgb differs = scenarioRunMark(CheckVerdict::Differs, true)->background;
+  const Rgb unchecked = scenarioRunMark(CheckVerdict::CouldNotRun, true)->background;
+  EXPECT_TRUE(differs.red > differs.green && differs.green == differs.blue);
+  EXPECT_GT(unchecked.green, unchecked.blue);
   EXPECT_TRUE(reportCheckWarningStyle().bold);
 }
 
