@@ -217,6 +217,14 @@ int substancePosition(const CliOptions& options, const ComponentTable& table) {
 }
 
 // Sets the controls as a user would: substance, then the moves, then the options.
+// The grades come from Fishmeal.tab, so a grade can be judged only once the tables are read.
+void checkFishmealGrade(const CliOptions& options, const MainWindowModel& model) {
+  const int grades = static_cast<int>(model.runInput().fishmeal.size());
+  if (options.fishmeal >= grades)
+    throw UsageError("--fishmeal " + std::to_string(options.fishmeal) + ": there are only " +
+                     std::to_string(grades) + " fish-meal grades");
+}
+
 void applyRunOptions(const CliOptions& options, MainWindowModel& model) {
   model.selectSubstance(substancePosition(options, model.database().table()));
   for (const CliOptions::Move& move : options.moves) {
@@ -240,10 +248,6 @@ void applyRunOptions(const CliOptions& options, MainWindowModel& model) {
   model.options().setPseudoComponents({options.pc || options.simple, options.cc, options.f});
   model.options().setMrbdLimits(options.mrbd);
   if (options.fishmeal >= 0) {
-    const int grades = static_cast<int>(model.runInput().fishmeal.size());
-    if (options.fishmeal >= grades)
-      throw UsageError("--fishmeal " + std::to_string(options.fishmeal) + ": there are only " +
-                       std::to_string(grades) + " fish-meal grades");
     model.options().setFishmealGrade(options.fishmeal);
     model.options().setKeepFishmealGrade(true);
   }
@@ -313,8 +317,9 @@ int runCli(const std::vector<std::string>& args, char defaultDecimal, std::ostre
   const std::string& command = options.command;
   if (command == "check") return runCheck(model, out, err);
   if (command == "substances") return runSubstances(model, out);
-  if (command == "screen") return runScreen(model, options, out, err);
   try {
+    checkFishmealGrade(options, model);
+    if (command == "screen") return runScreen(model, options, out, err);
     applyRunOptions(options, model);
     if (command == "components") return runComponents(model, out);
     return runnerOf(options)(model, options, out, err);

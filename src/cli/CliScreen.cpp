@@ -95,12 +95,6 @@ int exitStatus(const ScreeningResult& result) {
 
 int runScreen(MainWindowModel& model, const CliOptions& options, std::ostream& out,
               std::ostream& err) {
-  const int grades = static_cast<int>(model.runInput().fishmeal.size());
-  if (options.fishmeal >= grades) {
-    err << "pescavo-cli: --fishmeal " << options.fishmeal << ": there are only " << grades
-        << " fish-meal grades\n";
-    return kExitBadInput;
-  }
   const ScreeningRequest request = requestOf(options);
   const Screening screening(model.database().table(), model.runInput().species,
                             model.runInput().fishmeal, model.decimalSeparator());
