@@ -11,12 +11,6 @@ namespace pescavo {
 
 namespace {
 
-void setScenario(MainWindowModel& model, int run) {
-  const RunOptions options = scenarioRunOptions(model.options().run(), run);
-  model.options().setPseudoComponents(options.pseudo);
-  model.options().setMrbdLimits(options.mrbd);
-}
-
 std::string number(int value, char separator) { return fixedForm(value, "0", separator); }
 
 // What Report.txt holds before the first section: one blank line.
@@ -225,7 +219,7 @@ ScenarioDetails runScenarioDetails(MainWindowModel& model, int index) {
   // The buttons belong to the sweep, so their runs are all-scenario runs even after a single
   // run was made from the main window in between.
   model.options().setAllScenariosMode(true);
-  setScenario(model, run);
+  model.options().setRun(scenarioRunOptions(model.options().run(), run));
   model.options().setFishmealGrade(run <= 2 ? 0 : 2);
   startFileRun(model.report());
   model.EinfacheOptimierung();

@@ -149,11 +149,7 @@ bool selectScreeningRun(MainWindowModel& model, const ScreeningRow& row) {
   WindowOptions& options = model.options();
   options.setCriterionOption(row.options.criterion);
   options.setSpeciesOption(static_cast<Species>(row.options.species));
-  options.setCriterion(row.options.criterion);
-  options.setSpecies(row.options.species);
-  options.setPseudoComponents(row.options.pseudo);
-  options.setMrbdLimits(row.options.mrbd);
-  options.setFishmealGrade(row.options.fishmealGrade);
+  options.setRun(row.options);
   return true;
 }
 

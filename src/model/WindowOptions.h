@@ -27,6 +27,7 @@ class WindowOptions {
 
   // What a run made now would take.
   const RunOptions& run() const { return m_run; }
+  void setRun(const RunOptions& run) { change(m_run, run); }
   // The single run's first step: criterion and species follow the option buttons, PC is the
   // third fish-meal grade.
   void followOptionButtons();
